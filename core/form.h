@@ -1,0 +1,50 @@
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "core/workplace.h"
+#include "db/error.h"
+#include "ui/controls.h"
+#include "ui/screen.h"
+
+namespace core {
+
+/// Runs `work`; a run-time error shows its description in a box and leaves, with nothing of an open transaction kept.
+/// True when `work` went through.
+bool trapped(Workplace& place, const std::function<void()>& work);
+
+/// What the screens of this system share beyond their controls.
+class Form : public ui::Screen {
+public:
+    Form(Workplace& place, std::string name, std::string caption)
+        : Screen(place.desktop, std::move(name), std::move(caption)), place_(place) {}
+
+protected:
+    [[nodiscard]] Workplace& place() const noexcept { return place_; }
+    [[nodiscard]] Session& session() const noexcept { return place_.session; }
+    [[nodiscard]] db::Connection& hospital() const { return place_.hospital(); }
+
+    /// Runs an operation under the screen's error trap: see core::trapped.
+    bool trapped(const std::function<void()>& work) const { return core::trapped(place_, work); }
+    void message(const std::string& text, ui::Icon icon = ui::Icon::none, const std::string& title = {}) const {
+        desktop().message(text, icon, title);
+    }
+    /// A check that failed: its message, then the cursor stands in the control, on its page.
+    void refuse(const std::string& text, ui::Control& control) const {
+        desktop().message(text);
+        desktop().focus(control);
+    }
+    [[nodiscard]] bool confirmed(const std::string& text, const std::string& title) const {
+        return desktop().askYesNo(text, title);
+    }
+    /// The question that every save asks after its checks.
+    [[nodiscard]] bool confirmedSave() const { return confirmed("Are you sure to save", "Check before save"); }
+
+private:
+    Workplace& place_;
+};
+
+}  // namespace core

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "core/session.h"
+#include "db/databases.h"
+#include "ui/desktop.h"
+
+namespace core {
+
+/// The program's own version: the version lock compares `major`, titles show both.
+struct Version {
+    int major = 1;
+    int minor = 0;
+};
+
+/// The program's version as it is built.
+Version programVersion();
+
+/// Settings of the host that the session needs, apart from what the databases hold.
+struct Settings {
+    /// Holds `sysdoc.sys`, `made.sys`, the ring, the receipt picture and local report copies.
+    std::filesystem::path programDirectory;
+    std::string computerName;  ///< what the environment variable "computername" reads in this session
+    std::string osUserName;    ///< the same for "username"
+    /// 94 characters, one for each of the codes 33 to 126: see EncodeText.
+    std::string encodingTable = std::string(builtInEncodingTable());
+    Version version = programVersion();
+    /// The workstation's clock; tests set it.
+    std::function<db::DateTime()> clock = &db::DateTime::now;
+
+    static std::string_view builtInEncodingTable();
+};
+
+/// All that a screen works with: the nurse's session variables, her databases, her screens, her workstation.
+struct Workplace {
+    Workplace(db::DataSources& sources, ui::EventLoop& loop, Settings hostSettings);
+    Workplace(const Workplace&) = delete;
+    Workplace& operator=(const Workplace&) = delete;
+    ~Workplace();
+
+    Settings settings;
+    Session session;
+    db::Databases databases;
+    ui::Desktop desktop;
+
+    /// `session.gConnHospital`, opened.
+    db::Connection& hospital() { return databases.open(session.gConnHospital); }
+    [[nodiscard]] db::DateTime now() const { return settings.clock(); }
+    /// A file beside the program.
+    [[nodiscard]] std::filesystem::path programFile(const std::string& name) const {
+        return settings.programDirectory / name;
+    }
+    /// Ends this nurse's session, as the end of the process would.
+    [[noreturn]] void endProcess(const std::string& reason = {}) { desktop.endSession(reason); }
+};
+
+}  // namespace core

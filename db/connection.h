@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "db/recordset.h"
+#include "db/sql.h"
+
+namespace db {
+
+class Engine;
+class EnginePool;
+struct Column;
+struct Table;
+
+/// What a recorder sees of a statement, before it runs. Texts hold the values in full: for tests and `trace`, never for
+/// a log.
+struct Statement {
+    enum class Kind { read, execute, call, insert, update };
+    Kind kind;
+    std::string text;      ///< the statement; for a call the procedure's name; for a row "insert T" or "update T"
+    std::string database;  ///< "Hospital"
+    std::vector<std::pair<std::string, Value>> parameters;  ///< of a call, or the columns set of a row
+    [[nodiscard]] bool writes() const noexcept { return kind != Kind::read; }
+};
+
+/// Sees every statement of a session first; a throw stops it before anything ran. So one hook serves trace, the
+/// statement checks of tests and injected failures.
+using Recorder = std::function<void(const Statement&)>;
+
+/// A session's line to one database. Cheap to have: the engine's line behind it is borrowed from the database's pool
+/// at the first statement and goes back when the session is idle (`Databases::idle`).
+///
+/// Transactions nest by count: only the outermost commit writes, and an inner rollback dooms the outer commit.
+class Connection {
+public:
+    Connection(std::string database, EnginePool& pool, const Recorder& recorder);
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    /// "Hospital", "SmsCenter", ...
+    [[nodiscard]] const std::string& database() const noexcept { return database_; }
+
+    /// Runs a statement and gives the number of rows that it touched. Throws Error.
+    std::int64_t execute(const Sql& sql);
+    /// `Recordset(*this, sql)`, for reads in one expression.
+    [[nodiscard]] Recordset read(const Sql& sql) { return {*this, sql}; }
+
+    void beginTrans();
+    /// Throws Error(other) without a transaction, and when an inner rollback has doomed it (everything is then rolled
+    /// back). After an Error from the engine the transaction is rolled back.
+    void commitTrans();
+    /// Without a transaction: nothing.
+    void rollbackTrans() noexcept;
+    [[nodiscard]] bool inTransaction() const noexcept { return depth_ > 0; }
+    /// True while other writers wait for this session.
+    [[nodiscard]] bool holdsWriteLock() const noexcept;
+
+    /// Gives the engine's line back to the pool unless a transaction is open.
+    void idle() noexcept;
+
+private:
+    friend class Recordset;
+    friend class Command;
+    Engine& engine();
+    void record(Statement::Kind kind, std::string text, std::vector<std::pair<std::string, Value>> parameters = {});
+    [[nodiscard]] bool recording() const noexcept { return static_cast<bool>(recorder_); }
+
+    std::string database_;
+    EnginePool& pool_;
+    const Recorder& recorder_;
+    std::unique_ptr<Engine> engine_;
+    int depth_ = 0;
+    bool doomed_ = false;
+};
+
+/// Rolls back unless committed. Neither its destructor nor `rollback` throws.
+class Transaction {
+public:
+    explicit Transaction(Connection& connection) : connection_(&connection) { connection.beginTrans(); }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    ~Transaction() { rollback(); }
+
+    void commit() { std::exchange(connection_, nullptr)->commitTrans(); }
+    void rollback() noexcept {
+        if (auto* open = std::exchange(connection_, nullptr)) open->rollbackTrans();
+    }
+
+private:
+    Connection* connection_;
+};
+
+}  // namespace db

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/connection.h"
+#include "db/datetime.h"
+
+namespace db {
+
+/// The clock that the embedded server reads for getdate(). `stopAt` stops it at a moment, for scripts and tests.
+class ServerClock {
+public:
+    [[nodiscard]] DateTime now() const;
+    void stopAt(DateTime moment);
+
+private:
+    mutable std::mutex mutex_;
+    std::optional<DateTime> stopped_;
+};
+
+/// One row of the data-source table: which engine serves a database, and where.
+struct Source {
+    std::string engine = "sqlite";  ///< the folder of that name below db/
+    std::string location;           ///< for sqlite: the file
+};
+
+/// Idle lines to one database, for all sessions of the host. Thread-safe.
+class EnginePool {
+public:
+    EnginePool(std::string database, Source source, const std::map<std::string, Source>& sisters, ServerClock& clock);
+    EnginePool(const EnginePool&) = delete;
+    EnginePool& operator=(const EnginePool&) = delete;
+    ~EnginePool();
+    /// An idle line that is still alive, or a new one. Throws Error(lostConnection).
+    std::unique_ptr<Engine> borrow();
+    void giveBack(std::unique_ptr<Engine> engine) noexcept;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+/// The data sources of a host: every session's lines come from here. Thread-safe; outlives all sessions.
+class DataSources {
+public:
+    /// `sources` by the name behind "Database=" in a connection string.
+    explicit DataSources(std::map<std::string, Source> sources);
+    DataSources(const DataSources&) = delete;
+    DataSources& operator=(const DataSources&) = delete;
+    ~DataSources();
+
+    /// The four databases as SQLite files "Hospital.db", ... in one directory: the default.
+    static std::map<std::string, Source> embedded(const std::filesystem::path& directory);
+    /// The four names, in the order of creation.
+    static const std::vector<std::string>& names();
+
+    [[nodiscard]] const std::map<std::string, Source>& sources() const noexcept { return sources_; }
+    [[nodiscard]] ServerClock& clock() noexcept { return clock_; }
+    /// Throws Error(lostConnection) for a database that no source serves.
+    EnginePool& pool(const std::string& database);
+
+private:
+    std::map<std::string, Source> sources_;
+    ServerClock clock_;
+    std::map<std::string, std::unique_ptr<EnginePool>> pools_;
+};
+
+/// A session's connections: one a database, handed out whenever a screen "opens" one, so whatever a session opens
+/// while it has a transaction joins it.
+class Databases {
+public:
+    explicit Databases(DataSources& sources) : sources_(sources) {}
+
+    /// The connection for a connection string ("Driver={SQL Server};Server=S;Database=Hospital;UID=..;PWD=..").
+    /// Throws Error(lostConnection) where the string names no database that is served.
+    Connection& open(std::string_view connectionString);
+    Connection& named(const std::string& database);
+
+    /// Replaces the recorder that sees every statement of this session first; an empty one records nothing.
+    void setRecorder(Recorder recorder) { recorder_ = std::move(recorder); }
+    /// Gives idle lines back; called when the session waits for its user.
+    void idle() noexcept;
+    /// Rolls back whatever is open: the session ends, or an operation was left in the middle.
+    void rollbackAll() noexcept;
+    [[nodiscard]] bool holdsWriteLock() const noexcept;
+    [[nodiscard]] DataSources& sources() noexcept { return sources_; }
+
+private:
+    DataSources& sources_;
+    Recorder recorder_;
+    std::map<std::string, std::unique_ptr<Connection>, std::less<>> open_;
+};
+
+}  // namespace db

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace db::dialect {
+
+/// A statement in the embedded engine's own SQL.
+struct Translated {
+    std::string text;
+    /// Other databases that the text names ("HospitalArchive.dbo.T"); the engine attaches them under these names.
+    std::vector<std::string> databases;
+};
+
+/// Turns one T-SQL statement (a query, a change, or a `create` of a table, index or view) into SQLite's SQL. Parameter
+/// places ("?1") keep their numbers. `database` is the name of the database that the statement runs on.
+/// Throws Error(syntax) for text that is not T-SQL or uses what the translation does not know.
+Translated toSqlite(std::string_view statement, std::string_view database);
+
+/// Splits a T-SQL script at its `GO` lines and, inside a batch, at its semicolons (not within a procedure's body).
+std::vector<std::string> splitScript(std::string_view script);
+
+/// A stored procedure as the embedded engine runs it: its statements in order, each with @names for its parameters.
+struct Procedure {
+    std::string name;
+    std::vector<std::string> parameters;  ///< with the "@", in the order of their declaration
+    std::vector<std::string> statements;  ///< T-SQL, one each
+};
+/// Reads `create procedure NAME @a varchar(50), ... as begin ... end`. The body is a straight line of statements.
+/// Throws Error(syntax).
+Procedure parseProcedure(std::string_view text);
+
+}  // namespace db::dialect

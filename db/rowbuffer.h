@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/value.h"
+
+namespace db {
+
+/// The rows of a result set, read once from left to right: small fixed cells, their texts and bytes in one arena.
+/// Moments stay in the text that the engine gave until somebody asks for the cell.
+class RowBuffer {
+public:
+    /// How a column's stored form reads.
+    enum class Reading : std::uint8_t { plain, date, time, datetime, flag, money };
+
+    void addColumn(std::string name, Reading reading) {
+        names_.push_back(std::move(name));
+        readings_.push_back(reading);
+    }
+    void addNull() { cells_.push_back(Cell{}); }
+    void addInteger(std::int64_t number) { cells_.push_back(Cell{Kind::integer, 0, {.integer = number}}); }
+    void addNumber(double number) { cells_.push_back(Cell{Kind::number, 0, {.number = number}}); }
+    void addText(std::string_view text) { addArena(Kind::text, text); }
+    void addBytes(std::string_view bytes) { addArena(Kind::bytes, bytes); }
+
+    [[nodiscard]] const std::vector<std::string>& names() const noexcept { return names_; }
+    [[nodiscard]] std::size_t columnCount() const noexcept { return names_.size(); }
+    [[nodiscard]] std::size_t rowCount() const noexcept { return names_.empty() ? 0 : cells_.size() / names_.size(); }
+    /// The column of this name in any letter case, or columnCount().
+    [[nodiscard]] std::size_t column(std::string_view name) const noexcept;
+    [[nodiscard]] Value value(std::size_t row, std::size_t column) const;
+    /// The table that all columns come from, or "": what an update of the result set writes to.
+    std::string table;
+
+private:
+    enum class Kind : std::uint8_t { null, integer, number, text, bytes };
+    struct Cell {
+        Kind kind = Kind::null;
+        std::uint32_t size = 0;
+        union {
+            std::int64_t integer;
+            double number;
+            std::size_t offset;
+        } content = {.integer = 0};
+    };
+    void addArena(Kind kind, std::string_view content) {
+        cells_.push_back(Cell{kind, static_cast<std::uint32_t>(content.size()), {.offset = arena_.size()}});
+        arena_.append(content);
+    }
+
+    std::vector<std::string> names_;
+    std::vector<Reading> readings_;
+    std::vector<Cell> cells_;
+    std::string arena_;
+};
+
+}  // namespace db

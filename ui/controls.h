@@ -1,0 +1,438 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/recordset.h"
+#include "db/value.h"
+#include "ui/control.h"
+
+namespace ui {
+
+/// What a text box lets through as it is typed, one character at a time (as UTF-8): the text to put in its place, or
+/// nothing to drop it. `before` is the text so far.
+using KeyFilter = std::string (*)(std::string_view character, std::string_view before);
+std::string anyKey(std::string_view character, std::string_view before);
+std::string digitsOnly(std::string_view character, std::string_view before);
+std::string decimalOnly(std::string_view character, std::string_view before);  ///< digits and one "."
+std::string upperCase(std::string_view character, std::string_view before);
+
+/// Events: Change, Click, GotFocus, LostFocus, KeyReturn.
+class TextBox : public Control {
+public:
+    TextBox(Screen& screen, std::string name, KeyFilter filter = anyKey);
+    [[nodiscard]] const std::string& text() const noexcept { return text_; }
+    /// Raises Change where the text differs, as typing does.
+    void setText(std::string text);
+    void clear() { setText({}); }
+    /// Characters that fit; 0 is no limit. What is typed beyond it is dropped.
+    void setMaxLength(std::size_t characters) noexcept { maxLength_ = characters; }
+    /// Shown as dots, and its text never leaves the session.
+    void setPassword(bool password) noexcept { password_ = password; }
+
+    [[nodiscard]] std::string_view kind() const override { return "textBox"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    std::string text_;
+    KeyFilter filter_;
+    std::size_t maxLength_ = 0;
+    bool password_ = false;
+};
+
+/// A line of a list: its text, and a key that the screen may give it.
+struct ListItem {
+    std::string text;
+    std::string key;
+};
+
+/// What combo and list boxes share: items and the picked one.
+class ItemControl : public Control {
+public:
+    using Control::Control;
+    [[nodiscard]] const std::vector<ListItem>& items() const noexcept { return items_; }
+    void add(std::string text, std::string key = {});
+    void setItems(std::vector<ListItem> items);
+    /// Drops the items and the pick; a combo's text too.
+    virtual void clear();
+    /// The picked item from 0, or -1.
+    [[nodiscard]] int index() const noexcept { return index_; }
+    /// Picks an item, or none with -1, and raises Click. Throws db::Error(other) "Invalid property array index".
+    virtual void setIndex(int index);
+    /// The picked item's key, or "".
+    [[nodiscard]] std::string key() const;
+
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+protected:
+    void pick(int index);
+
+private:
+    std::vector<ListItem> items_;
+    int index_ = -1;
+};
+
+/// Events: Click (an item was picked, also the one that stands there already), Change (typed), GotFocus, LostFocus.
+class ComboBox : public ItemControl {
+public:
+    enum class Style { freeText, listOnly };
+    ComboBox(Screen& screen, std::string name, Style style = Style::freeText);
+    [[nodiscard]] const std::string& text() const noexcept { return text_; }
+    /// An item's full text picks it and raises Click; another text raises Change and, where the style is listOnly, is
+    /// an Error(other) "'Text' property is read-only".
+    void setText(std::string text);
+    void clear() override;
+    void setIndex(int index) override;
+    /// Drops the text and the pick and keeps the items; raises nothing.
+    void clearText();
+
+    [[nodiscard]] std::string_view kind() const override { return "comboBox"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    [[nodiscard]] int find(std::string_view text) const;
+    std::string text_;
+    Style style_;
+};
+
+/// Events: Click, DblClick.
+class ListBox : public ItemControl {
+public:
+    ListBox(Screen& screen, std::string name) : ItemControl(screen, std::move(name)) {}
+    /// The picked item's text, or "".
+    [[nodiscard]] std::string text() const;
+    [[nodiscard]] std::string_view kind() const override { return "listBox"; }
+    void take(const nlohmann::json& content) override;
+};
+
+/// Check boxes and option buttons. Event: Click, when the state changed.
+class CheckBox : public Control {
+public:
+    CheckBox(Screen& screen, std::string name, std::string caption);
+    [[nodiscard]] bool checked() const noexcept { return checked_; }
+    void setChecked(bool checked);
+    [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
+    [[nodiscard]] std::string_view kind() const override { return "checkBox"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    std::string caption_;
+    bool checked_ = false;
+};
+
+/// One of a group: setting it clears the others of its screen with the same group name.
+class OptionButton : public Control {
+public:
+    OptionButton(Screen& screen, std::string name, std::string caption, std::string group = {});
+    [[nodiscard]] bool checked() const noexcept { return checked_; }
+    void setChecked(bool checked);
+    [[nodiscard]] std::string_view kind() const override { return "optionButton"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    std::string caption_;
+    std::string group_;
+    bool checked_ = false;
+};
+
+/// A date, a time of day, or blank. Events: Change, GotFocus, LostFocus.
+class DatePicker : public Control {
+public:
+    enum class Format { date, time };
+    DatePicker(Screen& screen, std::string name, Format format = Format::date);
+    [[nodiscard]] std::optional<db::DateTime> value() const noexcept { return value_; }
+    void setValue(std::optional<db::DateTime> value);
+    [[nodiscard]] std::string_view kind() const override { return "datePicker"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    Format format_;
+    std::optional<db::DateTime> value_;
+};
+
+/// Text that a user cannot change. Event: Click, DblClick.
+class Label : public Control {
+public:
+    Label(Screen& screen, std::string name, std::string caption = {});
+    [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] const std::string& text() const noexcept { return caption_; }
+    [[nodiscard]] std::string_view kind() const override { return "label"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+private:
+    std::string caption_;
+};
+
+/// Event: Click.
+class Button : public Control {
+public:
+    Button(Screen& screen, std::string name, std::string caption, Handler click = {});
+    [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string caption);
+    /// The back colour as 0xRRGGBB, or -1 for the page's own. It stands in the state and raises no change: the page
+    /// draws alerts by the state of their timers.
+    [[nodiscard]] int backColor() const noexcept { return backColor_; }
+    void setBackColor(int color) noexcept { backColor_ = color; }
+    [[nodiscard]] std::string_view kind() const override { return "button"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+private:
+    std::string caption_;
+    int backColor_ = -1;
+};
+
+/// A panel, or a picture where it has an image. Holds other controls. Events: Click, DblClick.
+class Picture : public Control {
+public:
+    Picture(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    [[nodiscard]] int backColor() const noexcept { return backColor_; }
+    void setBackColor(int color) noexcept { backColor_ = color; }
+    /// A JPEG, or nothing for an empty picture.
+    void setImage(db::Bytes jpeg);
+    [[nodiscard]] const db::Bytes& image() const noexcept { return image_; }
+    [[nodiscard]] std::string_view kind() const override { return "picture"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+private:
+    int backColor_ = -1;
+    db::Bytes image_;
+};
+
+/// A column of a grid as it is shown.
+struct GridColumn {
+    std::string name;
+    bool visible = true;
+};
+
+/// A read-only view of a result set. Events: Click and RowChange (a row was picked), DblClick.
+class DataGrid : public Control {
+public:
+    DataGrid(Screen& screen, std::string name);
+    /// Shows the result set, which the grid keeps; the current row is the first.
+    void bind(db::Recordset rows);
+    /// Unbinds: no columns, no rows.
+    void clear();
+    [[nodiscard]] const db::Recordset& rows() const noexcept { return rows_; }
+    [[nodiscard]] db::Recordset& rows() noexcept { return rows_; }
+    /// The current row from 0, or -1 for none.
+    [[nodiscard]] int row() const noexcept { return row_; }
+    void setRow(int row);
+    /// A cell of the current row as shown ("" for null). Throws db::Error(other) without a current row or such a field.
+    [[nodiscard]] std::string text(std::string_view field) const;
+    void hideColumn(std::string_view name);
+    [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] std::string_view kind() const override { return "dataGrid"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    db::Recordset rows_;
+    int row_ = -1;
+    std::vector<std::string> hidden_;
+    std::string caption_;
+};
+
+/// A grid of cells that the screen fills. Events: Click, DblClick.
+class FlexGrid : public Control {
+public:
+    FlexGrid(Screen& screen, std::string name, std::vector<std::string> columns);
+    [[nodiscard]] std::size_t rowCount() const noexcept { return cells_.size(); }
+    void addRow(std::vector<std::string> cells);
+    void removeRow(std::size_t row);
+    void clear();
+    [[nodiscard]] const std::string& cell(std::size_t row, std::size_t column) const;
+    void setCell(std::size_t row, std::size_t column, std::string text);
+    [[nodiscard]] int row() const noexcept { return row_; }
+    void setRow(int row);
+    void hideColumn(std::string_view name);
+    [[nodiscard]] std::string_view kind() const override { return "flexGrid"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    std::vector<GridColumn> columns_;
+    std::vector<std::vector<std::string>> cells_;
+    int row_ = -1;
+};
+
+/// Event: Click, when another page came forward.
+class TabStrip : public Control {
+public:
+    TabStrip(Screen& screen, std::string name, std::vector<std::string> captions);
+    [[nodiscard]] int page() const noexcept { return page_; }
+    void setPage(int page);
+    [[nodiscard]] std::string_view kind() const override { return "tabStrip"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    std::vector<std::string> captions_;
+    int page_ = 0;
+};
+
+/// A node of a tree; `parent` is the index of an earlier node, or -1.
+struct TreeNode {
+    std::string text;
+    std::string key;
+    int parent = -1;
+};
+
+/// Events: NodeClick, DblClick.
+class TreeView : public Control {
+public:
+    TreeView(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    int add(std::string text, std::string key = {}, int parent = -1);
+    void clear();
+    [[nodiscard]] const std::vector<TreeNode>& nodes() const noexcept { return nodes_; }
+    [[nodiscard]] int index() const noexcept { return index_; }
+    [[nodiscard]] std::string_view defaultEvent() const override { return "NodeClick"; }
+    [[nodiscard]] std::string_view kind() const override { return "treeView"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    void take(const nlohmann::json& content) override;
+
+private:
+    std::vector<TreeNode> nodes_;
+    int index_ = -1;
+};
+
+/// Rows of a text and its sub-items, which may carry a check mark each. Events: ItemClick, ItemCheck, DblClick.
+class ListView : public Control {
+public:
+    ListView(Screen& screen, std::string name, std::vector<std::string> columns, bool checkBoxes = false);
+    void addRow(std::vector<std::string> cells);
+    void clear();
+    [[nodiscard]] std::size_t rowCount() const noexcept { return rows_.size(); }
+    [[nodiscard]] const std::string& cell(std::size_t row, std::size_t column) const;
+    [[nodiscard]] bool checked(std::size_t row) const { return checked_.at(row); }
+    void setChecked(std::size_t row, bool checked);
+    [[nodiscard]] int row() const noexcept { return row_; }
+    [[nodiscard]] std::string_view defaultEvent() const override { return "ItemClick"; }
+    [[nodiscard]] std::string_view kind() const override { return "listView"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    /// `{"row":3}` picks, `{"row":3,"checked":true}` checks.
+    void take(const nlohmann::json& content) override;
+
+private:
+    std::vector<std::string> columns_;
+    std::vector<std::vector<std::string>> rows_;
+    std::vector<bool> checked_;
+    bool checkBoxes_;
+    int row_ = -1;
+};
+
+/// A line chart of labels and one or two series.
+class LineChart : public Control {
+public:
+    struct Series {
+        std::string name;
+        std::vector<std::optional<double>> points;  ///< one a label; nothing leaves a gap
+    };
+    LineChart(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void show(std::string title, std::vector<std::string> labels, std::vector<Series> series);
+    void clear();
+    [[nodiscard]] const std::vector<std::string>& labels() const noexcept { return labels_; }
+    [[nodiscard]] const std::vector<Series>& series() const noexcept { return series_; }
+    [[nodiscard]] std::string_view kind() const override { return "lineChart"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+private:
+    std::string title_;
+    std::vector<std::string> labels_;
+    std::vector<Series> series_;
+};
+
+class StatusBar : public Control {
+public:
+    StatusBar(Screen& screen, std::string name, int panels);
+    /// Panels count from 1.
+    [[nodiscard]] const std::string& panel(int number) const;
+    void setPanel(int number, std::string text);
+    [[nodiscard]] std::string_view kind() const override { return "statusBar"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+private:
+    std::vector<std::string> panels_;
+};
+
+/// A job that the session's loop runs every `interval` while the timer is enabled. Event: Timer.
+/// A timer's `visible` means nothing; `enabled` is its running.
+class Timer : public Control {
+public:
+    Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running, Handler job);
+    ~Timer() override;
+    [[nodiscard]] bool running() const noexcept { return running_; }
+    void setRunning(bool running);
+    [[nodiscard]] std::chrono::milliseconds interval() const noexcept { return interval_; }
+    /// Runs the job once if the timer runs.
+    void tick();
+    [[nodiscard]] std::string_view defaultEvent() const override { return "Timer"; }
+    [[nodiscard]] std::string_view kind() const override { return "timer"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+private:
+    std::chrono::milliseconds interval_;
+    bool running_ = false;
+};
+
+/// An entry of a menu tree: a heading, an entry or a separator ("-"). Event: Click.
+class MenuItem : public Control {
+public:
+    /// "&" in a caption marks its access key, "&&" is the character itself.
+    MenuItem(Screen& screen, std::string name, std::string caption, const MenuItem* parent = nullptr,
+             Handler click = {});
+    [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string caption);
+    [[nodiscard]] const MenuItem* parent() const noexcept { return parent_; }
+    [[nodiscard]] std::string_view kind() const override { return "menuItem"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+
+private:
+    std::string caption_;
+    const MenuItem* parent_;
+};
+
+/// Where the open child screens lie: how they are arranged, and their list for the window menu.
+class ChildArea : public Control {
+public:
+    enum class Arrangement { tabs, cascade, tileHorizontal, tileVertical };
+    ChildArea(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void arrange(Arrangement arrangement);
+    [[nodiscard]] std::string_view kind() const override { return "childArea"; }
+    [[nodiscard]] std::vector<std::string_view> properties() const override;
+    [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    /// Tells that the list of open children changed.
+    void childrenChanged() { touch("children"); }
+
+private:
+    Arrangement arrangement_ = Arrangement::tabs;
+};
+
+}  // namespace ui

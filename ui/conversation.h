@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <string_view>
+
+#include "ui/desktop.h"
+
+namespace ui {
+
+/// Longest request that is read, in bytes.
+inline constexpr std::size_t longestRequest = 1024 * 1024;
+
+/// One client's talk with a session: JSON requests in, JSON replies out, one line each. It knows the requests that
+/// pages and scripts share (`fire`, `set`, `answer`, `get`); others are added by whoever serves them. All members run
+/// on the session's thread.
+///
+/// A reply goes out when the loop has nothing more to run: an operation that opened a box or a modal screen is
+/// answered with what happened so far, and the rest comes with the reply to the request that ended the wait.
+class Conversation {
+public:
+    using Write = std::function<void(const std::string& line)>;
+    /// Serves a request; what it adds to `reply` goes out with it. Throws Refused.
+    using Serve = std::function<void(const nlohmann::json& request, nlohmann::json& reply)>;
+
+    Conversation(Desktop& desktop, Write write);
+    ~Conversation();
+    Conversation(const Conversation&) = delete;
+    Conversation& operator=(const Conversation&) = delete;
+
+    /// Adds a request by its key ("query").
+    void add(std::string key, Serve serve);
+    /// Takes one request. Bad JSON, bytes that are no UTF-8, an over-long line, an unknown request: one reply with an
+    /// `error`, and nothing ran.
+    void receive(std::string_view line);
+    /// Sends the reply that is due, and events that belong to no request as a line without "reply". To be called
+    /// whenever the loop is about to wait.
+    void flush();
+    /// The last line of a session: `{"ended":reason}` among the events of the reply that is due.
+    void ended(const std::string& reason);
+    /// Requests received so far: a page that lost its connection sends the later ones again.
+    [[nodiscard]] std::uint64_t received() const noexcept { return received_; }
+
+private:
+    struct Pending;
+    void serve(const nlohmann::json& request);
+
+    Desktop& desktop_;
+    Write write_;
+    std::map<std::string, Serve, std::less<>> serves_;
+    std::unique_ptr<Pending> pending_;
+    std::uint64_t received_ = 0;
+};
+
+}  // namespace ui

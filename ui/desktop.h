@@ -1,0 +1,141 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/recordset.h"
+#include "ui/eventloop.h"
+#include "ui/screen.h"
+
+namespace ui {
+
+enum class Icon { none, information, warning, stop };
+
+/// A printable list: what a report entry opens.
+struct Report {
+    std::string name;   ///< "rptVitalSigns"
+    std::string title;  ///< may be empty
+    db::Recordset rows;
+};
+
+/// Where a session's screens live: it opens and closes them, shows boxes, moves the focus, and tells a client in order
+/// what happened. All members run on the session's thread.
+class Desktop {
+public:
+    using Factory = std::function<std::unique_ptr<Screen>()>;
+    /// Takes an event of the wire form as it happens. The sink hears of changes right before the next event that is
+    /// none, and at `flushChanges`.
+    using Sink = std::function<void(nlohmann::json)>;
+    /// A question that waits for its answer. Answers are the texts of the protocol.
+    struct Question {
+        enum class Kind { message, yesno, input, file };
+        Kind kind;
+        std::string text;
+        std::string title;
+        std::string preset;  ///< of an input box
+        Icon icon = Icon::none;
+    };
+
+    Desktop(EventLoop& loop, std::string programTitle);
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+    ~Desktop();
+
+    [[nodiscard]] EventLoop& loop() const noexcept { return loop_; }
+
+    // -- screens --
+    /// Makes a screen known by its name.
+    void provide(std::string name, Factory factory);
+    [[nodiscard]] bool provides(std::string_view name) const;
+    /// The provided names, sorted.
+    [[nodiscard]] std::vector<std::string> provided() const;
+    /// Shows a screen as a child: hidden first if it exists, made and loaded if it does not, and then the active one.
+    /// A screen that nobody provides yet says so in a box.
+    void show(std::string_view name);
+    /// The same, and returns when the screen has been hidden or closed.
+    void showModal(std::string_view name);
+    void hide(std::string_view name);
+    /// Closes a screen: asks `queryUnload`, runs `unload`, and drops it when no operation of it runs any more. False if
+    /// it refused.
+    bool unload(std::string_view name);
+    /// The loaded screen of this name in any letter case, or nothing.
+    [[nodiscard]] Screen* loaded(std::string_view name) const;
+    /// The loaded screens, in the order of loading.
+    [[nodiscard]] std::vector<Screen*> screens() const;
+    /// The child screen that the user works in, or nothing. The main window is no child.
+    [[nodiscard]] Screen* activeChild() const noexcept { return activeChild_; }
+    void activate(Screen& screen);
+    /// Says which loaded screen is the main window.
+    void setMain(Screen& screen) noexcept { main_ = &screen; }
+    [[nodiscard]] Screen* main() const noexcept { return main_; }
+
+    // -- boxes: they return when they are answered --
+    /// A box with OK only. An empty title stands for the program's.
+    void message(const std::string& text, Icon icon = Icon::none, const std::string& title = {});
+    [[nodiscard]] bool askYesNo(const std::string& text, const std::string& title);
+    /// Nothing when it was cancelled.
+    [[nodiscard]] std::optional<std::string> askInput(const std::string& text, const std::string& title,
+                                                      const std::string& preset = {});
+    [[nodiscard]] std::optional<std::filesystem::path> pickFile(const std::string& title);
+    /// Runs before any box opens; tests refuse there boxes that keep other writers waiting.
+    void setBeforeBox(std::function<void(const Question&)> beforeBox) { beforeBox_ = std::move(beforeBox); }
+    /// Boxes with OK only answer themselves (scripts), instead of waiting.
+    void setAcknowledges(bool acknowledges) noexcept { acknowledges_ = acknowledges; }
+    [[nodiscard]] const Question* waiting() const noexcept { return waiting_; }
+    /// Answers the open question: "ok", "yes", "no", "cancel", the text of an input box, or {"file":PATH}.
+    /// Throws Refused where none is open or the answer is none to it.
+    void answer(const nlohmann::json& answer);
+
+    // -- what a client hears --
+    void setSink(Sink sink) { sink_ = std::move(sink); }
+    /// Moves the focus, with the page that the control lies on.
+    void focus(Control& control);
+    void sound(const std::string& file);
+    void report(Report report);
+    /// Keeps each report for whoever shows it, beside the event. Called on the session's thread.
+    void setReportKeeper(std::function<void(const Report&)> keeper) { reportKeeper_ = std::move(keeper); }
+    void flushChanges();
+    [[nodiscard]] const std::string& programTitle() const noexcept { return programTitle_; }
+    /// The main window, the open screens in order, the active one, the open question: what a page needs to draw itself.
+    [[nodiscard]] nlohmann::json snapshot() const;
+
+    /// Ends the session: unwinds everything that runs. The page closes with the reason.
+    [[noreturn]] void endSession(const std::string& reason = {});
+
+    // -- work from outside --
+    /// Runs an event by its path: "MdiVorel.mnuVitSigns", "frmX.grdData.DblClick", "frmX.Unload", "frmX.Activate".
+    /// Throws Refused for unknown names, and for controls out of reach unless forced.
+    void fire(std::string_view path, bool force);
+    /// What a user's typing or picking does. Throws Refused.
+    void set(std::string_view path, const nlohmann::json& content, bool force);
+    /// Runs a timer's job once if the timer runs. Throws Refused for what is no timer.
+    void tick(std::string_view path);
+    /// A control's or screen's state. Throws Refused.
+    [[nodiscard]] nlohmann::json get(std::string_view path) const;
+
+private:
+    friend class Screen;
+    friend class Control;
+    struct Impl;
+    void changed(Control& control, std::string_view property);
+    void forget(Control& control) noexcept;
+
+    EventLoop& loop_;
+    std::string programTitle_;
+    std::unique_ptr<Impl> impl_;
+    Screen* activeChild_ = nullptr;
+    Screen* main_ = nullptr;
+    const Question* waiting_ = nullptr;
+    bool acknowledges_ = false;
+    Sink sink_;
+    std::function<void(const Question&)> beforeBox_;
+    std::function<void(const Report&)> reportKeeper_;
+};
+
+}  // namespace ui

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <exception>
 #include <functional>
 #include <string>
 #include <utility>
@@ -12,8 +11,11 @@
 
 namespace core {
 
-/// Runs `work`; a run-time error shows its description in a box and leaves, with nothing of an open transaction kept.
-/// True when `work` went through.
+/// Runs `work` under an error trap: a run-time error rolls back what `work` left open, shows its description in a box
+/// and leaves. True when `work` went through.
+///
+/// A shared routine with a trap of its own may run inside a caller's transaction. Its error then leaves the
+/// transaction, and the decision about it, to the caller, and the box opens when nobody waits for this session.
 bool trapped(Workplace& place, const std::function<void()>& work);
 
 /// What the screens of this system share beyond their controls.

@@ -22,6 +22,8 @@ public:
 
 /// The server's date and time; the zero date when the view gives no row. Throws db::Error.
 db::DateTime GetServerNow(Workplace& place);
+/// `gServerDate` and `gServerTime` (to the minute) from `gServerNow`.
+void splitServerClock(Session& session);
 /// GetServerNow into `gServerNow`, `gServerDate` and `gServerTime`.
 void refreshServerClock(Workplace& place);
 
@@ -64,6 +66,8 @@ inline constexpr int waitTimedOut = 258;
 int WaitWithEvents(Workplace& place, std::chrono::milliseconds wait,
                    const std::vector<std::function<bool()>>& handles = {});
 
+/// What is wrong with an encoding table, in words, or "": it holds 94 characters of printable ASCII.
+std::string checkEncodingTable(std::string_view table);
 /// The stored form of a password. Each character from code 33 to 126 becomes the table's character at its code less 32,
 /// counting from 1; any other is skipped after `invalid` was told.
 std::string EncodeText(std::string_view text, std::string_view table, const std::function<void()>& invalid);

@@ -3,12 +3,16 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "core/session.h"
 #include "db/databases.h"
 #include "ui/desktop.h"
 
 namespace core {
+
+class MainWindow;
 
 /// The program's own version: the version lock compares `major`, titles show both.
 struct Version {
@@ -45,6 +49,8 @@ struct Workplace {
     Session session;
     db::Databases databases;
     ui::Desktop desktop;
+    /// The open main window; it registers itself here.
+    MainWindow* mainWindow = nullptr;
 
     /// `session.gConnHospital`, opened.
     db::Connection& hospital() { return databases.open(session.gConnHospital); }
@@ -55,6 +61,14 @@ struct Workplace {
     }
     /// Ends this nurse's session, as the end of the process would.
     [[noreturn]] void endProcess(const std::string& reason = {}) { desktop.endSession(reason); }
+
+    /// Shows a run-time error's description. While this session keeps other writers waiting no box may open: the
+    /// description then waits for `showHeldErrors`, which the operation's own trap calls at its end.
+    void showError(const std::string& description);
+    void showHeldErrors();
+
+private:
+    std::vector<std::string> heldErrors_;
 };
 
 }  // namespace core

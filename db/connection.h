@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "db/error.h"
 #include "db/recordset.h"
 #include "db/sql.h"
 
@@ -36,7 +37,9 @@ using Recorder = std::function<void(const Statement&)>;
 /// A session's line to one database. Cheap to have: the engine's line behind it is borrowed from the database's pool
 /// at the first statement and goes back when the session is idle (`Databases::idle`).
 ///
-/// Transactions nest by count: only the outermost commit writes, and an inner rollback dooms the outer commit.
+/// Transactions nest by count: only the outermost commit writes, and an inner rollback dooms the outer commit. A line
+/// that is lost takes its transaction along: until that has been left, every statement is refused with
+/// Error(lostConnection); then the next statement borrows a new line.
 class Connection {
 public:
     Connection(std::string database, EnginePool& pool, const Recorder& recorder);
@@ -54,7 +57,8 @@ public:
 
     void beginTrans();
     /// Throws Error(other) without a transaction, and when an inner rollback has doomed it (everything is then rolled
-    /// back). After an Error from the engine the transaction is rolled back.
+    /// back); Error(lostConnection) when the line was lost meanwhile. After an Error from the engine the transaction is
+    /// rolled back.
     void commitTrans();
     /// Without a transaction: nothing.
     void rollbackTrans() noexcept;
@@ -69,6 +73,18 @@ private:
     friend class Recordset;
     friend class Command;
     Engine& engine();
+    /// Runs `work` on the engine; every use of the engine that can fail goes through here. An Error gets the
+    /// operation's name, and a line that is lost is dropped.
+    template <typename Work>
+    auto withEngine(const char* operation, Work&& work) {
+        try {
+            return work(engine());
+        } catch (const Error& error) {
+            failed(operation, error);
+        }
+    }
+    [[noreturn]] void failed(const char* operation, const Error& error);
+    void drop() noexcept;
     void record(Statement::Kind kind, std::string text, std::vector<std::pair<std::string, Value>> parameters = {});
     [[nodiscard]] bool recording() const noexcept { return static_cast<bool>(recorder_); }
 
@@ -78,6 +94,7 @@ private:
     std::unique_ptr<Engine> engine_;
     int depth_ = 0;
     bool doomed_ = false;
+    bool lost_ = false;
 };
 
 /// Rolls back unless committed. Neither its destructor nor `rollback` throws.

@@ -2,9 +2,11 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,13 +36,20 @@ struct Source {
 /// Idle lines to one database, for all sessions of the host. Thread-safe.
 class EnginePool {
 public:
+    using Opener = std::function<std::unique_ptr<Engine>()>;
+
     EnginePool(std::string database, Source source, const std::map<std::string, Source>& sisters, ServerClock& clock);
+    /// With a way of its own to open a line. `single` for a database that lives in its only line: that one is kept, and
+    /// asking for it while it is out is Error(busy).
+    explicit EnginePool(Opener open, bool single = false);
     EnginePool(const EnginePool&) = delete;
     EnginePool& operator=(const EnginePool&) = delete;
     ~EnginePool();
     /// An idle line that is still alive, or a new one. Throws Error(lostConnection).
     std::unique_ptr<Engine> borrow();
     void giveBack(std::unique_ptr<Engine> engine) noexcept;
+    /// Closes a borrowed line that is of no use any more.
+    void discard(std::unique_ptr<Engine> engine) noexcept;
 
 private:
     struct State;
@@ -65,10 +74,13 @@ public:
     [[nodiscard]] ServerClock& clock() noexcept { return clock_; }
     /// Throws Error(lostConnection) for a database that no source serves.
     EnginePool& pool(const std::string& database);
+    /// The name of the source that serves a database, whatever letter case it is asked for in. Throws likewise.
+    [[nodiscard]] const std::string& served(std::string_view database) const;
 
 private:
     std::map<std::string, Source> sources_;
     ServerClock clock_;
+    std::mutex mutex_;
     std::map<std::string, std::unique_ptr<EnginePool>> pools_;
 };
 
@@ -90,6 +102,11 @@ public:
     /// Rolls back whatever is open: the session ends, or an operation was left in the middle.
     void rollbackAll() noexcept;
     [[nodiscard]] bool holdsWriteLock() const noexcept;
+    [[nodiscard]] bool inTransaction() const noexcept {
+        for (const auto& [name, connection] : open_)
+            if (connection->inTransaction()) return true;
+        return false;
+    }
     [[nodiscard]] DataSources& sources() noexcept { return sources_; }
 
 private:

@@ -32,6 +32,8 @@ public:
 
     struct Parts {
         int year, month, day, hour, minute, second;
+        /// Whether a calendar and a clock have these parts, in a year from 100 to 9999.
+        [[nodiscard]] bool valid() const noexcept;
     };
     [[nodiscard]] Parts parts() const noexcept;
     [[nodiscard]] constexpr std::int64_t seconds() const noexcept { return seconds_; }
@@ -52,7 +54,7 @@ public:
     /// "09:30".
     [[nodiscard]] std::string shortTime() const;
     /// The text that stands for the moment in statements and on screens: "24-Nov-2026" at midnight,
-    /// "09:30:00" on the zero date, "24-Nov-2026 09:30:00" otherwise.
+    /// "09:30:00" on the zero date (its midnight too), "24-Nov-2026 09:30:00" otherwise.
     [[nodiscard]] std::string text() const;
     [[nodiscard]] std::string isoDate() const;  ///< "2026-11-24"
     [[nodiscard]] std::string isoTime() const;  ///< "09:30:05"

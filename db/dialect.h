@@ -8,9 +8,13 @@ namespace db::dialect {
 
 /// A statement in the embedded engine's own SQL.
 struct Translated {
+    /// One statement; for a `create table` several joined by ";\n" (the table, then what keeps its dates and amounts
+    /// in their stored form).
     std::string text;
     /// Other databases that the text names ("HospitalArchive.dbo.T"); the engine attaches them under these names.
     std::vector<std::string> databases;
+    /// The one table or view that a query reads from, or that a change is made to; "" where there are several.
+    std::string object;
 };
 
 /// Turns one T-SQL statement (a query, a change, or a `create` of a table, index or view) into SQLite's SQL. Parameter
@@ -19,6 +23,7 @@ struct Translated {
 Translated toSqlite(std::string_view statement, std::string_view database);
 
 /// Splits a T-SQL script at its `GO` lines and, inside a batch, at its semicolons (not within a procedure's body).
+/// Throws Error(syntax) for an open quote or comment.
 std::vector<std::string> splitScript(std::string_view script);
 
 /// A stored procedure as the embedded engine runs it: its statements in order, each with @names for its parameters.
@@ -27,8 +32,13 @@ struct Procedure {
     std::vector<std::string> parameters;  ///< with the "@", in the order of their declaration
     std::vector<std::string> statements;  ///< T-SQL, one each
 };
-/// Reads `create procedure NAME @a varchar(50), ... as begin ... end`. The body is a straight line of statements.
+/// Reads `create procedure NAME @a varchar(50), ... as begin ... end`. The body is a straight line of statements,
+/// with or without semicolons between them; `set nocount on` is dropped.
 /// Throws Error(syntax).
 Procedure parseProcedure(std::string_view text);
+/// Whether a statement is a `create procedure` (or `create proc`).
+bool createsProcedure(std::string_view statement);
+/// Whether a statement is a `create` of anything.
+bool creates(std::string_view statement);
 
 }  // namespace db::dialect

@@ -63,6 +63,14 @@ public:
     [[nodiscard]] virtual bool holdsWriteLock() const noexcept = 0;
     /// False once the database behind the line is gone; the line is then dropped and a new one opened.
     [[nodiscard]] virtual bool alive() noexcept = 0;
+
+    /// The names of the tables, views, indexes and stored procedures that the database holds.
+    virtual std::vector<std::string> objects() = 0;
+    /// What the engine's own integrity check finds wrong: one line each, none when all is well.
+    virtual std::vector<std::string> integrity() = 0;
+    /// How the engine would run a statement, one line a step ("SEARCH hRecords USING INDEX ..."): for the tests of
+    /// indexes.
+    virtual std::vector<std::string> plan(const Sql::Template& statement) = 0;
 };
 
 }  // namespace db

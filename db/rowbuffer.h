@@ -20,6 +20,8 @@ public:
         names_.push_back(std::move(name));
         readings_.push_back(reading);
     }
+    /// For a column whose reading shows only in its first value.
+    void setReading(std::size_t column, Reading reading) { readings_[column] = reading; }
     void addNull() { cells_.push_back(Cell{}); }
     void addInteger(std::int64_t number) { cells_.push_back(Cell{Kind::integer, 0, {.integer = number}}); }
     void addNumber(double number) { cells_.push_back(Cell{Kind::number, 0, {.number = number}}); }
@@ -46,6 +48,9 @@ private:
             std::size_t offset;
         } content = {.integer = 0};
     };
+    [[nodiscard]] std::string_view arena(const Cell& cell) const noexcept {
+        return std::string_view(arena_).substr(cell.content.offset, cell.size);
+    }
     void addArena(Kind kind, std::string_view content) {
         cells_.push_back(Cell{kind, static_cast<std::uint32_t>(content.size()), {.offset = arena_.size()}});
         arena_.append(content);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "db/value.h"
@@ -71,20 +72,27 @@ public:
     /// or comment, a second statement.
     [[nodiscard]] Template bound() const;
 
-private:
-    Sql() = default;
-    friend Sql literals_sql(const char* text, std::size_t size);
-    void append(std::string_view text, bool value);
-
+    /// Where a value stands in `text()`.
     struct Span {
         std::size_t begin, end;
     };
+
+private:
+    Sql() = default;
+    friend Sql literals_sql(const char* text, std::size_t size);
+    friend Sql trusted(std::string text);
+    void append(std::string_view text, bool value);
+
     std::string text_;
-    std::vector<Span> values_;  ///< where values stand in `text_`, in order
+    std::vector<Span> values_;  ///< in order
 };
 
 /// Behind `"..."_sql`; not for calling.
 Sql literals_sql(const char* text, std::size_t size);
+
+/// A whole statement that an operator wrote: for her scripts' own reading and preparing of rows, never for anything
+/// that a user typed or a row holds.
+Sql trusted(std::string text);
 
 inline namespace literals {
 /// `"select ..."_sql` starts a statement.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -43,7 +45,8 @@ public:
     /// DateTime::text(), flags as "True" and "False". Bytes have none.
     [[nodiscard]] std::string text() const;
     [[nodiscard]] std::string textOr(std::string_view whenNull = {}) const;
-    /// Fractions are rounded half to even, texts are read as numbers first.
+    /// Fractions are rounded half to even, texts are read as numbers first (thousands separators allowed). A flag
+    /// counts as 1 or 0, a moment as the days since the zero date.
     [[nodiscard]] std::int16_t int16() const;
     [[nodiscard]] std::int32_t int32() const;
     [[nodiscard]] std::int64_t int64() const;
@@ -69,6 +72,12 @@ double leadingNumber(std::string_view text) noexcept;
 
 /// The whole of `text` as a number in plain notation ("12", "-3.5", "1e3", blanks around allowed), or nothing.
 std::optional<double> parseNumber(std::string_view text) noexcept;
+
+/// The whole of `text` as an integer ("-12", blanks around allowed), or nothing.
+std::optional<std::int64_t> parseInteger(std::string_view text) noexcept;
+
+/// "1,234,567.50" as "1234567.50", where every separator stands before three digits; nothing otherwise.
+std::optional<std::string> withoutThousandsSeparators(std::string_view text);
 
 /// A number in the shortest form that reads back as the same double; no exponent below 1e15.
 std::string numberText(double number);

@@ -57,6 +57,8 @@ public:
     [[nodiscard]] bool handles(std::string_view event) const;
     /// Runs the event's operation, if it has one.
     void raise(std::string_view event);
+    /// The names of the events that have an operation.
+    [[nodiscard]] std::vector<std::string> events() const;
 
     /// The event that firing the control by its name alone means ("Click" unless the control says otherwise).
     [[nodiscard]] virtual std::string_view defaultEvent() const { return "Click"; }
@@ -71,12 +73,18 @@ public:
     /// What a user's typing or picking does: takes the content and raises the events of it. Throws Refused where the
     /// control takes nothing from a user, or nothing of this form.
     virtual void take(const nlohmann::json& content);
+    /// The property that a client shows changed already when it sends a content, or "" where there is none.
+    [[nodiscard]] virtual std::string_view takes() const { return {}; }
 
 protected:
-    /// Tells the screen that a property changed.
+    /// Tells the screen that a property changed. The name has to be a literal: it is kept as it is.
     void touch(std::string_view property);
+    /// Runs when `enabled` has changed.
+    virtual void enabledChanged() {}
 
 private:
+    [[nodiscard]] const Handler* handler(std::string_view event) const;
+
     Screen& screen_;
     std::string name_;
     std::map<std::string, Handler, std::less<>> handlers_;

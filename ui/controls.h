@@ -30,13 +30,14 @@ public:
     void clear() { setText({}); }
     /// Characters that fit; 0 is no limit. What is typed beyond it is dropped.
     void setMaxLength(std::size_t characters) noexcept { maxLength_ = characters; }
-    /// Shown as dots, and its text never leaves the session.
+    /// Shown as dots, and its text never leaves the session: a client hears only whether it holds one ("filled").
     void setPassword(bool password) noexcept { password_ = password; }
 
     [[nodiscard]] std::string_view kind() const override { return "textBox"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return password_ ? std::string_view() : "text"; }
 
 private:
     std::string text_;
@@ -96,9 +97,11 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "text"; }
 
 private:
     [[nodiscard]] int find(std::string_view text) const;
+    void show(std::string text);
     std::string text_;
     Style style_;
 };
@@ -111,6 +114,7 @@ public:
     [[nodiscard]] std::string text() const;
     [[nodiscard]] std::string_view kind() const override { return "listBox"; }
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "index"; }
 };
 
 /// Check boxes and option buttons. Event: Click, when the state changed.
@@ -124,6 +128,7 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "checked"; }
 
 private:
     std::string caption_;
@@ -140,6 +145,7 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "checked"; }
 
 private:
     std::string caption_;
@@ -158,6 +164,7 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "date"; }
 
 private:
     Format format_;
@@ -244,6 +251,7 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "row"; }
 
 private:
     db::Recordset rows_;
@@ -269,6 +277,7 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "row"; }
 
 private:
     std::vector<GridColumn> columns_;
@@ -286,6 +295,7 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "page"; }
 
 private:
     std::vector<std::string> captions_;
@@ -312,6 +322,7 @@ public:
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "index"; }
 
 private:
     std::vector<TreeNode> nodes_;
@@ -335,6 +346,7 @@ public:
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
     /// `{"row":3}` picks, `{"row":3,"checked":true}` checks.
     void take(const nlohmann::json& content) override;
+    [[nodiscard]] std::string_view takes() const override { return "row"; }
 
 private:
     std::vector<std::string> columns_;
@@ -366,6 +378,7 @@ private:
     std::vector<Series> series_;
 };
 
+/// Texts side by side at the foot of a window.
 class StatusBar : public Control {
 public:
     StatusBar(Screen& screen, std::string name, int panels);
@@ -386,19 +399,23 @@ class Timer : public Control {
 public:
     Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running, Handler job);
     ~Timer() override;
-    [[nodiscard]] bool running() const noexcept { return running_; }
-    void setRunning(bool running);
+    [[nodiscard]] bool running() const noexcept { return enabled(); }
+    void setRunning(bool running) { setEnabled(running); }
     [[nodiscard]] std::chrono::milliseconds interval() const noexcept { return interval_; }
-    /// Runs the job once if the timer runs.
+    /// Runs the job once if the timer runs. A job that is still at work (it shows a box) is not run again meanwhile; an
+    /// error that no trap of it takes is shown.
     void tick();
     [[nodiscard]] std::string_view defaultEvent() const override { return "Timer"; }
     [[nodiscard]] std::string_view kind() const override { return "timer"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
 
+protected:
+    void enabledChanged() override;
+
 private:
     std::chrono::milliseconds interval_;
-    bool running_ = false;
+    bool working_ = false;
 };
 
 /// An entry of a menu tree: a heading, an entry or a separator ("-"). Event: Click.

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ui/desktop.h"
 
@@ -30,11 +33,13 @@ public:
     Conversation(const Conversation&) = delete;
     Conversation& operator=(const Conversation&) = delete;
 
-    /// Adds a request by its key ("query").
-    void add(std::string key, Serve serve);
+    /// Adds a request by its key ("query"), or replaces one. `with` names the further keys that it may have ("on").
+    void add(std::string key, Serve serve, std::vector<std::string> with = {});
     /// Takes one request. Bad JSON, bytes that are no UTF-8, an over-long line, an unknown request: one reply with an
     /// `error`, and nothing ran.
     void receive(std::string_view line);
+    /// Adds an event of the server's own to those of the desktop.
+    void tell(nlohmann::json event);
     /// Sends the reply that is due, and events that belong to no request as a line without "reply". To be called
     /// whenever the loop is about to wait.
     void flush();
@@ -45,12 +50,19 @@ public:
 
 private:
     struct Pending;
+    struct Request {
+        Serve serve;
+        std::vector<std::string> with;
+    };
+    void addShared();
     void serve(const nlohmann::json& request);
+    [[nodiscard]] std::string keyOf(const nlohmann::json& request) const;
 
     Desktop& desktop_;
     Write write_;
-    std::map<std::string, Serve, std::less<>> serves_;
-    std::unique_ptr<Pending> pending_;
+    std::map<std::string, Request, std::less<>> requests_;
+    std::unique_ptr<nlohmann::json> events_;
+    std::shared_ptr<Pending> pending_;  ///< the request whose reply is due
     std::uint64_t received_ = 0;
 };
 

@@ -88,6 +88,8 @@ public:
     /// Boxes with OK only answer themselves (scripts), instead of waiting.
     void setAcknowledges(bool acknowledges) noexcept { acknowledges_ = acknowledges; }
     [[nodiscard]] const Question* waiting() const noexcept { return waiting_; }
+    /// The wire form of the open question, or null.
+    [[nodiscard]] nlohmann::json question() const;
     /// Answers the open question: "ok", "yes", "no", "cancel", the text of an input box, or {"file":PATH}.
     /// Throws Refused where none is open or the answer is none to it.
     void answer(const nlohmann::json& answer);
@@ -98,9 +100,15 @@ public:
     void focus(Control& control);
     void sound(const std::string& file);
     void report(Report report);
-    /// Keeps each report for whoever shows it, beside the event. Called on the session's thread.
-    void setReportKeeper(std::function<void(const Report&)> keeper) { reportKeeper_ = std::move(keeper); }
+    /// Asks the page to print a screen: `{"print":"frmX"}`.
+    void print(const Screen& screen);
+    /// Keeps each report for whoever shows it and gives its number, which the event then carries as `id`. Called on
+    /// the session's thread.
+    using ReportKeeper = std::function<std::uint64_t(const Report&)>;
+    void setReportKeeper(ReportKeeper keeper) { reportKeeper_ = std::move(keeper); }
     void flushChanges();
+    /// `opened` events carry the screen's whole state under "state": what a page needs to draw it at once.
+    void setOpensWithState(bool opensWithState) noexcept { opensWithState_ = opensWithState; }
     [[nodiscard]] const std::string& programTitle() const noexcept { return programTitle_; }
     /// The main window, the open screens in order, the active one, the open question: what a page needs to draw itself.
     [[nodiscard]] nlohmann::json snapshot() const;
@@ -109,6 +117,11 @@ public:
     [[noreturn]] void endSession(const std::string& reason = {});
 
     // -- work from outside --
+    /// Runs work for a client: an error that none of its traps took rolls back what is open (`setOnFailure`) and shows
+    /// its description. Refused and SessionEnded pass.
+    void attempt(const std::function<void()>& work);
+    /// Runs before the description of an error that no trap took is shown.
+    void setOnFailure(std::function<void()> onFailure) { onFailure_ = std::move(onFailure); }
     /// Runs an event by its path: "MdiVorel.mnuVitSigns", "frmX.grdData.DblClick", "frmX.Unload", "frmX.Activate".
     /// Throws Refused for unknown names, and for controls out of reach unless forced.
     void fire(std::string_view path, bool force);
@@ -123,8 +136,35 @@ private:
     friend class Screen;
     friend class Control;
     struct Impl;
+    class Operation;
+    struct Modal;
+    struct Target {
+        Screen* screen;
+        Control* control;
+        std::string event;
+    };
+
     void changed(Control& control, std::string_view property);
+    void changed(Screen& screen, std::string_view property);
     void forget(Control& control) noexcept;
+
+    void emit(nlohmann::json event);
+    /// The screen of this name, hidden and ready to be shown; nothing when there is none, which a box has said.
+    Screen* ready(std::string_view name);
+    Screen* make(std::string_view name);
+    void open(Screen& screen, bool modal);
+    void hide(Screen& screen);
+    void close(Screen& screen);
+    void drop(Screen& screen);
+    void leave(Screen& screen, nlohmann::json event);
+    [[nodiscard]] bool isChild(const Screen& screen) const;
+    void childrenChanged();
+    nlohmann::json ask(const Question& question);
+
+    [[nodiscard]] Target target(std::string_view path) const;
+    void checkWorkable(const Target& target) const;
+    bool fireScreen(const Target& target);
+    void believe(Control& control, const nlohmann::json& content);
 
     EventLoop& loop_;
     std::string programTitle_;
@@ -133,9 +173,11 @@ private:
     Screen* main_ = nullptr;
     const Question* waiting_ = nullptr;
     bool acknowledges_ = false;
+    bool opensWithState_ = false;
     Sink sink_;
     std::function<void(const Question&)> beforeBox_;
-    std::function<void(const Report&)> reportKeeper_;
+    ReportKeeper reportKeeper_;
+    std::function<void()> onFailure_;
 };
 
 }  // namespace ui

@@ -35,13 +35,15 @@ public:
 
     /// Runs tasks and timers until SessionEnded is thrown through it.
     void run();
-    /// Runs tasks and timers, nested, until `done` holds.
+    /// Runs tasks and timers, nested, until `done` holds. What makes it hold has to happen on this thread: another one
+    /// posts a task for it.
     void runUntil(const std::function<bool()>& done);
     /// The same until `done` holds or the time has passed; true if `done` held.
     bool runFor(std::chrono::milliseconds time, const std::function<bool()>& done);
 
     /// Called each time nothing is queued and the loop is about to wait without a deadline: the moment at which
-    /// replies go out and database lines go back. It may post tasks.
+    /// replies go out and database lines go back. It may post tasks. A wait with a deadline calls it only where timers
+    /// run: a page hears what happened so far, and a script's next line stays unread.
     void setBeforeWait(Task beforeWait) { beforeWait_ = std::move(beforeWait); }
     /// Timers tick by themselves only when this is on (the host); off, somebody ticks them by hand.
     void setTimersRun(bool run) { timersRun_ = run; }
@@ -54,8 +56,13 @@ private:
         Clock::time_point at;
         Timer* timer;
     };
-    bool runOne(const std::function<bool()>& done, std::optional<Clock::time_point> deadline);
-    void tickDue();
+    using Deadline = std::optional<Clock::time_point>;
+    /// Ticks one timer, or runs one task, or waits until there is something to run.
+    void step(const std::function<bool()>& done, Deadline deadline);
+    bool tickDue();
+    bool runTask();
+    void wait(Deadline deadline);
+    [[nodiscard]] Deadline nextDue() const;
 
     std::mutex mutex_;
     std::condition_variable wake_;

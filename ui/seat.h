@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -20,6 +21,10 @@ public:
     virtual void idle() = 0;
     /// An error that no trap took: what is open is rolled back before its description is shown.
     virtual void failed() = 0;
+    /// Where the session's own files lie ("the program directory"); empty where it has none.
+    [[nodiscard]] virtual std::filesystem::path programDirectory() const { return {}; }
+    /// Stands at the head of printed pages.
+    [[nodiscard]] virtual std::string hospitalName() const { return {}; }
 };
 
 /// Who sits down.

@@ -1,0 +1,70 @@
+#include <iostream>
+
+#include "app/commands.h"
+#include "app/datadirectory.h"
+#include "db/schema.h"
+
+namespace app {
+
+namespace {
+
+struct DatabaseOptions {
+    std::string data;
+    std::string config;
+};
+
+void say(const std::string& line) {
+    std::cout << line << std::endl;
+}
+
+int create(const DatabaseOptions& options) {
+    requireDataDirectory(options.data);
+    say("Creating the databases in " + options.data + " ...");
+    db::createDatabases(options.data);
+    say("The databases are ready.");
+    return 0;
+}
+
+int demo(const DatabaseOptions& options) {
+    requireDataDirectory(options.data);
+    db::DataSources sources(db::DataSources::embedded(options.data));
+    requireDatabases(sources);
+    db::Databases databases(sources);
+    db::createDemonstration(databases, db::DateTime::now().date(), &say);
+    say("The demonstration hospital is ready.");
+    return 0;
+}
+
+int check(const DatabaseOptions& options) {
+    const auto config = readConfig(options.config);
+    requireDataDirectory(options.data);
+    db::DataSources sources(dataSources(options.data, config));
+    requireDatabases(sources);
+    db::Databases databases(sources);
+    say("Checking the databases in " + options.data + " ...");
+    const auto faults = db::checkDatabases(databases);
+    for (const auto& fault : faults) say(fault);
+    if (!faults.empty()) throw std::runtime_error(std::to_string(faults.size()) + " faults found");
+    say("All is well.");
+    return 0;
+}
+
+void add(CLI::App& group, Run& run, const char* name, const char* help, int (*work)(const DatabaseOptions&)) {
+    auto* command = group.add_subcommand(name, help);
+    auto options = std::make_shared<DatabaseOptions>();
+    addDataOption(*command, options->data);
+    if (work == &check) addConfigOption(*command, options->config);
+    command->callback([options, work, &run] { run = [options, work] { return work(*options); }; });
+}
+
+}  // namespace
+
+void addDatabase(CLI::App& program, Run& run) {
+    auto* group = program.add_subcommand("database", "Make or check the embedded databases");
+    group->require_subcommand(1);
+    add(*group, run, "create", "Make the databases with the first rows", &create);
+    add(*group, run, "demo", "Fill empty databases with the demonstration hospital", &demo);
+    add(*group, run, "check", "Say what is wrong with the databases", &check);
+}
+
+}  // namespace app

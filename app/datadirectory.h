@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include "db/databases.h"
+#include "web/config.h"
+
+namespace app {
+
+/// Throws std::runtime_error with one line where the directory is missing or cannot be written to.
+void requireDataDirectory(const std::filesystem::path& data);
+
+/// The data-source table: the four embedded databases of the directory, but for what the configuration says otherwise.
+std::map<std::string, db::Source> dataSources(const std::filesystem::path& data, const web::Config& config);
+
+/// Opens each database once. Throws db::Error for one that is missing or no database.
+void requireDatabases(db::DataSources& sources);
+
+/// Where the sessions' program directories lie.
+std::filesystem::path sessionsDirectory(const std::filesystem::path& data);
+
+}  // namespace app

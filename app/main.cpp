@@ -1,0 +1,53 @@
+#include <iostream>
+
+#include "app/commands.h"
+
+namespace app {
+
+void addDataOption(CLI::App& command, std::string& data) {
+    command.add_option("--data", data, "Directory of the databases")->required()->type_name("DIR");
+}
+
+void addConfigOption(CLI::App& command, std::string& config) {
+    command.add_option("--config", config, "Configuration file")->type_name("FILE");
+}
+
+web::Config readConfig(const std::string& file) {
+    return web::readConfig(file.empty() ? std::nullopt : std::optional<std::filesystem::path>(file),
+                           web::processEnvironment());
+}
+
+namespace {
+
+int runProgram(int argc, char** argv) {
+    CLI::App program("Vorel Nursing, the nurses' module of a hospital suite", "vorel");
+    program.set_version_flag("--version", "Vorel Nursing " VOREL_VERSION);
+    program.require_subcommand(1);
+    program.failure_message([](const CLI::App* /*program*/, const CLI::Error& error) {
+        return "vorel: " + std::string(error.what()) + "; see --help\n";
+    });
+    Run run;
+    addServe(program, run);
+    addDatabase(program, run);
+    addUser(program, run);
+    addDrive(program, run);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return program.exit(error);
+    }
+    return run();
+}
+
+}  // namespace
+
+}  // namespace app
+
+int main(int argc, char** argv) {
+    try {
+        return app::runProgram(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "vorel: " << error.what() << '\n';
+        return 1;
+    }
+}

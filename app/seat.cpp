@@ -1,0 +1,44 @@
+#include "app/seat.h"
+
+#include "core/loadsession.h"
+#include "shell/screens.h"
+#include "ui/samples.h"
+
+namespace app {
+
+namespace {
+
+core::Settings settings(const web::Config& config, const ui::SignedIn& who, const std::filesystem::path& directory) {
+    core::Settings settings;
+    settings.programDirectory = directory;
+    settings.computerName = who.workstation;
+    settings.osUserName = who.user;
+    settings.encodingTable = encodingTable(config);
+    return settings;
+}
+
+}  // namespace
+
+NurseSeat::NurseSeat(db::DataSources& sources, const web::Config& config, const std::filesystem::path& sessions,
+                     const ui::SignedIn& who, ui::EventLoop& loop, bool samples)
+    : directory_(sessions, suiteFiles(config, who.user)),
+      place_(sources, loop, settings(config, who, directory_.path())),
+      samples_(samples) {
+    shell::provideScreens(place_);
+    if (samples_) desktop().provide("frmSamples", [this] { return ui::makeSamples(desktop()); });
+}
+
+void NurseSeat::start() {
+    core::LoadSession(place_);
+    if (samples_) desktop().show("frmSamples");
+}
+
+SuiteFiles suiteFiles(const web::Config& config, const std::string& user) {
+    return {user, config.serverName, config.hospitalNumber, std::filesystem::path(config.webRoot) / "program"};
+}
+
+std::string encodingTable(const web::Config& config) {
+    return config.encodingTable.empty() ? std::string(core::Settings::builtInEncodingTable()) : config.encodingTable;
+}
+
+}  // namespace app

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/programdirectory.h"
+#include "core/workplace.h"
+#include "ui/seat.h"
+#include "web/config.h"
+
+namespace app {
+
+/// A nurse's session in the host: her program directory and her work place.
+class NurseSeat : public ui::Seat {
+public:
+    /// `samples` opens the page of sample controls beside the main window.
+    NurseSeat(db::DataSources& sources, const web::Config& config, const std::filesystem::path& sessions,
+              const ui::SignedIn& who, ui::EventLoop& loop, bool samples = false);
+
+    ui::Desktop& desktop() override { return place_.desktop; }
+    void start() override;
+    void idle() override { place_.databases.idle(); }
+    void failed() override { place_.databases.rollbackAll(); }
+    [[nodiscard]] std::filesystem::path programDirectory() const override { return directory_.path(); }
+    [[nodiscard]] std::string hospitalName() const override { return place_.session.gHospitalName; }
+
+private:
+    ProgramDirectory directory_;
+    core::Workplace place_;
+    bool samples_;
+};
+
+/// What the suite would leave beside the program for this user.
+SuiteFiles suiteFiles(const web::Config& config, const std::string& user);
+
+/// The configured table, or the built-in one.
+std::string encodingTable(const web::Config& config);
+
+}  // namespace app

@@ -1,0 +1,98 @@
+#include <sys/resource.h>
+
+#include <csignal>
+#include <iostream>
+
+#include "app/commands.h"
+#include "app/datadirectory.h"
+#include "app/seat.h"
+#include "shell/signin.h"
+#include "web/host.h"
+
+namespace app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ServeOptions {
+    std::string data;
+    std::string config;
+    std::string address;
+    int port = -1;
+    bool samples = false;
+};
+
+web::Config configOf(const ServeOptions& options) {
+    auto config = readConfig(options.config);
+    if (!options.address.empty()) config.address = options.address;
+    if (options.port >= 0) config.port = options.port;
+    web::requireServable(config);
+    return config;
+}
+
+/// Every page and every database line takes a file handle: as many as the system gives.
+void raiseFileLimit() {
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+    limit.rlim_cur = limit.rlim_max;
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+web::Authenticate authenticateBy(db::DataSources& sources, const web::Config& config) {
+    shell::SignInSettings settings;
+    settings.encodingTable = encodingTable(config);
+    return [&sources, settings](const web::Attempt& attempt) -> web::AuthResult {
+        using Outcome = web::AuthResult::Outcome;
+        const auto result = shell::signIn(sources, settings, attempt.user, attempt.password);
+        switch (result.outcome) {
+            case shell::SignInOutcome::ok:
+                return {Outcome::accepted, result.user};
+            case shell::SignInOutcome::notNurse:
+                return {Outcome::notNurse};
+            case shell::SignInOutcome::unavailable:
+                web::log(web::Level::error, "sign-in-unavailable", {{"error", result.text}});
+                return {Outcome::unavailable};
+            case shell::SignInOutcome::refused:
+                break;
+        }
+        return {Outcome::refused};
+    };
+}
+
+int serve(const ServeOptions& options) {
+    const web::Config config = configOf(options);
+    web::setLogLevel(*web::levelNamed(config.logLevel));
+    requireDataDirectory(options.data);
+    db::DataSources sources(dataSources(options.data, config));
+    requireDatabases(sources);
+    const fs::path sessions = sessionsDirectory(options.data);
+    removeOrphans(sessions);
+    raiseFileLimit();
+    std::signal(SIGPIPE, SIG_IGN);  // a log that nobody reads any more is no reason to go
+
+    web::Host host(config, authenticateBy(sources, config), [&](const ui::SignedIn& who, ui::EventLoop& loop) {
+        return std::make_unique<NurseSeat>(sources, config, sessions, who, loop, options.samples);
+    });
+    host.stopOnSignals();
+    std::cout << "Vorel Nursing is at " << host.url() << std::endl;
+    host.run();
+    return 0;
+}
+
+}  // namespace
+
+void addServe(CLI::App& program, Run& run) {
+    auto* command = program.add_subcommand("serve", "Serve the nurses' pages");
+    auto options = std::make_shared<ServeOptions>();
+    addDataOption(*command, options->data);
+    addConfigOption(*command, options->config);
+    command->add_option("--address", options->address, "Address to listen on (127.0.0.1)")->type_name("A");
+    command->add_option("--port", options->port, "Port to listen on (8080); 0 takes a free one")
+        ->type_name("P")
+        ->check(CLI::Range(0, 65535));
+    command->add_flag("--samples", options->samples, "Open a page with every kind of control in each session");
+    command->callback([options, &run] { run = [options] { return serve(*options); }; });
+}
+
+}  // namespace app

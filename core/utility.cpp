@@ -1,0 +1,128 @@
+#include "core/utility.h"
+
+#include "core/form.h"
+#include "db/command.h"
+
+namespace core {
+namespace {
+
+using namespace db::literals;
+
+/// A time of day as the "short time" form has it: no seconds.
+db::DateTime shortTime(db::DateTime moment) {
+    const auto seconds = moment.timeOfDay().seconds();
+    return db::DateTime::fromSeconds(seconds - seconds % 60);
+}
+
+void stampLogout(const Session& session, db::Recordset& activity) {
+    activity.set("LogoutDate", session.gServerNow.date());
+    activity.set("LogoutTime", shortTime(session.gServerNow));
+}
+
+/// The trail's columns are known by their places alone.
+void writeLoginTrail(db::Connection& connection, const std::string& userName, const char* outcome, db::DateTime now) {
+    auto trail = connection.read("SELECT * FROM LoginTrail"_sql);
+    const auto columns = trail.fields();
+    const auto iso = now.isoDate();
+    trail.addNew();
+    trail.set(columns.at(0), userName);
+    trail.set(columns.at(1), outcome);
+    trail.set(columns.at(2), iso.substr(8, 2) + "-" + iso.substr(5, 2) + "-" + iso.substr(0, 4));
+    trail.set(columns.at(3), now.isoTime());
+    trail.update();
+}
+
+}  // namespace
+
+db::DateTime GetServerNow(Workplace& place) {
+    const auto clock = place.hospital().read("select sysDT from qrySysDateTime"_sql);
+    return clock.empty() ? db::DateTime() : clock["sysdt"].moment();
+}
+
+void splitServerClock(Session& session) {
+    session.gServerDate = session.gServerNow.date();
+    session.gServerTime = shortTime(session.gServerNow);
+}
+
+void refreshServerClock(Workplace& place) {
+    place.session.gServerNow = GetServerNow(place);
+    splitServerClock(place.session);
+}
+
+void OpenUserActivity(Workplace& place, bool isLogout, bool autoLogoff, const std::string& remarks) {
+    trapped(place, [&] {
+        auto& session = place.session;
+        session.gServerNow = GetServerNow(place);
+        auto& hospital = place.hospital();
+        db::Transaction transaction(hospital);
+        auto activity = hospital.read("select * from UserActivities where 1=2"_sql);
+        activity.addNew();
+        activity.set("username", session.gUserName);
+        activity.set("LoginDate", session.gServerNow.date());
+        activity.set("LoginTime", shortTime(session.gServerNow));
+        activity.set("islogout", isLogout);
+        activity.set("AppVersion", place.settings.version.major);
+        if (isLogout) stampLogout(session, activity);
+        activity.set("AutoLogoff", autoLogoff);
+        activity.set("Remarks", remarks);
+        activity.update();
+        // Within the same transaction the highest number is this run's.
+        const auto own = hospital.read("select top 1 SNO from UserActivities order by SNO desc"_sql);
+        const auto number = own["SNO"].int32();
+        transaction.commit();
+        session.gActivitySNo = number;
+    });
+}
+
+void CloseUserActivity(Workplace& place, bool isLogout, bool autoLogoff, const std::string& /*remarks*/) {
+    trapped(place, [&] {
+        auto& session = place.session;
+        session.gForcedLogoff = false;
+        session.gServerNow = GetServerNow(place);
+        auto activity = place.hospital().read("select * from UserActivities where SNO="_sql + session.gActivitySNo);
+        if (activity.empty()) return;
+        activity.set("islogout", isLogout);
+        if (isLogout) stampLogout(session, activity);
+        activity.set("AutoLogoff", autoLogoff);
+        activity.set("Remarks", session.gModuleRole);
+        activity.update();
+    });
+}
+
+void WriteLoginTrailSuccess(db::Connection& connection, const std::string& userName, db::DateTime now) {
+    writeLoginTrail(connection, userName, "Successful Logon", now);
+}
+
+void WriteLoginTrailFailure(db::Connection& connection, const std::string& userName, db::DateTime now) {
+    writeLoginTrail(connection, userName, "Failed Logon", now);
+}
+
+void AuditTrail(Workplace& place, const std::string& userName, const std::string& userAction,
+                const std::string& tranCode, const std::string& remarks, const std::string& src) {
+    using enum db::Command::Type;
+    trapped(place, [&] {
+        const auto& session = place.session;
+        db::Command command(place.hospital(), "SpAudiTrail");
+        command.append("@userName", varText, 50, userName);
+        command.append("@userAction", varText, 1000, userAction);
+        command.append("@ActionDate", dateTime, 10, session.gServerNow.date());
+        command.append("@ActionTime", dateTime, 10, shortTime(session.gServerNow));
+        command.append("@TranCode", varText, 50, tranCode);
+        command.append("@Remarks", varText, 1000, remarks);
+        command.append("@Src", varText, 100, src + ": from " + session.gModuleRole);
+        command.execute();
+    });
+}
+
+int WaitWithEvents(Workplace& place, std::chrono::milliseconds wait,
+                   const std::vector<std::function<bool()>>& handles) {
+    int signalled = waitTimedOut;
+    place.desktop.loop().runFor(wait, [&] {
+        for (std::size_t i = 0; i < handles.size() && signalled == waitTimedOut; ++i)
+            if (handles[i]()) signalled = static_cast<int>(i);
+        return signalled != waitTimedOut;
+    });
+    return signalled;
+}
+
+}  // namespace core

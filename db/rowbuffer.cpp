@@ -1,0 +1,60 @@
+#include "db/rowbuffer.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "db/letters.h"
+
+namespace db {
+
+namespace {
+
+constexpr double moneyUnits = 10000;
+
+Bytes bytesOf(std::string_view content) {
+    Bytes bytes(content.size());
+    if (!content.empty()) std::memcpy(bytes.data(), content.data(), content.size());
+    return bytes;
+}
+
+/// A text that is no moment stays a text: the reader of the cell then gets the type error.
+Value momentOrText(std::string_view text) {
+    const auto moment = DateTime::parse(text);
+    return moment ? Value(*moment) : Value(text);
+}
+
+bool isMoment(RowBuffer::Reading reading) noexcept {
+    using Reading = RowBuffer::Reading;
+    return reading == Reading::date || reading == Reading::time || reading == Reading::datetime;
+}
+
+}  // namespace
+
+std::size_t RowBuffer::column(std::string_view name) const noexcept {
+    std::size_t column = 0;
+    while (column < names_.size() && !sameName(names_[column], name)) ++column;
+    return column;
+}
+
+Value RowBuffer::value(std::size_t row, std::size_t column) const {
+    const auto& cell = cells_[row * names_.size() + column];
+    const auto reading = readings_[column];
+    switch (cell.kind) {
+        case Kind::integer:
+            if (reading == Reading::flag) return cell.content.integer != 0;
+            if (reading == Reading::money) return static_cast<double>(cell.content.integer);
+            return cell.content.integer;
+        case Kind::number:
+            if (reading == Reading::money) return std::round(cell.content.number * moneyUnits) / moneyUnits;
+            return cell.content.number;
+        case Kind::text:
+            return isMoment(reading) ? momentOrText(arena(cell)) : Value(arena(cell));
+        case Kind::bytes:
+            return bytesOf(arena(cell));
+        case Kind::null:
+            break;
+    }
+    return Null{};
+}
+
+}  // namespace db

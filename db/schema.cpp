@@ -1,0 +1,85 @@
+#include "db/schema.h"
+
+#include <system_error>
+
+#include "db/error.h"
+#include "db/scripts.h"
+#include "db/sqlite/engine.h"
+
+namespace fs = std::filesystem;
+
+namespace db {
+namespace {
+
+const std::vector<std::string> companions = {"", "-wal", "-shm", "-journal"};
+
+void removeFile(const fs::path& file) {
+    for (const auto& companion : companions) {
+        std::error_code ignored;
+        fs::remove(fs::path(file) += companion, ignored);
+    }
+}
+
+/// Opens one database file and calls `work` with a connection to it; all lines are closed behind it.
+template <typename Work>
+void onFile(const std::string& database, const fs::path& file, Work work) {
+    ServerClock clock;
+    const std::map<std::string, Source> sisters;
+    const Recorder none;
+    EnginePool pool(database, Source{"sqlite", file.string()}, sisters, clock);
+    Connection connection(database, pool, none);
+    work(connection);
+}
+
+void requireVersion(Connection& connection) {
+    const auto rows = connection.read("select max(version) as version from SchemaVersion"_sql);
+    const auto version = rows.empty() ? 0 : rows["version"].int32Or(0);
+    if (version != schemaVersion)
+        throw Error(Category::other, "its schema has version " + std::to_string(version) + ", this program needs " +
+                                         std::to_string(schemaVersion));
+}
+
+/// The file grows under another name and takes its own when it is whole and closed.
+void createFile(const std::string& database, const fs::path& file) {
+    const fs::path growing = fs::path(file) += ".new";
+    removeFile(growing);
+    try {
+        createSqliteFile(growing);
+        onFile(database, growing, [](Connection& connection) { createSchema(connection); });
+        fs::rename(growing, file);
+    } catch (...) {
+        removeFile(growing);
+        throw;
+    }
+}
+
+[[noreturn]] void refuse(const fs::path& file, const char* what, const std::string& operation) {
+    throw Error(Category::other, file.string() + ": " + what, operation);
+}
+
+}  // namespace
+
+void createDatabases(const fs::path& directory) {
+    if (!fs::is_directory(directory)) refuse(directory, "no such directory", "create databases");
+    for (const auto& [database, source] : DataSources::embedded(directory)) {
+        const fs::path file = source.location;
+        try {
+            if (fs::exists(file))
+                onFile(database, file, requireVersion);
+            else
+                createFile(database, file);
+        } catch (const std::exception& error) {  // an Error, or what the file system says
+            refuse(file, error.what(), "create " + database);
+        }
+    }
+}
+
+void createSchema(Connection& connection) {
+    const auto statements = schemaStatements(connection.database());
+    if (statements.empty()) throw Error(Category::other, "There is no schema for " + connection.database());
+    Transaction transaction(connection);
+    for (const auto& statement : statements) connection.execute(scriptSql(statement));
+    transaction.commit();
+}
+
+}  // namespace db

@@ -1,0 +1,2 @@
+insert into AccountMonth (Period) values ('2026-11')
+GO

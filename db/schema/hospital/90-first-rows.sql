@@ -1,0 +1,69 @@
+-- The rows without which nothing starts, and a value for every setting that is read.
+
+insert into hHospital (HospitalNo, hname, Address, PhoneNo)
+values ('001', 'Vorel Hospital', '14 Marina Road, Lagos', '08030001000')
+GO
+insert into AppDefaults (ID, idval) values
+    ('PRIVATE', '0001'),
+    ('NHISFEE', '10'),
+    ('LockPrice', 'YES'),
+    ('Consult_Revtype', 'CONSULTATION'),
+    ('AcctPostOn', 'NO'),
+    ('AcctPostType', 'BATCH'),
+    ('AUTO_TRAN_NO', 'YES'),
+    ('AcctCostCenter', '001'),
+    ('AcctNoPOS', '1010'),
+    ('AcctNoCheque', '1020'),
+    ('AcctNoTransfer', '1030'),
+    ('AcctNoCash', '1040'),
+    ('AcctNoOthers', '0000'),
+    ('CashAccountIndex', '1'),
+    ('ARAccountIndex', '2'),
+    ('AcctNoSales', '4010'),
+    ('AcctNoSalesInv', '4020'),
+    ('LockOldVersion', 'YES'),
+    ('LockDiscount', 'NO'),
+    ('LockDebt', 'NO'),
+    ('TranxStartDateForDebt', '01-Jan-06'),
+    ('AutoUpdateTariff', 'NO'),
+    ('AppLocation', 'Lagos'),
+    ('LockAttendanceForInPatients', 'YES'),
+    ('LockMultipleAttendnace', 'YES'),
+    ('CallDefaults', 'HOURLY'),
+    ('shutDown', 'NO'),
+    ('SearchValue', '20'),
+    ('EnableDOBExport', 'NO'),
+    ('SearchWaitTime', '3000'),
+    ('Revtype_Consult', 'CONSULTATION'),
+    ('LockSignedBill', 'YES'),
+    ('RevType_Drug', 'TREATMENT'),
+    ('RevType_Misc', 'PROFESSIONAL FEE'),
+    ('Clinic_PhoneNo', '08030001000'),
+    ('Clinic_Period', 'Between 10am - 3pm'),
+    ('Hospital_Archive_Exists', 'NO'),
+    ('Admission_Limit_Exists', 'YES'),
+    ('Private_Pays_Deposit_Before_Admission', 'YES'),
+    ('Assign_Doctors_to_Consulting_Rooms', 'NO'),
+    ('Assign_Patients_to_Doctors', 'YES'),
+    ('Show_Nurses_As_Doctors', 'NO')
+GO
+insert into appSettings (ID, idval, idval2, idval3, idval5) values
+    ('RECEIPT', null, null, null, 'A5'),
+    ('LAB', 'LABSERVER', 'Laboratory', 'LAB', 'A4')
+GO
+insert into Roles (RoleID, LoginRole, MinVer) values
+    (101, 'NURSING', 1),
+    (102, 'MANAGEMENT', 1),
+    (103, 'CONSULTING', 1)
+GO
+insert into idgen (destNAme, id, prefix, digits, suffix) values
+    ('PATIENT2', 0, '', 9, '/001'),
+    ('ConsultID2', 0, '001', 9, '')
+GO
+insert into hRetainership (retainID, retainName, retainCode, ClientType, clientcatID, RegAmount, ConAmount,
+    CardRenewAmount)
+values ('0001', 'PRIVATE', 'PRIVATE', 'PRIVATE', 'PRIVATE', 5000, 3000, 2000)
+GO
+insert into hDepts (DeptName) values
+    ('NURSING'), ('CONSULTING'), ('PHARMACY'), ('LABORATORY'), ('RECORDS'), ('BILLING')
+GO

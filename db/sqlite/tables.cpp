@@ -1,0 +1,114 @@
+#include <algorithm>
+
+#include "db/dialect_lexer.h"
+#include "db/error.h"
+#include "db/letters.h"
+#include "db/sqlite/sqliteengine.h"
+
+namespace db::sqlite {
+namespace {
+
+std::string lowered(std::string_view name) {
+    std::string result(name);
+    std::transform(result.begin(), result.end(), result.begin(), lower);
+    return result;
+}
+
+std::string_view text(sqlite3_stmt* statement, int column) {
+    const auto* content = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return content == nullptr ? std::string_view() : content;
+}
+
+std::string assignments(const std::vector<std::string>& columns, std::size_t firstPlace, const char* between) {
+    std::string result;
+    for (const auto& column : columns)
+        result += (result.empty() ? "" : between) + dialect::quoted(column) + " = ?" + std::to_string(firstPlace++);
+    return result;
+}
+
+}  // namespace
+
+const Table* SqliteEngine::table(std::string_view name) {
+    requireUsable();
+    auto* info = tableInfo(name);
+    return info == nullptr ? nullptr : &info->table;
+}
+
+/// Tables only come into being, so what is known once stays.
+SqliteEngine::TableInfo* SqliteEngine::tableInfo(std::string_view name) {
+    auto key = lowered(name);
+    if (const auto known = tables_.find(key); known != tables_.end()) return known->second.get();
+    auto info = std::make_unique<TableInfo>();
+    const auto ready = prepare(
+        "select m.name, c.name, c.type, c.pk from sqlite_master m, pragma_table_info(m.name) c"
+        " where m.type = 'table' and m.name = ?1 collate nocase order by c.cid");
+    auto* statement = ready.statement.get();
+    const Value wanted(key);
+    line_.check(bind(statement, 1, wanted), "bind");
+    int code = SQLITE_OK;
+    while ((code = sqlite3_step(statement)) == SQLITE_ROW) {
+        info->table.name = text(statement, 0);
+        const auto type = text(statement, 2);
+        const bool isKey = sqlite3_column_int(statement, 3) > 0;
+        // Only an identity is declared with this name of the type.
+        info->table.columns.push_back({std::string(text(statement, 1)), isKey, isKey && type == "INTEGER"});
+        info->kinds.push_back(columnKind(type));
+    }
+    line_.check(code, "read a table's columns");
+    if (info->table.columns.empty()) return nullptr;
+    return tables_.emplace(std::move(key), std::move(info)).first->second.get();
+}
+
+Prepared& SqliteEngine::preparedRow(const std::string& sql, const TableInfo& info,
+                                    const std::vector<std::string>& columns) {
+    if (auto* known = statements_.find(sql)) return *known;
+    auto fresh = prepare(sql);
+    fresh.object = info.table.name;
+    for (const auto& column : columns) {
+        const auto& all = info.table.columns;
+        const auto found =
+            std::find_if(all.begin(), all.end(), [&](const auto& known) { return sameName(known.name, column); });
+        if (found == all.end()) throw Error(Category::syntax, "Invalid column name '" + column + "'.", "write a row");
+        fresh.kinds.push_back(info.kinds[static_cast<std::size_t>(found - all.begin())]);
+    }
+    return statements_.add(sql, std::move(fresh));
+}
+
+Outcome SqliteEngine::insertRow(const Table& table, const std::vector<std::string>& columns,
+                                const std::vector<Value>& values) {
+    requireUsable();
+    std::string names;
+    std::string places;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        names += (i == 0 ? "" : ", ") + dialect::quoted(columns[i]);
+        places += (i == 0 ? "?" : ", ?") + std::to_string(i + 1);
+    }
+    auto sql = "insert into " + dialect::quoted(table.name);
+    sql += columns.empty() ? " default values" : " (" + names + ") values (" + places + ")";
+    return runRow(preparedRow(sql, *tableInfo(table.name), columns), values, {});
+}
+
+Outcome SqliteEngine::updateRow(const Table& table, const std::vector<std::string>& columns,
+                                const std::vector<Value>& values, const std::vector<std::string>& keys,
+                                const std::vector<Value>& keyValues) {
+    requireUsable();
+    if (columns.empty()) return {};
+    if (keys.empty()) throw Error(Category::other, "The row has no key.", "update a row");
+    const auto sql = "update " + dialect::quoted(table.name) + " set " + assignments(columns, 1, ", ") + " where " +
+                     assignments(keys, columns.size() + 1, " and ");
+    auto all = columns;
+    all.insert(all.end(), keys.begin(), keys.end());
+    return runRow(preparedRow(sql, *tableInfo(table.name), all), values, keyValues);
+}
+
+Outcome SqliteEngine::runRow(Prepared& ready, const std::vector<Value>& values, const std::vector<Value>& keyValues) {
+    const Use use(ready.statement.get());
+    for (std::size_t i = 0; i < ready.kinds.size(); ++i) {
+        const auto& value = i < values.size() ? values[i] : keyValues.at(i - values.size());
+        line_.check(bindColumn(ready.statement.get(), static_cast<int>(i) + 1, value, ready.kinds[i]), "bind");
+    }
+    step(ready, nullptr);
+    return outcome(ready);
+}
+
+}  // namespace db::sqlite

@@ -1,0 +1,89 @@
+#include "shell/mdivorel.h"
+
+#include "core/loadsession.h"
+#include "shell/menu.h"
+
+using namespace db::literals;
+
+namespace shell {
+
+MdiVorel::MdiVorel(core::Workplace& place) : Form(place, "MdiVorel", "") {
+    buildMenu();
+    for (ui::Control* held : std::initializer_list<ui::Control*>{&cmdExpired, &cmdComm, &cmdNotify, &cmdCommView})
+        held->heldBy(Picture1);
+    for (ui::Label* held : {&lblServer, &lblDate, &lblTime}) held->heldBy(Frame1);
+    Picture1.on("DblClick", [this] { Picture1_DblClick(); });
+}
+
+void MdiVorel::buildMenu() {
+    for (const MenuHeading& heading : mainMenu()) {
+        const auto& parent = menu_.emplace_back(*this, heading.name, heading.caption);
+        menu_.back().setVisible(heading.visible);
+        for (const MenuEntry& entry : heading.entries) {
+            auto& item = menu_.emplace_back(*this, entry.name, entry.caption, &parent);
+            item.setVisible(entry.visible);
+            if (const auto& run = entry.action.run) item.on("Click", [this, &run] { run(*this); });
+        }
+    }
+}
+
+void MdiVorel::load() {
+    desktop().setMain(*this);
+    place().mainWindow = this;
+    SbrVorel.setPanel(3, session().gUserFullName + " : Please Log off your User Account when Necessary");
+    SbrVorel.setPanel(1, session().gModuleRole);
+    dynamic_cast<ui::MenuItem&>(*find("mnuEPE")).setCaption("Log Off " + session().gUserName);
+    setCaption(session().gModuleRole + " (Ver " + std::to_string(place().settings.version.major) + ") : @ " +
+               session().gAppLocation);
+    showClock();
+    core::OpenUserActivity(place(), false, false, session().gModuleRole);
+}
+
+void MdiVorel::showClock() {
+    lblDate.setCaption(session().gServerDate.shortDate());
+    lblTime.setCaption(session().gServerTime.shortTime());
+}
+
+bool MdiVorel::queryUnload() {
+    if (session().gForcedLogoff) leave(true);
+    if (confirmed(" Do you want to Exit the Application?", "Exit Application")) leave(false);
+    return false;
+}
+
+void MdiVorel::leave(bool automatic) {
+    core::CloseUserActivity(place(), true, automatic, session().gModuleRole);
+    place().endProcess();
+}
+
+void MdiVorel::mnuEPE_Click() {
+    core::CloseUserActivity(place(), true, false, session().gModuleRole + "/SELF");
+    hide();
+    place().endProcess();
+}
+
+void MdiVorel::mnuRDef_Click() {
+    core::LoadSession(place());
+}
+
+void MdiVorel::mnuPrint_Click() {
+    if (const ui::Screen* child = desktop().activeChild()) desktop().print(*child);
+}
+
+void MdiVorel::mnuAS_Click() {
+    message("This information is already in the system");
+}
+
+bool MdiVorel::isManagement() {
+    bool management = false;
+    trapped([&] {
+        management = !hospital()
+                          .read("select username from vwusers where loginrole = 'MANAGEMENT' and username='"_sql +
+                                session().gUserName + "'")
+                          .empty();
+        if (!management)
+            message("This Action requires Management Permission to Discharge Patient on Discharge Overdue List");
+    });
+    return management;
+}
+
+}  // namespace shell

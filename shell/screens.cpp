@@ -1,0 +1,11 @@
+#include "shell/screens.h"
+
+#include "shell/mdivorel.h"
+
+namespace shell {
+
+void provideScreens(core::Workplace& place) {
+    place.desktop.provide("MdiVorel", [&place] { return std::make_unique<MdiVorel>(place); });
+}
+
+}  // namespace shell

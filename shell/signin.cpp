@@ -1,0 +1,75 @@
+#include "shell/signin.h"
+
+#include "core/utility.h"
+#include "shell/username.h"
+
+using namespace db::literals;
+
+namespace shell {
+namespace {
+
+/// What the database knows of an account that may sign in.
+struct Account {
+    std::string name;
+    std::string encoded;
+};
+
+Account findAccount(db::Connection& hospital, const std::string& user) {
+    if (!isUserName(user)) return {};
+    const auto rows = hospital.read("SELECT Username, Password FROM vwUsers WHERE Username = '"_sql + user +
+                                    "' AND AccountStatus = 'Enabled'");
+    if (rows.empty()) return {};
+    return {rows["Username"].text(), rows["Password"].textOr()};
+}
+
+bool isNurse(db::Connection& hospital, const std::string& user) {
+    return !hospital.read("SELECT Username FROM vwUsers WHERE Username = '"_sql + user + "' AND loginrole = 'NURSING'")
+                .empty();
+}
+
+/// Compares in a time that depends on the typed text alone, which whoever types knows already.
+bool sameText(std::string_view typed, std::string_view stored) noexcept {
+    const std::string_view against = stored.empty() ? std::string_view("-") : stored;
+    volatile unsigned difference = typed.size() == stored.size() ? 0 : 1;
+    for (std::size_t i = 0; i < typed.size(); ++i)
+        difference = difference | static_cast<unsigned char>(typed[i] ^ against[i % against.size()]);
+    return difference == 0;
+}
+
+SignInOutcome judge(db::Connection& hospital, const Account& account, std::string_view encoded) {
+    const bool same = sameText(encoded, account.encoded);
+    if (!same || encoded.empty()) return SignInOutcome::refused;
+    return isNurse(hospital, account.name) ? SignInOutcome::ok : SignInOutcome::notNurse;
+}
+
+/// The name as the trail can hold it: what was typed may be of any length and hold any bytes.
+std::string trailName(std::string_view typed) {
+    const std::string_view name = firstCharacters(typed, longestName);
+    return printable(name) ? std::string(name) : "(unreadable name)";
+}
+
+SignInResult check(db::DataSources& sources, const SignInSettings& settings, const std::string& user,
+                   const std::string& password) {
+    db::Databases databases(sources);
+    auto& hospital = databases.named("Hospital");
+    // Characters without an encoded form are dropped, as in every password of the suite.
+    const std::string encoded = core::EncodeText(password, settings.encodingTable, [] {});
+    const Account account = findAccount(hospital, user);
+    const SignInOutcome outcome = judge(hospital, account, encoded);
+    const bool ok = outcome == SignInOutcome::ok;
+    (ok ? core::WriteLoginTrailSuccess : core::WriteLoginTrailFailure)(hospital, trailName(user), settings.clock());
+    return {outcome, ok ? account.name : std::string(), {}};
+}
+
+}  // namespace
+
+SignInResult signIn(db::DataSources& sources, const SignInSettings& settings, const std::string& user,
+                    const std::string& password) noexcept {
+    try {
+        return check(sources, settings, user, password);
+    } catch (const std::exception& error) {
+        return {SignInOutcome::unavailable, {}, error.what()};
+    }
+}
+
+}  // namespace shell

@@ -1,0 +1,121 @@
+#include <filesystem>
+
+#include "shell/mdivorel.h"
+
+using namespace db::literals;
+
+namespace shell {
+namespace {
+
+/// One half of a flash; the first shows the first colour.
+template <typename Widget>
+void flash(Widget& widget, bool& flashed, int first, int second) {
+    widget.setBackColor(flashed ? second : first);
+    flashed = !flashed;
+}
+
+}  // namespace
+
+void MdiVorel::Timer1_Timer() {
+    tmrSound.setRunning(false);
+    try {
+        // The checks overwrite one another on purpose: the last one decides whether anything flashes or rings.
+        watchPatients();
+        watchAdmissions();
+        watchNotifications();
+        tmrSound.setRunning(session().gAnythingWaiting);
+    } catch (const std::exception&) {
+        // A box every minute would keep the nurse from her work; the next tick tries again.
+    }
+}
+
+void MdiVorel::watchPatients() {
+    const bool waiting =
+        !hospital()
+             .read(
+                 "select recDate as Date,hTime as Time,pSurname as Surname,pfirstName as FirstName,Age,ClinicType "
+                 "from qryhPatListForNurse where recDate ='"_sql +
+                 session().gServerDate + "' and attendedTo=0")
+             .empty();
+    session().gPatientsWaiting = waiting;
+    session().gWatchTimersOn = waiting;
+    flashNotify(waiting);
+}
+
+void MdiVorel::watchAdmissions() {
+    const bool waiting =
+        !hospital()
+             .read("select Date,Time,Patient,Sex,Age,Coyname,Doctor,RoomNo from vwAdmissionWaitList where date ='"_sql +
+                   session().gServerDate + "'")
+             .empty();
+    session().gAdmissionsWaiting = waiting;
+    flashNotify(waiting);
+}
+
+void MdiVorel::watchNotifications() {
+    const bool waiting =
+        !hospital()
+             .read(
+                 "select SNo, Date, Time, Fullname, Remarks as Drug, AttendedTo, ConsultID FROM  "
+                 "vwhNotify where NotifyDept='"_sql +
+                 session().gModuleRole + "' and Date='" + session().gServerDate + "' order by SNo Desc")
+             .empty();
+    // An empty list clears the flag of the admissions: that of the notifications stays once it is set.
+    (waiting ? session().gNotificationsWaiting : session().gAdmissionsWaiting) = waiting;
+    flashNotify(waiting);
+}
+
+void MdiVorel::flashNotify(bool waiting) {
+    session().gAnythingWaiting = waiting;
+    tmrNotify.setRunning(waiting);
+    if (!waiting) tmrMDI.setRunning(false);
+}
+
+void MdiVorel::Timer2_Timer() {
+    trapped([&] {
+        auto expired = hospital().read(
+            "select ClientCat,ExtendAdmissionLimitTo from qryhAdmission  where ClientCat in ('PHIS','NHIS','HMO') and  "
+            "getDate()>= IsNull(ExtendAdmissionLimitTo,getDate())"_sql);
+        for (; !expired.eof(); expired.moveNext()) {
+            const std::string scheme = expired["clientCat"].textOr();
+            const bool managed = scheme == "NHIS" || scheme == "PHIS" || scheme == "HMO";
+            tmrExpired.setRunning(managed);
+            if (managed) return;
+        }
+    });
+}
+
+void MdiVorel::Timer3_Timer() {
+    trapped([&] {
+        session().gServerNow = core::GetServerNow(place());
+        // A server that gave no moment leaves the zero date: the display keeps what it has.
+        if (session().gServerNow.parts().year <= 1900) return;
+        core::splitServerClock(session());
+        showClock();
+    });
+}
+
+void MdiVorel::tmrExpired_Timer() {
+    flash(cmdExpired, expiredFlashed_, red, cyan);
+}
+
+void MdiVorel::tmrNotify_Timer() {
+    flash(cmdNotify, notifyFlashed_, calm, red);
+}
+
+void MdiVorel::tmrMDI_Timer() {
+    session().gPatientsWaiting = false;
+    flash(Picture1, pictureFlashed_, calm, red);
+}
+
+void MdiVorel::tmrSound_Timer() {
+    if (soundTicks_ != 1) {
+        ++soundTicks_;
+        return;
+    }
+    soundTicks_ = 0;
+    const std::string ring = "ring1.wav";
+    if (std::filesystem::exists(place().programFile(ring))) desktop().sound(ring);
+}
+
+}  // namespace shell

@@ -1,0 +1,204 @@
+import assert from "node:assert/strict";
+import test from "node:test";
+
+import {atWork, box, control, focused, input, picture, says, turnTo, useHost} from "./support/work.mjs";
+
+const house = useHost();
+let page;
+test.beforeEach(async () => (page = await atWork(house)));
+test.afterEach(async () => {
+    assert.deepEqual(page.problems, []);
+    await page.context().close();
+});
+
+test("texts: filters, length, Enter, leaving and coming", async () => {
+    for (const [name, typed, shown] of [["txtTemp", "3a6.8.1", "36.81"], ["txtPulse", "7x2999", "729"], ["txtCode", "ab1", "AB1"]]) {
+        await input(page, name).pressSequentially(typed);
+        await page.waitForFunction(([path, text]) => document.querySelector(`[data-control="${path}"] input`).value === text,
+                                   [`frmSamples.${name}`, shown]);
+    }
+    await box(page).waitFor();  // the temperature was left too long
+    await page.keyboard.press("Enter");
+    await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmSamples.txtTemp");
+    await input(page, "txtTemp").fill("36.8");
+    await input(page, "txtName").fill("Ada");
+    await page.keyboard.press("Enter");
+    await says(page, "Name: Ada");
+    await page.keyboard.press("Tab");
+    await says(page, "Left the name");
+    await input(page, "txtCode").focus();
+    await says(page, "Came to the code");
+    assert.equal(await input(page, "txtLocked").isDisabled(), true);
+    assert.equal(await input(page, "txtPassword").getAttribute("type"), "password");
+});
+
+test("a filter's answer never meets newer typing", async () => {
+    const name = input(page, "txtName");
+    const text = "the quick brown fox jumps over the lazy dog";
+    await name.pressSequentially(text);
+    await page.waitForTimeout(300);
+    assert.equal(await name.inputValue(), text);
+});
+
+test("a combo narrows as one types and is picked by keyboard; a list-only one takes nothing else", async () => {
+    await input(page, "cboDrug").pressSequentially("para");
+    assert.deepEqual(await control(page, "cboDrug", "[role=option]").allTextContents(), ["Paracetamol 500 mg", "Paracetamol syrup"]);
+    await page.keyboard.press("ArrowDown");
+    await page.keyboard.press("ArrowDown");
+    await page.keyboard.press("Enter");
+    await says(page, "Drug: Paracetamol syrup");
+    await input(page, "cboWard").pressSequentially("mat");
+    await page.keyboard.press("Enter");
+    await says(page, "Ward: Maternity");
+    await input(page, "cboWard").fill("nowhere");
+    await page.keyboard.press("Tab");
+    assert.equal(await input(page, "cboWard").inputValue(), "Maternity");
+});
+
+test("a date is set, cleared and blank", async () => {
+    await input(page, "dtVisit").fill("2026-11-24");
+    await says(page, "Visit: 2026-11-24");
+    await control(page, "dtVisit", ".v-clear").click();
+    await says(page, "No visit");
+    await input(page, "dtTime").fill("09:30");
+    await page.reload();
+    await input(page, "dtTime").waitFor();
+    assert.equal(await input(page, "dtTime").inputValue(), "09:30");
+});
+
+test("marks, options of one group, and what a panel holds", async () => {
+    await input(page, "chkFasting").check();
+    await says(page, "Fasting");
+    await input(page, "optMale").check();
+    await says(page, "Male");
+    await page.keyboard.press("ArrowDown");
+    await says(page, "Female");
+    assert.equal(await input(page, "optMale").isChecked(), false);
+    await input(page, "chkHold").check();
+    await page.locator("[data-control='frmSamples.txtHeld'] input:disabled").waitFor();
+    assert.equal(await control(page, "chkDay(3)").count(), 1);
+});
+
+test("a grid sorts, narrows and pages, and tells the session its own row numbers", async () => {
+    const rows = control(page, "grdData", "tbody tr");
+    const first = () => rows.first().locator("td").nth(2).textContent();
+    assert.equal(await rows.count(), 10);
+    assert.equal(await page.getByRole("columnheader", {name: "consultID"}).count(), 0);
+    await page.getByRole("button", {name: "Age"}).click();
+    await page.getByRole("button", {name: "Age"}).click();
+    const oldest = Number(await first());
+    assert.equal(oldest, 97);
+    await rows.first().click();
+    const number = await rows.first().locator("td").first().textContent();
+    await says(page, `Patient: ${number}`);
+    await page.keyboard.press("Enter");
+    await says(page, `Opened: ${number} C${Number(number.slice(1))}`);
+    await page.keyboard.press("ArrowDown");
+    await says(page, `Patient: ${await rows.nth(1).locator("td").first().textContent()}`);
+    await control(page, "grdData", ".v-filter").fill("zainab");
+    assert.match(await control(page, "grdData", ".v-count").textContent(), /^\d of 25 rows$/);
+    await control(page, "grdData", ".v-filter").fill("");
+    await page.getByRole("button", {name: "Next page"}).click();
+    assert.match(await control(page, "grdData", ".v-count").textContent(), /page 2 of 3/);
+    await picture(page, "samples-grid");
+});
+
+test("lists, trees and marks work by keyboard", async () => {
+    await turnTo(page, "Lists");
+    await says(page, "Page 2");
+    await control(page, "lstBeds", "[role=listbox]").focus();
+    await page.keyboard.press("ArrowDown");
+    await says(page, "Bed 1");
+    await page.keyboard.press("End");
+    await says(page, "Bed 12");
+    await page.keyboard.press("Enter");
+    await says(page, "Opened: Bed 12");
+    await control(page, "treeUnits", "[role=treeitem]").first().focus();
+    await page.keyboard.press("ArrowRight");
+    await page.keyboard.press("Enter");
+    await says(page, "Unit: Male");
+    await control(page, "lvwTests", "[role=listbox]").focus();
+    await page.keyboard.press("ArrowDown");
+    await page.keyboard.press(" ");
+    await says(page, "Haemoglobin checked");
+    await picture(page, "samples-lists");
+});
+
+test("a grid of cells, a focus that brings its page, a chart with its table, a picture", async () => {
+    await control(page, "cmdFocus", "button").click();
+    await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmSamples.cmdAddLine");
+    await page.keyboard.press("Enter");
+    await control(page, "OrderGrid", "tbody tr[data-row]").click();
+    await control(page, "cmdRemoveLine", "button").click();
+    await control(page, "OrderGrid", ".v-empty").waitFor();
+    await turnTo(page, "Trend");
+    await control(page, "chtTrend", "summary").click();
+    assert.deepEqual(await control(page, "chtTrend", "tbody tr").nth(2).locator("td").allTextContents(), ["", "84"]);
+    assert.ok(await control(page, "picPhoto", "img").evaluate((image) => image.decode().then(() => image.naturalWidth > 0)));
+    await page.waitForTimeout(500);
+    await picture(page, "samples-trend");
+});
+
+test("boxes stand on the safe answer and give the keyboard back", async () => {
+    await control(page, "cmdAsk", "button").click();
+    await box(page).waitFor();
+    assert.equal(await page.evaluate(() => document.activeElement.textContent), "No");
+    await page.keyboard.press("Enter");
+    await says(page, "Not saved");
+    assert.equal(await focused(page), "frmSamples.cmdAsk");
+    await page.keyboard.press("Enter");
+    await page.keyboard.press("Alt+y");
+    await says(page, "Saved");
+    await control(page, "cmdInput", "button").click();
+    await box(page).locator("input").fill("36");
+    await page.keyboard.press("Enter");
+    await says(page, "Hours: 36");
+    await control(page, "cmdInput", "button").click();
+    await box(page).waitFor();
+    await page.keyboard.press("Escape");
+    await says(page, "No hours");
+    await control(page, "cmdFile", "button").click();
+    await box(page).locator("input[type=file]").setInputFiles({name: "photo.jpg", mimeType: "image/jpeg", buffer: Buffer.from("x")});
+    await box(page).getByRole("button", {name: "OK"}).click();
+    await says(page, "File: .jpg");
+    await control(page, "cmdDelete", "button").click();
+    await box(page).filter({hasText: "Nothing to delete"}).waitFor();
+    await picture(page, "box");
+    await page.keyboard.press("Enter");
+});
+
+test("a modal screen holds the keyboard until it is gone", async () => {
+    await control(page, "cmdModal", "button").click();
+    await page.locator("dialog.v-modal[open]").waitFor();
+    assert.equal(await focused(page), "frmSampleModal.txtReason");
+    await picture(page, "modal");
+    await page.keyboard.press("Escape");
+    await says(page, "The modal screen is gone");
+    assert.equal(await focused(page), "frmSamples.cmdModal");
+});
+
+test("a report opens as a page of its own, and as CSV", async () => {
+    const opened = page.context().waitForEvent("page");
+    await control(page, "cmdReport", "button").click();
+    const report = await opened;
+    await report.getByRole("heading", {name: "Sample patients"}).waitFor();
+    await picture(report, "report");
+    const [file] = await Promise.all([page.waitForEvent("download"), page.getByRole("link", {name: "Download as CSV"}).click()]);
+    assert.match(file.suggestedFilename(), /\.csv$/);
+});
+
+test("the ring is fetched from the session", async () => {
+    const sound = page.waitForResponse((response) => response.url().endsWith("/program/ring1.wav"));
+    await control(page, "cmdRing", "button").click();
+    assert.ok([200, 206].includes((await sound).status()));
+});
+
+test("closing asks, and No keeps the screen", async () => {
+    await page.getByRole("button", {name: "Close Samples"}).click();
+    await box(page).waitFor();
+    await page.keyboard.press("Enter");
+    await input(page, "txtName").waitFor();
+    await page.getByRole("button", {name: "Close Samples"}).click();
+    await box(page).getByRole("button", {name: "Yes"}).click();
+    await page.getByText("Choose an entry in the menu").waitFor();
+});

@@ -1,0 +1,224 @@
+#include "db/connection.h"
+
+#include <gtest/gtest.h>
+
+#include "db/command.h"
+#include "fakeengine.h"
+
+namespace {
+
+using db::Category;
+using db::operator""_sql;
+using Log = std::vector<std::string>;
+
+template <typename Work>
+std::optional<Category> failure(Work&& work) {
+    try {
+        work();
+        return std::nullopt;
+    } catch (const db::Error& error) {
+        return error.category();
+    }
+}
+
+class ConnectionTest : public testing::Test {
+protected:
+    void execute() { connection.execute("delete T"_sql); }
+
+    FakeServer server;
+    db::EnginePool pool{server.opener()};
+    db::Recorder recorder;
+    db::Connection connection{"Hospital", pool, recorder};
+};
+
+TEST_F(ConnectionTest, BorrowsAtTheFirstStatementAndGivesBackWhenIdle) {
+    EXPECT_EQ(server.opened, 0);
+    execute();
+    connection.idle();
+    db::Connection other("Hospital", pool, recorder);
+    other.execute("delete U"_sql);
+    EXPECT_EQ(server.opened, 1) << "the second session got the idle line";
+    execute();
+    EXPECT_EQ(server.opened, 2);
+}
+
+TEST_F(ConnectionTest, KeepsItsLineWhileATransactionIsOpen) {
+    connection.beginTrans();
+    connection.idle();
+    execute();
+    connection.commitTrans();
+    EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "execute delete T", "commit"}));
+}
+
+TEST_F(ConnectionTest, OnlyTheOutermostCommitWrites) {
+    db::Transaction outer(connection);
+    db::Transaction inner(connection);
+    inner.commit();
+    EXPECT_TRUE(connection.inTransaction());
+    outer.commit();
+    EXPECT_FALSE(connection.inTransaction());
+    EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "commit"}));
+}
+
+TEST_F(ConnectionTest, AnInnerRollbackDoomsTheOuterCommit) {
+    db::Transaction outer(connection);
+    { db::Transaction inner(connection); }
+    { db::Transaction(connection).commit(); }
+    execute();
+    EXPECT_EQ(failure([&] { outer.commit(); }), Category::other);
+    EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "execute delete T", "rollback"}));
+    db::Transaction(connection).commit();
+    EXPECT_EQ(server.takeLog(), (Log{"begin", "commit"})) << "the next transaction is whole";
+}
+
+TEST_F(ConnectionTest, AnOuterRollbackClearsTheDoom) {
+    { db::Transaction outer(connection), inner(connection); }
+    EXPECT_NO_THROW(db::Transaction(connection).commit());
+    EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "rollback", "begin", "commit"}));
+}
+
+TEST_F(ConnectionTest, CommitWithoutATransactionFailsAndRollbackDoesNothing) {
+    EXPECT_EQ(failure([&] { connection.commitTrans(); }), Category::other);
+    connection.rollbackTrans();
+    EXPECT_TRUE(server.log.empty());
+}
+
+TEST_F(ConnectionTest, AFailedBeginOrCommitLeavesNoTransaction) {
+    server.failures["begin"] = Category::other;
+    EXPECT_THROW(db::Transaction{connection}, db::Error);
+    EXPECT_FALSE(connection.inTransaction());
+
+    db::Transaction transaction(connection);
+    server.failures["commit"] = Category::busy;
+    EXPECT_EQ(failure([&] { transaction.commit(); }), Category::busy);
+    EXPECT_FALSE(connection.inTransaction());
+    EXPECT_EQ(server.log.back(), "rollback");
+}
+
+TEST_F(ConnectionTest, AFailedStatementLeavesTheTransactionOpen) {
+    db::Transaction transaction(connection);
+    server.failures["execute"] = Category::constraint;
+    EXPECT_EQ(failure([&] { execute(); }), Category::constraint);
+    execute();
+    EXPECT_NO_THROW(transaction.commit());
+}
+
+TEST_F(ConnectionTest, ALostLineIsReplacedAtTheNextStatement) {
+    execute();
+    server.failures["execute"] = Category::lostConnection;
+    EXPECT_EQ(failure([&] { execute(); }), Category::lostConnection);
+    EXPECT_EQ(server.closed, 1) << "dropped, not given back";
+    execute();
+    EXPECT_EQ(server.opened, 2);
+}
+
+/// What follows the loss in the same save must not be written by itself.
+TEST_F(ConnectionTest, ALostLineTakesItsTransactionAlong) {
+    {
+        db::Transaction outer(connection);
+        server.failures["execute"] = Category::lostConnection;
+        EXPECT_EQ(failure([&] { execute(); }), Category::lostConnection);
+        server.log.clear();
+        EXPECT_EQ(failure([&] { execute(); }), Category::lostConnection);
+        EXPECT_EQ(failure([&] { db::Transaction inner(connection); }), Category::lostConnection);
+        EXPECT_EQ(failure([&] { outer.commit(); }), Category::lostConnection);
+        EXPECT_TRUE(server.log.empty());
+    }
+    execute();
+    EXPECT_EQ(server.takeLog(), (Log{"open", "execute delete T"}));
+
+    connection.beginTrans();
+    server.failures["read"] = Category::lostConnection;
+    EXPECT_THROW(static_cast<void>(connection.read("select 1"_sql)), db::Error);
+    connection.rollbackTrans();
+    EXPECT_FALSE(connection.inTransaction());
+    EXPECT_NO_THROW(execute());
+}
+
+TEST_F(ConnectionTest, ADatabaseOutOfReachFailsUntilItIsBack) {
+    server.failures["open"] = Category::lostConnection;
+    EXPECT_EQ(failure([&] { connection.beginTrans(); }), Category::lostConnection);
+    EXPECT_FALSE(connection.inTransaction());
+    EXPECT_NO_THROW(execute());
+}
+
+TEST_F(ConnectionTest, ErrorsNameTheOperationAndTheDatabase) {
+    server.failures["execute"] = Category::constraint;
+    try {
+        execute();
+        FAIL();
+    } catch (const db::Error& error) {
+        EXPECT_STREQ(error.what(), "failed: execute");
+        EXPECT_EQ(error.operation(), "execute on Hospital");
+    }
+}
+
+TEST_F(ConnectionTest, TheRecorderSeesEachStatementBeforeItRuns) {
+    std::vector<db::Statement> seen;
+    recorder = [&](const db::Statement& statement) { seen.push_back(statement); };
+    connection.execute("delete T where a='"_sql + std::string("x") + "'");
+    static_cast<void>(connection.read("select 1"_sql));
+    db::Command(connection, "getIDNo").append("DestName", db::Command::Type::varText, 50, "PATIENT2").execute();
+
+    ASSERT_EQ(seen.size(), 3U);
+    EXPECT_EQ(seen[0].text, "delete T where a='x'");
+    EXPECT_EQ(seen[0].database, "Hospital");
+    EXPECT_TRUE(seen[0].writes());
+    EXPECT_FALSE(seen[1].writes());
+    EXPECT_EQ(seen[2].text, "getIDNo");
+    EXPECT_EQ(seen[2].parameters.at(0).second, db::Value("PATIENT2"));
+    EXPECT_EQ(server.log.back(), "call getIDNo @DestName=PATIENT2");
+}
+
+TEST_F(ConnectionTest, ARecorderThatThrowsStopsTheStatement) {
+    recorder = [](const db::Statement&) { throw db::Error(Category::injected, "Injected failure"); };
+    EXPECT_EQ(failure([&] { execute(); }), Category::injected);
+    EXPECT_EQ(failure([&] { static_cast<void>(connection.read("select 1"_sql)); }), Category::injected);
+    EXPECT_EQ(failure([&] { db::Command(connection, "P").execute(); }), Category::injected);
+    EXPECT_TRUE(server.log.empty());
+}
+
+TEST_F(ConnectionTest, ABrokenStatementNeverReachesTheEngine) {
+    EXPECT_EQ(failure([&] { connection.execute("delete T where a='"_sql + std::string("'") + "'"); }),
+              Category::syntax);
+    EXPECT_EQ(server.takeLog(), (Log{"open"}));
+}
+
+TEST_F(ConnectionTest, CommandsCheckTypesAndSizes) {
+    using Type = db::Command::Type;
+    const auto day = db::DateTime::of(2026, 11, 24);
+    const struct {
+        const char* name;
+        Type type;
+        int size;
+        db::Value value;
+        std::optional<std::string> sent;
+    } cases[] = {
+        {"text of the size", Type::varText, 3, "abc", "abc"},
+        {"text too long", Type::varText, 3, "abcd", {}},
+        {"characters, not bytes", Type::varText, 3, "Ọmọ", "Ọmọ"},
+        {"characters too many", Type::varText, 2, "Ọmọ", {}},
+        {"null", Type::varText, 3, {}, "null"},
+        {"number as a text", Type::varText, 3, 12, "12"},
+        {"bytes as a text", Type::varText, 3, db::Bytes(1), {}},
+        {"moment", Type::dateTime, 10, day, "24-Nov-2026"},
+        {"text of a moment", Type::dateTime, 10, "09:30", "09:30:00"},
+        {"text of no moment", Type::dateTime, 10, "today", {}},
+        {"number as a moment", Type::dateTime, 10, 5, {}},
+        {"integer", Type::integer, 4, -7, "-7"},
+        {"text of an integer", Type::integer, 4, "12", "12"},
+        {"fraction as an integer", Type::integer, 4, 1.5, {}},
+        {"beyond an integer", Type::integer, 4, 3e9, {}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        db::Command command(connection, "P");
+        const auto category = failure([&] { command.append("@p", each.type, each.size, each.value).execute(); });
+        EXPECT_EQ(category, each.sent ? std::nullopt : std::optional(Category::type));
+        if (each.sent) {
+            EXPECT_EQ(server.log.back(), "call P @p=" + *each.sent);
+        }
+    }
+}
+
+}  // namespace

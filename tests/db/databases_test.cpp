@@ -1,0 +1,142 @@
+#include "db/databases.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <set>
+#include <thread>
+
+#include "fakeengine.h"
+
+namespace {
+
+using db::Category;
+using db::DataSources;
+
+TEST(Databases, OpenReadsTheDatabaseOfAConnectionString) {
+    DataSources sources(DataSources::embedded("nowhere"));
+    db::Databases databases(sources);
+    const struct {
+        const char* text;
+        const char* database;
+    } cases[] = {
+        {"Driver={SQL Server};Server=S;Database=Hospital;UID=u;PWD=p", "Hospital"},
+        {"Driver={SQL Server};Server=S;Database=SmsCenter", "SmsCenter"},
+        {"database = HospitalArchive ;UID=u", "HospitalArchive"},
+        {"DATABASE=accounting", "Accounting"},
+        {"Server=Database;;=;Database={Hospital}", "Hospital"},
+    };
+    for (const auto& [text, database] : cases) EXPECT_EQ(databases.open(text).database(), database) << text;
+    EXPECT_EQ(&databases.open("Database=Hospital;UID=a"), &databases.open("UID=b;Database=hospital"))
+        << "one connection a session and database";
+}
+
+TEST(Databases, AnUnknownDatabaseIsNamedAndThePasswordIsNot) {
+    DataSources sources(DataSources::embedded("nowhere"));
+    db::Databases databases(sources);
+    for (const auto* text : {"Database=Payroll;UID=u;PWD=secret", "Server=Payroll;PWD=secret", "Database=;PWD=secret",
+                             "MyDatabase=Hospital;PWD=secret", ""}) {
+        try {
+            databases.open(text);
+            FAIL() << text;
+        } catch (const db::Error& error) {
+            const std::string description = error.what();
+            EXPECT_EQ(error.category(), Category::lostConnection);
+            EXPECT_EQ(description.find("secret"), std::string::npos);
+            if (std::string_view(text).starts_with("Database=P")) {
+                EXPECT_EQ(description, "Cannot open database \"Payroll\": no data source serves it.");
+            }
+        }
+    }
+}
+
+TEST(Databases, AnUnknownEngineIsAnErrorOfTheFirstStatement) {
+    DataSources sources({{"Hospital", {"abacus", "x"}}});
+    EXPECT_THROW(sources.pool("Hospital").borrow(), db::Error);
+}
+
+TEST(ServerClock, RunsUntilItIsStopped) {
+    db::ServerClock clock;
+    const auto before = db::DateTime::now();
+    EXPECT_GE(clock.now(), before);
+    clock.stopAt(db::DateTime::of(2026, 11, 24, 9, 30));
+    EXPECT_EQ(clock.now().iso(), "2026-11-24 09:30:00");
+}
+
+TEST(EnginePool, KeepsAFewIdleLinesAndClosesTheRest) {
+    FakeServer server;
+    {
+        db::EnginePool pool(server.opener());
+        std::vector<std::unique_ptr<db::Engine>> lines;
+        for (int i = 0; i < 20; ++i) lines.push_back(pool.borrow());
+        for (auto& line : lines) pool.giveBack(std::move(line));
+        EXPECT_EQ(server.opened, 20);
+        EXPECT_EQ(server.closed, 12);
+    }
+    EXPECT_EQ(server.closed, 20);
+}
+
+TEST(EnginePool, NeverHandsOutADeadLine) {
+    FakeServer server;
+    db::EnginePool pool(server.opener());
+    auto first = pool.borrow();
+    pool.giveBack(pool.borrow());
+    pool.giveBack(std::move(first));
+    server.alive = false;
+    const auto line = pool.borrow();
+    EXPECT_EQ(server.opened, 3);
+    EXPECT_EQ(server.closed, 2);
+}
+
+TEST(EnginePool, ADatabaseInMemoryHasOneLine) {
+    FakeServer server;
+    db::EnginePool pool(server.opener(), true);
+    server.failures["open"] = Category::lostConnection;
+    EXPECT_THROW(pool.borrow(), db::Error);
+
+    auto line = pool.borrow();
+    try {
+        pool.borrow();
+        FAIL();
+    } catch (const db::Error& error) {
+        EXPECT_EQ(error.category(), Category::busy);
+    }
+    const auto* first = line.get();
+    pool.giveBack(std::move(line));
+    EXPECT_EQ(pool.borrow().get(), first);
+    EXPECT_EQ(server.opened, 1);
+}
+
+TEST(EnginePool, ServesThreadsAtOnce) {
+    FakeServer server;
+    std::mutex opening;
+    db::EnginePool pool([&]() -> std::unique_ptr<db::Engine> {
+        const std::lock_guard lock(opening);
+        return std::make_unique<FakeEngine>(server);
+    });
+    std::mutex using_;
+    std::set<db::Engine*> out;
+    std::atomic<int> shared = 0;
+    const auto work = [&] {
+        for (int i = 0; i < 500; ++i) {
+            auto line = pool.borrow();
+            {
+                const std::lock_guard lock(using_);
+                if (!out.insert(line.get()).second) ++shared;
+            }
+            {
+                const std::lock_guard lock(using_);
+                out.erase(line.get());
+            }
+            pool.giveBack(std::move(line));
+        }
+    };
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 4; ++i) threads.emplace_back(work);
+    }
+    EXPECT_EQ(shared, 0);
+    EXPECT_LE(server.opened, 4);
+}
+
+}  // namespace

@@ -1,0 +1,246 @@
+#include "db/schema.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <thread>
+
+#include "db/command.h"
+#include "db/error.h"
+#include "db/sqlite/functions.h"
+#include "tests/db/hospital.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace db::literals;
+
+class SchemaFiles : public testing::Test {
+protected:
+    SchemaFiles() {
+        auto pattern = (fs::temp_directory_path() / "vorel-schema-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary directory");
+        directory = pattern;
+    }
+    ~SchemaFiles() override {
+        std::error_code ignored;
+        fs::remove_all(directory, ignored);
+    }
+    [[nodiscard]] fs::path file(const std::string& name = "Hospital.db") const { return directory / name; }
+    void write(const std::string& name, const std::string& content) const {
+        std::ofstream(file(name), std::ios::binary) << content;
+    }
+    /// Runs a statement of the engine's own on the hospital's file, past the program.
+    void meddle(const std::string& statement) const {
+        sqlite3* line = nullptr;
+        ASSERT_EQ(sqlite3_open(file().c_str(), &line), SQLITE_OK);
+        db::ServerClock clock;
+        db::sqlite::registerFunctions(line, clock);
+        EXPECT_EQ(sqlite3_exec(line, statement.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(line);
+        sqlite3_close(line);
+    }
+    [[nodiscard]] std::vector<std::string> check() const {
+        db::DataSources sources(db::DataSources::embedded(directory));
+        db::Databases databases(sources);
+        return db::checkDatabases(databases);
+    }
+    [[nodiscard]] std::string refusal(const fs::path& where) const {
+        try {
+            db::createDatabases(where);
+            return {};
+        } catch (const db::Error& error) {
+            return error.what();
+        }
+    }
+    fs::path directory;
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(SchemaFiles, CreatesWhatIsMissingAndKeepsWhatIsThere) {
+    db::createDatabases(directory);
+    EXPECT_EQ(check(), Lines{});
+    meddle("update hHospital set hname = 'Kept'");
+    fs::remove(file("SmsCenter.db"));
+    db::createDatabases(directory);
+    EXPECT_EQ(check(), Lines{});
+    db::DataSources sources(db::DataSources::embedded(directory));
+    db::Databases databases(sources);
+    EXPECT_EQ(databases.named("Hospital").read("select hname from hHospital"_sql)["hname"].text(), "Kept");
+}
+
+TEST_F(SchemaFiles, NoDirectoryNoDatabaseNoOtherVersion) {
+    EXPECT_NE(refusal(directory / "nowhere").find("no such directory"), std::string::npos);
+    EXPECT_NE(refusal("/proc/self").find("/proc/self/"), std::string::npos);  // nothing can be written there
+    write("SmsCenter.db", "This is a letter to a patient and no database. " + std::string(4096, '.'));
+    EXPECT_NE(refusal(directory).find("SmsCenter.db"), std::string::npos);
+    fs::remove(file("SmsCenter.db"));
+    db::createDatabases(directory);
+    meddle("insert into SchemaVersion (version) values (99)");
+    EXPECT_NE(refusal(directory).find("version 99"), std::string::npos);
+    EXPECT_EQ(check().size(), 1U);
+}
+
+TEST_F(SchemaFiles, AnInterruptedRunLeavesADatabaseWholeOrAbsent) {
+    write("Hospital.db.new", "half of a file");
+    write("Hospital.db.new-wal", "half of a log");
+    for (const auto milliseconds : {5, 20, 40, 80, 150}) {
+        const auto child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            try {
+                db::createDatabases(directory);
+            } catch (...) {
+                _exit(1);
+            }
+            _exit(0);
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        for (const auto& line : check())
+            EXPECT_FALSE(fs::exists(file(line.substr(0, line.find(':')) + ".db"))) << milliseconds << ": " << line;
+    }
+    db::createDatabases(directory);
+    EXPECT_EQ(check(), Lines{});
+    for (const auto& entry : fs::directory_iterator(directory))
+        EXPECT_EQ(entry.path().string().find(".new"), std::string::npos) << entry.path();
+}
+
+TEST_F(SchemaFiles, CheckNamesWhatIsWrong) {
+    const std::pair<std::string, Lines> cases[] = {
+        {"drop view qryhBabyDischarge", {"Hospital: the view qryhBabyDischarge is missing"}},
+        {"drop index IX_hRecords_PNo", {"Hospital: the index IX_hRecords_PNo is missing"}},
+        {"drop view vwhComments; drop table hComments",
+         {"Hospital: the table hComments is missing", "Hospital: the index IX_hComments_Dept is missing",
+          "Hospital: the view vwhComments is missing"}},
+        {"drop view qryhEDD; create view qryhEDD as select dtEdd from hNobody", {"Hospital: the view qryhEDD: "}},
+    };
+    for (const auto& [statement, expected] : cases) {
+        db::createDatabases(directory);
+        meddle(statement);
+        const auto wrong = check();
+        ASSERT_EQ(wrong.size(), expected.size()) << statement;
+        for (std::size_t i = 0; i < wrong.size(); ++i) EXPECT_TRUE(wrong[i].starts_with(expected[i])) << wrong[i];
+        fs::remove(file());
+    }
+}
+
+TEST_F(SchemaFiles, CheckSeesADamagedFileAndAMissingOne) {
+    db::createDatabases(directory);
+    fs::remove(file("Accounting.db"));
+    {
+        std::fstream damaged(file(), std::ios::in | std::ios::out | std::ios::binary);
+        const auto size = static_cast<std::streamoff>(fs::file_size(file()));
+        for (std::streamoff at = size / 2; at < size; at += 1024) damaged.seekp(at) << "damaged";
+    }
+    const auto wrong = check();
+    const auto about = [&](const std::string& name) {
+        return std::any_of(wrong.begin(), wrong.end(), [&](auto& line) { return line.starts_with(name + ":"); });
+    };
+    EXPECT_TRUE(about("Hospital"));
+    EXPECT_TRUE(about("Accounting"));
+    EXPECT_FALSE(about("SmsCenter"));
+}
+
+TEST(Schema, NumbersHaveTheirFormsAndRise) {
+    test::MemoryDatabases memory;
+    const auto next = [&](const char* name) {
+        db::Command command(memory.hospital(), "getIDNo");
+        command.append("DestName", db::Command::Type::varText, 50, name);
+        const auto rows = command.execute();
+        return rows.empty() ? "" : rows["getIDNo"].text();
+    };
+    EXPECT_EQ(next("PATIENT2"), "000000001/001");
+    EXPECT_EQ(next("patient2"), "000000002/001");
+    EXPECT_EQ(next("ConsultID2"), "001000000001");
+    memory.hospital().execute("update idgen set id=122 where destNAme='PATIENT2'"_sql);
+    memory.hospital().execute("update idgen set id=999999998 where destNAme='ConsultID2'"_sql);
+    EXPECT_EQ(next("PATIENT2"), "000000123/001");
+    EXPECT_EQ(next("ConsultID2"), "001999999999");
+    EXPECT_EQ(next("NOBODY"), "");
+}
+
+TEST(Schema, TheAuditProcedureKeepsWhatItIsGiven) {
+    test::MemoryDatabases memory;
+    db::Command command(memory.hospital(), "SpAudiTrail");
+    const auto text = db::Command::Type::varText;
+    const auto moment = db::Command::Type::dateTime;
+    command.append("@userName", text, 50, "ada").append("@userAction", text, 1000, "It's done");
+    command.append("@ActionDate", moment, 10, "24-Nov-2026").append("@ActionTime", moment, 10, "09:30");
+    command.append("@TranCode", text, 50, "001000000001").append("@Remarks", text, 1000, db::Null{});
+    command.append("@Src", text, 100, "WARD-3: from NURSING").execute();
+    const auto row = memory.hospital().read("select * from hAuditTrail"_sql);
+    ASSERT_EQ(row.rowCount(), 1U);
+    EXPECT_EQ(row["userAction"].text(), "It's done");
+    EXPECT_EQ(row["ActionDate"].moment(), db::DateTime::of(2026, 11, 24));
+    EXPECT_EQ(row["ActionTime"].text(), "09:30:00");
+    EXPECT_TRUE(row["Remarks"].isNull());
+}
+
+/// Each statement reads or changes few rows of large tables: no step of its plan may walk through one of them.
+TEST(Schema, KeyedStatementsUseAnIndex) {
+    test::MemoryDatabases memory;
+    const std::string text = "000000001/001";
+    const auto date = db::DateTime::of(2026, 11, 24);
+    const db::Sql statements[] = {
+        "select pno from qryhVisitsForToday where pno='"_sql + text + "'",
+        "select recDate as Date,hTime as Time,pSurname as Surname,pfirstName as FirstName,Age,ClinicType from "
+        "qryhPatListForNurse where recDate ='"_sql +
+            date + "' and attendedTo=0",
+        "select Age,OldPNo,Sex from qryhPatListForNurse where consultID='"_sql + text + "'",
+        "select Date,Time,Patient,Sex,Age,Coyname,Doctor,RoomNo from vwAdmissionWaitList where date ='"_sql + date +
+            "'",
+        "select SNo, Date, Time, Fullname, Remarks as Drug, AttendedTo, ConsultID FROM  vwhNotify where NotifyDept='"_sql +
+            text + "' and Date='" + date + "' order by SNo Desc",
+        "select SNo, Date, Time, Fullname, Comment, Dept, AttendedTo, ConsultID FROM  vwhComments where dept='"_sql +
+            text + "' and Date='" + date + "' order by SNo Desc",
+        "select ClientCat,ExtendAdmissionLimitTo from qryhAdmission  where ClientCat in ('PHIS','NHIS','HMO') and  "
+        "getDate()>= IsNull(ExtendAdmissionLimitTo,getDate())"_sql,
+        "select * from qryhAdmission order by fullname"_sql,
+        "select * from qryhAdmission where consultID='"_sql + text + "'",
+        "select * from qryhAdmission where PNo='"_sql + text + "'",
+        "select * from qryhvitalsigns where predate = '"_sql + date + "'",
+        "select * from qryhVitalSigns where consultID = '"_sql + text + "' order by predate desc,pretime desc",
+        "select * from qryhNewBabies where bdate = '"_sql + date + "'",
+        "select * from qryhAdmissionForToday where admdate = '"_sql + date + "'",
+        "select * from qryhDischargedX where dischdate = '"_sql + date + "'",
+        "select * from qryhEDD"_sql,
+        "select * from qryhBabyDischarge"_sql,
+        "SELECT EmpID, Fullname,username,loginrole,hname FROM vwUsers WHERE Username = '"_sql + text +
+            "'  and loginrole='" + text + "'",
+        "select * from UserActivities where SNO="_sql + 7,
+        "select top 1  ANCInfo  from hPatients where PNo='"_sql + text + "'",
+        "select top 1 ClientID, (ISNULL(AmountBilled , 0) + ISNULL(dbo.Billing.DebtBF, 0)) - (ISNULL(Discount, 0) + "
+        "ISNULL(AmountPaid, 0)) as Balance from Billing where PNo='"_sql +
+            text + "' order by ID desc",
+        "update hPatients set isRev = 1, DebtBF="_sql + 0 + ", Debt=" + 0 + " where pno = '" + text + "'",
+        "update hAdmission set  ExtendAdmissionLimitTo='"_sql + date + "' where ConsultID='" + text + "'",
+        "Update hComments set AttendedTo='YES' where Dept='"_sql + text + "'",
+    };
+    for (const auto& statement : statements) {
+        const auto steps = memory.plan(statement);
+        EXPECT_FALSE(steps.empty()) << statement.text();
+        for (const auto& step : steps) {
+            const bool small = step.ends_with("SCAN h");  // the one row of hHospital
+            EXPECT_TRUE(small || step.find("SCAN") == std::string::npos) << statement.text() << "\n" << step;
+        }
+    }
+    // The newest row by its key: a walk that stops at once.
+    for (const auto& statement :
+         {"select top 1 SNO from UserActivities order by SNO desc"_sql,
+          "select top 1 PNO from hPatients  order by PNO  desc"_sql,
+          "select top 1 ConsultID from hRecords where substring(consultID,1,3) = '001' order by "
+          "recID  desc"_sql})
+        for (const auto& step : memory.plan(statement))
+            EXPECT_EQ(step.find("TEMP B-TREE"), std::string::npos) << statement.text() << "\n" << step;
+}
+
+}  // namespace

@@ -1,0 +1,217 @@
+#include <fstream>
+#include <thread>
+
+#include "tests/db/line.h"
+
+namespace {
+
+using db::Category;
+using test::failureOf;
+using test::Folder;
+using test::Line;
+using Reading = db::RowBuffer::Reading;
+
+const char* const allTypes =
+    "create table T (id int identity(10,1) primary key, name varchar(5) not null unique, small smallint, flag bit,"
+    " ratio float, amount money, day date, hour time, moment datetime default getdate(), body image, long ntext);"
+    "create view V as select id, name, flag, day, moment as at, amount from T";
+
+class Sqlite : public testing::Test {
+protected:
+    Sqlite() { line.script(allTypes); }
+    Line line;
+};
+
+TEST_F(Sqlite, RefusesWhatAColumnCannotHold) {
+    line.run("insert T (name) values ('taken')");
+    const struct {
+        const char* statement;
+        Category category;
+        const char* description;
+    } cases[] = {
+        {"insert T (name) values ('\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9')", Category::other, "nothing"},
+        {"insert T (name) values ('longer')", Category::type, "String or binary data would be truncated."},
+        {"insert T (name) values (null)", Category::constraint,
+         "Cannot insert the value NULL into column 'name', table 'T'; column does not allow nulls."},
+        {"insert T (name) values ('TAKEN ')", Category::type, "String or binary data would be truncated."},
+        {"insert T (name) values ('TAKEN')", Category::constraint,
+         "Violation of UNIQUE KEY constraint. Cannot insert duplicate key in object 'T'."},
+        {"update T set small=40000", Category::type, "Arithmetic overflow error for an integer, column 'small'."},
+        {"update T set small='x'", Category::type,
+         "Conversion failed when converting a value to an integer, column 'small'."},
+        {"update T set flag=2", Category::type, "Conversion failed when converting a value to a bit, column 'flag'."},
+        {"update T set ratio='x'", Category::type, "Error converting a text to a number, column 'ratio'."},
+        {"update T set day='31-Feb-2026'", Category::type,
+         "Conversion failed when converting date and/or time from character string."},
+        {"select nosuch from T", Category::syntax, "Invalid column name 'nosuch'."},
+        {"select * from nosuch", Category::syntax, "Invalid object name 'nosuch'."},
+        {"select cast('x' as int)", Category::type, "Conversion failed when converting a text to an integer."},
+        {"select cast(300 as tinyint)", Category::type, "Arithmetic overflow error converting to an integer."},
+        {"select dateadd(year, 9000, getdate())", Category::type,
+         "Adding a value to a 'datetime' column caused an overflow."},
+        {"create table T (a int)", Category::other, "table \"T\" already exists"},
+    };
+    for (const auto& test : cases) {
+        const auto [category, description] = failureOf([&] { line.read(test.statement); });
+        EXPECT_EQ(description, test.description) << test.statement;
+        EXPECT_EQ(category, test.category) << test.statement;
+    }
+    EXPECT_EQ(line.rows("select name, small from T"), "taken|null/\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9|null");
+}
+
+TEST_F(Sqlite, StoresDatesInOneForm) {
+    const struct {
+        const char* text;
+        const char* day;
+        const char* hour;
+        const char* moment;
+    } cases[] = {
+        {"24-Nov-2026 9:30", "2026-11-24", "09:30:00", "2026-11-24 09:30:00"},
+        {"2026-11-24", "2026-11-24", "00:00:00", "2026-11-24 00:00:00"},
+        {"", "1900-01-01", "00:00:00", "1900-01-01 00:00:00"},
+        {"11:59 PM", "1900-01-01", "23:59:00", "1900-01-01 23:59:00"},
+    };
+    const auto* table = line.engine->table("t");
+    for (const auto& test : cases) {
+        line.run("delete T");
+        line.run("insert T (name, day, hour, moment) values ('a', ?1, ?1, ?1)", {test.text});
+        line.engine->insertRow(*table, {"name", "day", "hour", "moment"}, {"b", test.text, test.text, test.text});
+        line.run("insert T (name) values ('c')");
+        line.run("update T set day=?1, hour=?1, moment=?1 where name='c'", {test.text});
+        const auto want = std::string(test.day) + "|" + test.hour + "|" + test.moment;
+        EXPECT_EQ(line.rows("select day + '' as d, hour + '' as h, moment + '' as m from T where day + '' = ?1"
+                            " and cast(day as varchar(20)) + ' ' + cast(moment as varchar(20)) = ?2",
+                            {test.day, std::string(test.day) + " " + test.moment}),
+                  line.rows("select day, hour, moment from T"))
+            << test.text;
+        const auto rows = line.read("select day, hour, moment from T");
+        ASSERT_EQ(rows.rowCount(), 3U);
+        for (std::size_t row = 0; row < 3; ++row)
+            EXPECT_EQ(rows.value(row, 0).moment().isoDate() + "|" + rows.value(row, 1).moment().isoTime() + "|" +
+                          rows.value(row, 2).moment().iso(),
+                      want);
+    }
+}
+
+TEST_F(Sqlite, ReadsColumnsByTheirType) {
+    line.run(
+        "insert T (name, small, flag, ratio, amount, day, hour) values ('a', 1, '1', '2.5', 1.00005, '24-Nov-2026', "
+        "'9:30')");
+    const auto rows = line.read("select * from T");
+    EXPECT_EQ(rows.table, "T");
+    EXPECT_EQ(Line::shown(rows), "10|a|1|True|2.5|1.0001|24-Nov-2026|09:30:00|24-Nov-2026 09:30:00|null|null");
+    const auto view = line.read("select * from V where at >= '24-Nov-2026'");
+    EXPECT_EQ(view.table, "") << "a view's rows are not updatable";
+    EXPECT_EQ(Line::shown(view), "10|a|True|24-Nov-2026|24-Nov-2026 09:30:00|1.0001");
+    EXPECT_TRUE(std::holds_alternative<db::DateTime>(view.value(0, 4).content()));
+    EXPECT_TRUE(std::holds_alternative<db::DateTime>(line.read("select getdate() p").value(0, 0).content()));
+    EXPECT_EQ(line.read("select a.id, b.id from T a, T b").table, "") << "rows of two tables";
+    EXPECT_EQ(line.engine->table("V"), nullptr);
+    EXPECT_EQ(line.engine->table("nobody"), nullptr);
+}
+
+TEST_F(Sqlite, WritesRowsByColumn) {
+    const auto* table = line.engine->table("T");
+    ASSERT_NE(table, nullptr);
+    EXPECT_TRUE(table->columns.at(0).identity && table->columns.at(0).key && !table->columns.at(1).key);
+    const auto moment = db::DateTime::of(2026, 11, 24, 9, 30);
+    const db::Bytes bytes{std::byte{0}, std::byte{255}};
+    const auto made = line.engine->insertRow(
+        *table, {"NAME", "small", "flag", "ratio", "amount", "day", "hour", "moment", "body", "long"},
+        {5, "7", -1, "2.5", 0.00005, moment, moment, db::Null(), bytes, moment});
+    EXPECT_EQ(made.identity, 10);
+    EXPECT_EQ(made.affected, 1);
+    EXPECT_EQ(line.read("select body from T").value(0, 0).bytes(), bytes);
+    EXPECT_EQ(line.rows("select name, small, flag, ratio, amount, day, hour, moment, long from T"),
+              "5|7|True|2.5|0.0001|24-Nov-2026|09:30:00|null|24-Nov-2026 09:30:00");
+    EXPECT_EQ(line.engine->updateRow(*table, {"small", "name"}, {2.5, "z"}, {"id"}, {10}).affected, 1);
+    EXPECT_EQ(line.rows("select small, name from T"), "2|z");
+    for (const auto& [column, value] : std::vector<std::pair<std::string, db::Value>>{
+             {"small", 70000}, {"small", ""}, {"day", "nodate"}, {"name", "longer"}, {"nosuch", 1}, {"ratio", "x"}})
+        EXPECT_THROW(line.engine->updateRow(*table, {column}, {value}, {"id"}, {10}), db::Error) << column;
+    EXPECT_EQ(line.rows("select small, name from T"), "2|z");
+}
+
+TEST_F(Sqlite, KeepsMoreStatementsThanItsCache) {
+    for (int round = 0; round < 2; ++round)
+        for (int i = 0; i < 300; ++i)
+            ASSERT_EQ(line.rows("select " + std::to_string(i) + " x where 1 = ?1", {1}), std::to_string(i));
+    line.rows("select * from T");
+    EXPECT_THROW(line.read("select ?1 x, ?2 y", {1}), db::Error) << "a place without a value";
+    EXPECT_EQ(line.rows("select ?1 x", {"a"}) + line.rows("select ?1 x", {db::Null()}), "anull");
+}
+
+TEST_F(Sqlite, CallsProceduresWhole) {
+    line.script(
+        "create procedure Put @name varchar(5), @n int as begin insert T (name) values (@name)\n"
+        "update T set small = @n where name = @NAME\nselect id, small from T where name = @name end\nGO\n"
+        "create procedure Names as select name from T order by name\nGO\n");
+    EXPECT_EQ(Line::shown(line.engine->call("put", {{"name", "a"}, {"@N", 3}})), "10|3");
+    EXPECT_THROW(line.engine->call("Put", {{"name", "b"}, {"n", 99999}}), db::Error);
+    EXPECT_EQ(Line::shown(line.engine->call("NAMES", {})), "a") << "the half of the failed call went";
+    line.engine->begin();
+    line.run("insert T (name) values ('kept')");
+    EXPECT_THROW(line.engine->call("Put", {{"name", "b"}, {"n", 99999}}), db::Error);
+    line.engine->commit();
+    EXPECT_EQ(Line::shown(line.engine->call("Names", {})), "a/kept");
+    EXPECT_EQ(failureOf([&] { line.engine->call("x", {}); }).second, "Could not find stored procedure 'x'.");
+    EXPECT_EQ(failureOf([&] {
+                  line.engine->call("Put", {{"name", "b"}});
+              }).second,
+              "Procedure or function 'Put' expects parameter '@n', which was not supplied.");
+    EXPECT_EQ(failureOf([&] {
+                  line.engine->call("Names", {{"x", 1}});
+              }).second,
+              "Procedure or function Names has too many arguments specified.");
+    EXPECT_THROW(line.run("create procedure put as select 1 x"), db::Error);
+    EXPECT_EQ(line.engine->objects(), (std::vector<std::string>{"T", "V", "Names", "Put"}));
+    EXPECT_TRUE(line.engine->integrity().empty());
+}
+
+TEST(SqliteFile, OpensOnlyADatabase) {
+    const Folder folder;
+    EXPECT_EQ(failureOf([&] { Line(folder.file("missing.db")); }).first, Category::lostConnection);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("missing.db"))) << "none is created";
+    std::ofstream(folder.file("text.db")) << std::string(5000, 'x');
+    EXPECT_EQ(failureOf([&] { Line(folder.file("text.db")); }),
+              std::pair(Category::lostConnection,
+                        std::string("Cannot open database \"Hospital\": its file is no database.")));
+    EXPECT_EQ(failureOf([&] { Line(folder.path.string()); }).first, Category::lostConnection);
+    db::createSqliteFile(folder.file("new.db"));
+    EXPECT_THROW(db::createSqliteFile(folder.file("new.db")), db::Error);
+    EXPECT_EQ(Line(folder.file("new.db")).rows("select 1 x"), "1");
+}
+
+TEST(SqliteFile, NoticesThatItWentAway) {
+    const Folder folder;
+    const auto file = folder.file("h.db");
+    db::createSqliteFile(file);
+    Line line(file);
+    line.run("create table T (a int)");
+    std::filesystem::rename(folder.path, folder.path.string() + ".away");
+    std::this_thread::sleep_for(std::chrono::milliseconds(120));
+    EXPECT_EQ(failureOf([&] { line.rows("select * from T"); }).first, Category::lostConnection);
+    EXPECT_FALSE(line.engine->alive());
+    std::filesystem::rename(folder.path.string() + ".away", folder.path);
+    EXPECT_FALSE(line.engine->alive()) << "a new line is needed";
+    Line again(file);
+    EXPECT_TRUE(again.engine->alive());
+    EXPECT_EQ(again.rows("select count(*) n from T"), "0");
+}
+
+TEST(SqliteFile, ReadsSisters) {
+    const Folder folder;
+    const std::map<std::string, db::Source> sisters = {{"HospitalArchive", {"sqlite", folder.file("a.db")}},
+                                                       {"Accounting", {"sqlite", folder.file("missing.db")}}};
+    db::createSqliteFile(folder.file("a.db"));
+    Line archive(folder.file("a.db"));
+    archive.script("create table T (a varchar(9)); insert T values ('old')");
+    Line line(":memory:", sisters);
+    line.script("create table T (a varchar(9)); insert T values ('new')");
+    EXPECT_EQ(line.rows("select a from T union select a from hospitalarchive.dbo.T order by a"), "new/old");
+    EXPECT_EQ(line.rows("select x.a from HospitalArchive..T x where a = 'OLD'"), "old");
+    for (const char* statement : {"select * from Accounting.dbo.T", "select * from Nobody.dbo.T"})
+        EXPECT_EQ(failureOf([&] { line.rows(statement); }).first, Category::lostConnection) << statement;
+}
+
+}  // namespace

@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include "tests/ui/fixture.h"
+#include "ui/samples.h"
+
+namespace {
+
+using test::frmWard;
+using test::json;
+
+struct Typed {
+    ui::KeyFilter filter;
+    const char* typed;
+    const char* text;
+};
+
+struct Desk {
+    ui::EventLoop loop;
+    ui::Desktop desktop{loop, "Program"};
+    frmWard ward{desktop};
+};
+
+TEST(Controls, keyFiltersWorkCharacterByCharacter) {
+    const Typed table[] = {
+        {ui::anyKey, "Ça va'; --", "Ça va'; --"},
+        {ui::digitsOnly, "1a2 3.4-٣", "1234"},
+        {ui::decimalOnly, ".5.6-1e3", ".5613"},
+        {ui::upperCase, "opd 7 ü", "OPD 7 ü"},
+    };
+    for (const Typed& one : table) {
+        Desk desk;
+        ui::TextBox box(desk.ward, "box", one.filter);
+        box.take(one.typed);
+        EXPECT_EQ(box.text(), one.text);
+    }
+}
+
+TEST(Controls, aPasswordNeverLeavesTheSession) {
+    Desk desk;
+    desk.ward.txtEcho.setPassword(true);
+    desk.ward.txtEcho.take("secret");
+    EXPECT_EQ(desk.ward.txtEcho.text(), "secret");
+    EXPECT_EQ(desk.ward.txtEcho.state().dump().find("secret"), std::string::npos);
+    EXPECT_EQ(desk.ward.txtEcho.state()["filled"], true);
+}
+
+TEST(Controls, combosPickByTextAndRaiseClickAlsoForTheSameItem) {
+    Desk desk;
+    ui::ComboBox combo(desk.ward, "combo");
+    std::string raised;
+    combo.on("Click", [&] { raised += "click "; });
+    combo.on("Change", [&] { raised += "change "; });
+    combo.setItems({{"Ada [1]", "1"}, {"Bola [2]", "2"}});
+    combo.take("Bola [2]");
+    combo.take("Bola [2]");
+    EXPECT_EQ(combo.key(), "2");
+    combo.take("Bola");
+    EXPECT_EQ(combo.index(), -1);
+    EXPECT_EQ(combo.key(), "");
+    combo.take(json{{"row", 0}});
+    EXPECT_EQ(combo.text(), "Ada [1]");
+    EXPECT_EQ(raised, "click click change click ");
+    combo.clear();
+    EXPECT_EQ(combo.text() + std::to_string(combo.items().size()), "0");
+    EXPECT_THROW(combo.setIndex(0), db::Error);
+    EXPECT_THROW(desk.ward.cboWard.setText("Attic"), db::Error);
+}
+
+TEST(Controls, gridsKeepRowAndRecordsetTogether) {
+    Desk desk;
+    ui::DataGrid& grid = desk.ward.grdData;
+    EXPECT_THROW(static_cast<void>(grid.text("name")), db::Error);
+    grid.hideColumn("NO");
+    grid.bind(test::sampleRows());
+    EXPECT_EQ(grid.row(), 0);
+    grid.take(json{{"row", 2}});
+    EXPECT_EQ(grid.text("NAME"), "Chidi");
+    EXPECT_EQ(grid.text("no"), "");
+    EXPECT_EQ(grid.rows()["name"].text(), "Chidi");
+    EXPECT_EQ(desk.ward.lblInfo.caption(), "Chidi");
+    EXPECT_THROW(static_cast<void>(grid.text("age")), db::Error);
+    EXPECT_THROW(grid.take(json{{"row", 3}}), ui::Refused);
+    EXPECT_THROW(grid.setRow(3), db::Error);
+    const json state = grid.state();
+    EXPECT_EQ(state["columns"].dump(), R"([{"name":"name","visible":true},{"name":"no","visible":false}])");
+    EXPECT_EQ(state["rows"].dump(), R"([["Ada",""],["Bola",""],["Chidi",""]])");
+    grid.clear();
+    EXPECT_EQ(grid.state()["rows"].size() + grid.state()["columns"].size(), 0U);
+    EXPECT_EQ(grid.row(), -1);
+}
+
+TEST(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
+    Desk desk;
+    ui::FlexGrid cells(desk.ward, "cells", {"A", "B"});
+    cells.addRow({"1"});
+    cells.addRow({"2", "x"});
+    cells.take(json{{"row", 1}});
+    EXPECT_EQ(cells.cell(0, 1), "");
+    cells.removeRow(1);
+    EXPECT_EQ(cells.row(), 0);
+    EXPECT_THROW(static_cast<void>(cells.cell(1, 0)), db::Error);
+    EXPECT_THROW(cells.removeRow(1), db::Error);
+
+    ui::ListView list(desk.ward, "list", {"Test"}, true);
+    std::string raised;
+    list.on("ItemClick", [&] { raised += "click "; });
+    list.on("ItemCheck", [&] { raised += "check "; });
+    list.addRow({"Malaria"});
+    list.take(json{{"row", 0}});
+    list.take(json{{"row", 0}, {"checked", true}});
+    list.take(json{{"row", 0}, {"checked", true}});
+    EXPECT_TRUE(list.checked(0));
+    EXPECT_EQ(raised, "click check ");
+    EXPECT_THROW(list.take(json{{"row", 0}, {"checked", 1}}), ui::Refused);
+}
+
+TEST(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {
+    Desk desk;
+    EXPECT_EQ(desk.ward.find("TXTNAME"), &desk.ward.txtName);
+    EXPECT_THROW(ui::Label(desk.ward, "TxtName"), std::logic_error);
+    EXPECT_EQ(desk.ward.find("txtName"), &desk.ward.txtName);
+    desk.ward.lblInfo.on("DblClick", [] {});
+    EXPECT_TRUE(desk.ward.lblInfo.handles("dblclick"));
+    EXPECT_FALSE(desk.ward.lblInfo.handles("Click"));
+}
+
+TEST(Controls, everyKindShowsWhatTheWireFormNames) {
+    const std::map<std::string, std::vector<const char*>> forms = {
+        {"textBox", {"text", "password", "maxLength"}},
+        {"comboBox", {"text", "items", "index"}},
+        {"listBox", {"items", "index"}},
+        {"checkBox", {"caption", "checked"}},
+        {"optionButton", {"caption", "checked"}},
+        {"datePicker", {"date"}},
+        {"label", {"caption"}},
+        {"button", {"caption", "color"}},
+        {"picture", {"color", "image"}},
+        {"dataGrid", {"columns", "rows", "row", "caption"}},
+        {"flexGrid", {"columns", "rows", "row"}},
+        {"tabStrip", {"page", "captions"}},
+        {"treeView", {"nodes", "index"}},
+        {"listView", {"columns", "rows", "row"}},
+        {"lineChart", {"labels", "series"}},
+        {"statusBar", {"panels"}},
+        {"timer", {"running", "interval"}},
+        {"menuItem", {"caption", "parent"}},
+        {"childArea", {"arrangement", "children"}},
+    };
+    Desk desk;
+    const auto samples = ui::makeSamples(desk.desktop);
+    ui::StatusBar bar(*samples, "extraBar", 3);
+    ui::Timer timer(*samples, "extraTimer", std::chrono::seconds(1), false, {});
+    ui::MenuItem item(*samples, "extraItem", "&File");
+    ui::ChildArea area(*samples, "extraArea");
+    std::map<std::string, int> seen;
+    for (const ui::Control* control : samples->controls()) {
+        const json state = control->state();
+        const auto form = forms.find(state["kind"]);
+        ASSERT_NE(form, forms.end()) << state["kind"];
+        for (const char* property : form->second) EXPECT_TRUE(state.contains(property)) << control->path() << property;
+        for (const char* property : {"visible", "enabled", "events"}) EXPECT_TRUE(state.contains(property));
+        ++seen[form->first];
+    }
+    EXPECT_EQ(seen.size(), forms.size());
+}
+
+}  // namespace

@@ -1,0 +1,196 @@
+// A running host on a port of its own, and clients that behave well and badly.
+
+#include <gtest/gtest.h>
+
+#include "tests/web/rawclient.h"
+#include "tests/web/site_fixture.h"
+#include "web/host.h"
+
+namespace {
+
+using nlohmann::json;
+using webtest::RawClient;
+
+web::AuthResult check(const web::Attempt& attempt) {
+    if (attempt.password == "throw") throw std::runtime_error("no database");
+    if (attempt.password != "secret") return {};
+    return {web::AuthResult::Outcome::accepted, attempt.user};
+}
+
+web::Config testConfig() {
+    web::setLogLevel(web::Level::off);
+    auto config = web::readConfig(std::nullopt, [](const std::string&) { return std::nullopt; });
+    config.port = 0;
+    config.longestUpload = 5000;
+    return config;
+}
+
+class HostTest : public testing::Test {
+protected:
+    web::Host host{testConfig(), &check, &webtest::makeTestSeat};
+    std::thread thread{[this] { host.run(); }};
+
+    ~HostTest() override {
+        host.stop();
+        thread.join();
+    }
+
+    std::string signIn() {
+        RawClient client(host.port());
+        const std::string answer = client.ask(post("/sign-in"), "user=nurse&password=secret");
+        const auto at = answer.find("vorel_session=");
+        return at == std::string::npos ? std::string() : answer.substr(at, answer.find(';', at) - at);
+    }
+    static std::string post(const std::string& path, const std::string& more = {}) {
+        return "POST " + path + " HTTP/1.1\r\nHost: vorel\r\nOrigin: http://vorel\r\n" + more;
+    }
+    /// A client with the session's WebSocket and its greeting read.
+    std::unique_ptr<RawClient> open(const std::string& cookie) {
+        auto client = std::make_unique<RawClient>(host.port());
+        EXPECT_NE(client->upgrade(cookie, "http://vorel").find("101 "), std::string::npos);
+        greeting = json::parse(client->readFrame());
+        return client;
+    }
+    static json send(RawClient& client, const std::string& content, unsigned char kind = RawClient::text) {
+        client.sendFrame(kind, content);
+        return json::parse(client.readFrame(), nullptr, false);
+    }
+
+    json greeting;
+};
+
+TEST_F(HostTest, ANurseSignsInAndWorks) {
+    const std::string cookie = signIn();
+    ASSERT_NE(cookie, "");
+    const auto client = open(cookie);
+    EXPECT_EQ(greeting["snapshot"]["active"], "frmTest");
+    EXPECT_EQ(greeting["received"], 0);
+    const auto reply = send(*client, R"({"fire":"frmTest.cmdAsk"})");
+    EXPECT_EQ(reply["reply"], 1);
+    EXPECT_EQ(reply["waiting"]["text"], "Sure?");
+    EXPECT_TRUE(send(*client, R"({"answer":"yes"})")["waiting"].is_null());
+    const auto end = send(*client, R"({"fire":"frmTest.cmdExit"})");
+    EXPECT_EQ(end["events"].back()["ended"], "Good bye");
+    EXPECT_EQ(client->readFrame(), "");
+    EXPECT_EQ(client->closeCode, 1000);
+    EXPECT_NE(RawClient(host.port()).upgrade(cookie, "http://vorel").find("401 "), std::string::npos);
+}
+
+TEST_F(HostTest, TheWebSocketIsForTheSignedInFromItsOwnPages) {
+    const std::string cookie = signIn();
+    EXPECT_NE(RawClient(host.port()).upgrade(cookie, "http://evil").find("403 "), std::string::npos);
+    EXPECT_NE(RawClient(host.port()).upgrade("vorel_session=0", "http://vorel").find("401 "), std::string::npos);
+    EXPECT_NE(RawClient(host.port()).ask("GET /session HTTP/1.1\r\nHost: vorel\r\n").find("404 "), std::string::npos);
+}
+
+TEST_F(HostTest, BadFramesAreAnsweredAndTheSessionGoesOn) {
+    const auto client = open(signIn());
+    const struct {
+        const char* name;
+        unsigned char kind;
+        std::string content;
+    } cases[] = {{"no JSON", RawClient::text, "{"},
+                 {"no UTF-8", RawClient::binary, "{\"get\":\"\xff\xfe\"}"},
+                 {"10 MB", RawClient::text, std::string(10 << 20, 'x')},
+                 {"just too long", RawClient::text, std::string((1 << 20) + 1, ' ')},
+                 {"unknown control", RawClient::text, R"({"fire":"frmTest.nothing"})"}};
+    int number = 0;
+    for (const auto& row : cases) {
+        const auto reply = send(*client, row.content, row.kind);
+        ASSERT_FALSE(reply.is_discarded()) << row.name;
+        EXPECT_EQ(reply["reply"], ++number) << row.name;
+        EXPECT_TRUE(reply["events"].back().contains("error")) << row.name;
+    }
+    EXPECT_EQ(send(*client, R"({"get":"frmTest.txtName"})")["state"]["text"], "");
+}
+
+TEST_F(HostTest, ATextFrameThatIsNoTextCostsTheConnectionAndNotTheSession) {
+    const std::string cookie = signIn();
+    {
+        const auto client = open(cookie);
+        send(*client, R"({"set":"frmTest.txtName","to":"Ada"})");
+        client->sendFrame(RawClient::text, "\xff");
+        EXPECT_EQ(client->readFrame(), "");
+        EXPECT_EQ(client->closeCode, 1007);
+    }
+    const auto again = open(cookie);
+    EXPECT_EQ(greeting["received"], 1);
+    EXPECT_EQ(send(*again, R"({"get":"frmTest.txtName"})")["state"]["text"], "Ada");
+}
+
+TEST_F(HostTest, ANewPageTakesOver) {
+    const std::string cookie = signIn();
+    const auto first = open(cookie);
+    const auto second = open(cookie);
+    EXPECT_EQ(json::parse(first->readFrame()), json({{"replaced", true}}));
+    EXPECT_EQ(first->readFrame(), "");
+    EXPECT_EQ(first->closeCode, 1000);
+    EXPECT_EQ(send(*second, R"({"get":"frmTest.txtName"})")["reply"], 1);
+}
+
+TEST_F(HostTest, APageThatDoesNotReadIsLetGoAndTheSessionStays) {
+    const std::string cookie = signIn();
+    const auto client = open(cookie);
+    const std::string longName(100'000, 'n');
+    client->sendFrame(RawClient::text, json{{"set", "frmTest.txtName"}, {"to", longName}}.dump());
+    // Far more than the queue and the system's buffers hold; the connection breaks while it is being sent.
+    bool writable = true;
+    for (int i = 0; i < 20'000 && writable; ++i)
+        writable = client->sendFrame(RawClient::text, R"({"get":"frmTest.txtName"})");
+    EXPECT_FALSE(writable);
+    const auto again = open(cookie);
+    EXPECT_GT(greeting["received"], 1);
+    EXPECT_EQ(greeting["snapshot"]["screens"][0]["controls"]["txtName"]["text"], longName);
+}
+
+TEST_F(HostTest, RequestsThatAreTooLargeOrBrokenAreRefused) {
+    const std::string cookie = "Cookie: " + signIn() + "\r\n";
+    const auto status = [&](const std::string& head, const std::string& body = {}) {
+        return RawClient(host.port()).ask(head, body).substr(9, 3);
+    };
+    EXPECT_EQ(status(post("/upload?name=a.jpg", cookie), std::string(5000, 'x')), "200");
+    EXPECT_EQ(status(post("/upload?name=a.jpg", cookie), std::string(5001, 'x')), "413");
+    EXPECT_EQ(status(post("/sign-in"), "user=" + std::string(5000, 'x')), "413");
+    EXPECT_EQ(status(post("/sign-in", "Transfer-Encoding: chunked\r\n") + "\r\n2000\r\n" + std::string(0x2000, 'x')),
+              "413");
+    EXPECT_EQ(status("GET /" + std::string(20'000, 'x') + " HTTP/1.1\r\nHost: vorel\r\n"), "400");
+    EXPECT_EQ(status("nonsense\r\n"), "400");
+    EXPECT_EQ(status(post("/sign-in"), "user=nurse&password=throw"), "503");
+    EXPECT_EQ(status("GET /health HTTP/1.1\r\nHost: vorel\r\n"), "200");
+    EXPECT_EQ(status("GET /static/client/../config.h HTTP/1.1\r\nHost: vorel\r\n"), "404");
+    EXPECT_EQ(status("DELETE / HTTP/1.1\r\nHost: vorel\r\n"), "405");
+}
+
+TEST_F(HostTest, ASlowedSignInKeepsNobodyElseWaiting) {
+    for (int i = 0; i < 3; ++i)
+        EXPECT_NE(RawClient(host.port()).ask(post("/sign-in"), "user=guessed&password=x").find("401 "),
+                  std::string::npos);
+    std::string slowed;
+    std::thread guesser([&] { slowed = RawClient(host.port()).ask(post("/sign-in"), "user=guessed&password=x"); });
+    EXPECT_NE(signIn(), "");
+    EXPECT_TRUE(slowed.empty());
+    guesser.join();
+    EXPECT_NE(slowed.find("401 "), std::string::npos);
+}
+
+TEST_F(HostTest, StoppingTellsThePages) {
+    const auto client = open(signIn());
+    host.stop();
+    const auto last = json::parse(client->readFrame());
+    EXPECT_TRUE(last["events"].back().contains("ended"));
+}
+
+TEST(Host, CannotServe) {
+    web::Host first(testConfig(), &check, &webtest::makeTestSeat);
+    auto taken = testConfig();
+    taken.port = first.port();
+    EXPECT_THROW(web::Host(taken, &check, &webtest::makeTestSeat), web::HostError);
+    auto open = testConfig();
+    open.address = "0.0.0.0";
+    EXPECT_THROW(web::Host(open, &check, &webtest::makeTestSeat), web::ConfigError);
+    auto broken = testConfig();
+    broken.certificate = broken.key = __FILE__;
+    EXPECT_THROW(web::Host(broken, &check, &webtest::makeTestSeat), web::HostError);
+}
+
+}  // namespace

@@ -1,0 +1,138 @@
+// A session and its pages, without a network.
+
+#include <gtest/gtest.h>
+
+#include "tests/web/site_fixture.h"
+#include "web/sessions.h"
+
+namespace {
+
+using nlohmann::json;
+using webtest::eventually;
+using webtest::TestPage;
+
+class SessionTest : public testing::Test {
+protected:
+    web::Config config;
+    web::NurseSession session{config, &webtest::makeTestSeat, {"nurse", "127.0.0.1"}};
+    std::shared_ptr<TestPage> page = std::make_shared<TestPage>();
+
+    void SetUp() override {
+        web::setLogLevel(web::Level::off);
+        session.attach(page);
+        const auto greeting = page->next();
+        ASSERT_EQ(greeting["received"], 0);
+        ASSERT_EQ(greeting["snapshot"]["screens"][0]["name"], "frmTest");
+        ASSERT_TRUE(greeting["waiting"].is_null());
+    }
+
+    json send(const json& request) {
+        EXPECT_TRUE(session.receive(*page, request.dump()));
+        return page->next();
+    }
+};
+
+std::string errorOf(const json& reply) {
+    for (const auto& event : reply["events"])
+        if (event.contains("error")) return event["error"];
+    return {};
+}
+
+TEST_F(SessionTest, WhatIsNoRequestGetsOneErrorAndTheSessionGoesOn) {
+    for (const std::string& line :
+         {std::string("{"), std::string("[]"), std::string("\xff\xfe"), std::string("{\"fire\":\"\xc3\"}"),
+          std::string(2 << 20, ' '), std::string(), std::string(R"({"show":"frmTest"})"),
+          std::string(R"({"query":"select 1","on":"Hospital"})")}) {
+        ASSERT_TRUE(session.receive(*page, line));
+        const auto reply = page->next();
+        EXPECT_NE(errorOf(reply), "") << line.substr(0, 20);
+    }
+    EXPECT_EQ(send({{"set", "frmTest.txtName"}, {"to", "Ada"}})["reply"], 9);
+    EXPECT_EQ(page->unread(), 0U);
+}
+
+TEST_F(SessionTest, ANewPageTakesOverInTheMiddleOfAQuestion) {
+    EXPECT_EQ(send({{"fire", "frmTest.cmdAsk"}})["waiting"]["kind"], "yesno");
+    const auto second = std::make_shared<TestPage>();
+    session.attach(second);
+    EXPECT_EQ(page->next(), json({{"replaced", true}}));
+    EXPECT_TRUE(page->closed());
+    const auto greeting = second->next();
+    EXPECT_EQ(greeting["received"], 1);
+    EXPECT_EQ(greeting["waiting"]["text"], "Sure?");
+    // What the old page still sends, and that it goes, is nothing to the session.
+    EXPECT_TRUE(session.receive(*page, R"({"answer":"no"})"));
+    session.detach(*page);
+    EXPECT_TRUE(session.receive(*second, R"({"answer":"yes"})"));
+    EXPECT_EQ(second->next()["events"][0]["changed"]["frmTest.txtName"]["text"], "yes");
+    EXPECT_EQ(session.abandoned(), web::NurseSession::Clock::duration::zero());
+}
+
+TEST_F(SessionTest, FilesAreAnsweredByTheTokensOfOwnUploadsOnly) {
+    EXPECT_EQ(send({{"fire", "frmTest.cmdFile"}})["waiting"]["kind"], "file");
+    const auto sysdoc = session.programDirectory() / "sysdoc.sys";
+    for (const json& file : {json(sysdoc.string()), json("../sysdoc.sys"), json("0123"), json(), json(5)})
+        EXPECT_EQ(errorOf(send({{"answer", {{"file", file}}}})), "no such uploaded file") << file;
+    const std::string token = session.keepUpload("../../Photo.JPG", "content");
+    const auto reply = send({{"answer", {{"file", token}}}});
+    EXPECT_EQ(reply["events"][0]["changed"]["frmTest.txtName"]["text"], ".jpg");
+}
+
+TEST_F(SessionTest, AnErrorIsShownAndTheSessionGoesOn) {
+    EXPECT_EQ(send({{"fire", "frmTest.cmdFail"}})["waiting"]["text"], "It failed");
+    send({{"answer", "ok"}});
+    EXPECT_EQ(send({{"fire", "frmTest.cmdThrow"}})["waiting"]["kind"], "message");
+    EXPECT_TRUE(send({{"answer", "ok"}})["waiting"].is_null());
+    EXPECT_EQ(send({{"get", "frmTest.txtName"}})["state"]["text"], "");
+}
+
+TEST_F(SessionTest, TheEndTellsThePageAndLateOnesToo) {
+    const auto reply = send({{"fire", "frmTest.cmdExit"}});
+    EXPECT_EQ(reply["events"].back(), json({{"ended", "Good bye"}}));
+    EXPECT_TRUE(page->closed());
+    EXPECT_TRUE(eventually([&] { return session.over(); }));
+    const auto late = std::make_shared<TestPage>();
+    session.attach(late);
+    EXPECT_EQ(late->next()["events"].back(), json({{"ended", "Good bye"}}));
+    EXPECT_TRUE(late->closed());
+}
+
+TEST_F(SessionTest, ReportsCarryTheirNumberAndAreKept) {
+    EXPECT_EQ(send({{"fire", "frmTest.cmdReport"}})["events"][0]["report"]["id"], 1);
+    ASSERT_NE(session.reports().find(1), nullptr);
+    EXPECT_EQ(session.reports().find(1)->hospital, "General & Co");
+    EXPECT_EQ(session.reports().find(2), nullptr);
+}
+
+TEST(Sessions, OnesWithoutAPageExpireAndOneThatCannotStartEnds) {
+    web::setLogLevel(web::Level::off);
+    web::Config config;
+    config.sessionWaitMinutes = 0;
+    config.mostSessions = 2;
+    web::Sessions sessions(config, &webtest::makeTestSeat);
+    const std::string token = sessions.open({"nurse", "a"});
+    const auto page = std::make_shared<TestPage>();
+    sessions.find(token)->attach(page);
+    page->next();
+    sessions.tend();
+    EXPECT_NE(sessions.find(token), nullptr) << "a session with a page stays";
+    EXPECT_NE(sessions.open({"nurse", "b"}), token);
+    EXPECT_EQ(sessions.open({"nurse", "c"}), "") << "no more than the host may have";
+
+    sessions.find(token)->detach(*page);
+    EXPECT_TRUE(eventually([&] {
+        sessions.tend();
+        return sessions.count() == 0;
+    }));
+    EXPECT_EQ(sessions.find(token), nullptr);
+
+    config.sessionWaitMinutes = 10;
+    const std::string broken = sessions.open({"nobody", "a"});
+    EXPECT_TRUE(eventually([&] { return sessions.find(broken) == nullptr; }));
+    const std::string other = sessions.open({"nurse", "a"});
+    EXPECT_NE(sessions.find(other), nullptr);
+    sessions.closeAll("The end");
+    EXPECT_EQ(sessions.find(other), nullptr);
+}
+
+}  // namespace

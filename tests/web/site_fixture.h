@@ -1,0 +1,136 @@
+#pragma once
+
+#include <condition_variable>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <mutex>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "ui/controls.h"
+#include "ui/seat.h"
+#include "web/config.h"
+#include "web/nursesession.h"
+
+namespace webtest {
+
+namespace fs = std::filesystem;
+
+inline fs::path sourceRoot() {
+    return fs::path(__FILE__).parent_path().parent_path().parent_path();
+}
+
+/// A directory that goes with the test.
+class Directory {
+public:
+    Directory() {
+        std::string name = (fs::temp_directory_path() / "vorel-web-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
+        path_ = name;
+    }
+    Directory(const Directory&) = delete;
+    Directory& operator=(const Directory&) = delete;
+    ~Directory() { fs::remove_all(path_); }
+
+    [[nodiscard]] const fs::path& path() const { return path_; }
+    fs::path write(const std::string& name, const std::string& text) const {
+        fs::create_directories((path_ / name).parent_path());
+        std::ofstream(path_ / name, std::ios::binary) << text;
+        return path_ / name;
+    }
+
+private:
+    fs::path path_;
+};
+
+/// A screen that does what a test needs to happen in a session.
+class frmTest : public ui::Screen {
+public:
+    explicit frmTest(ui::Desktop& owner) : Screen(owner, "frmTest", "Test") {}
+    ui::TextBox txtName{*this, "txtName"};
+    ui::Button cmdAsk{*this, "cmdAsk", "Ask",
+                      [this] { txtName.setText(desktop().askYesNo("Sure?", "Check") ? "yes" : "no"); }};
+    ui::Button cmdFile{*this, "cmdFile", "File", [this] {
+                           const auto file = desktop().pickFile("Choose");
+                           txtName.setText(file && fs::exists(*file) ? file->extension().string() : "none");
+                       }};
+    ui::Button cmdReport{*this, "cmdReport", "Report", [this] {
+                             desktop().report({"rptTest", "A <test>", db::Recordset()});
+                         }};
+    ui::Button cmdFail{*this, "cmdFail", "Fail", [] { throw std::runtime_error("It failed"); }};
+    ui::Button cmdThrow{*this, "cmdThrow", "Throw", [] { throw 42; }};
+    ui::Button cmdExit{*this, "cmdExit", "Exit", [this] { desktop().endSession("Good bye"); }};
+};
+
+class TestSeat : public ui::Seat {
+public:
+    explicit TestSeat(ui::EventLoop& loop) : desktop_(loop, "Test") {
+        desktop_.provide("frmTest", [this] { return std::make_unique<frmTest>(desktop_); });
+        directory_.write("ring1.wav", "RIFF");
+        directory_.write("sysdoc.sys", "nurse");
+    }
+    ui::Desktop& desktop() override { return desktop_; }
+    void start() override { desktop_.show("frmTest"); }
+    void idle() override {}
+    void failed() override {}
+    [[nodiscard]] fs::path programDirectory() const override { return directory_.path(); }
+    [[nodiscard]] std::string hospitalName() const override { return "General & Co"; }
+
+private:
+    Directory directory_;
+    ui::Desktop desktop_;
+};
+
+inline std::unique_ptr<ui::Seat> makeTestSeat(const ui::SignedIn& who, ui::EventLoop& loop) {
+    if (who.user == "nobody") throw std::runtime_error("no seat");
+    return std::make_unique<TestSeat>(loop);
+}
+
+/// A page without a network: keeps what the session sends.
+class TestPage : public web::Page {
+public:
+    void send(std::string line) override {
+        const std::lock_guard lock(mutex_);
+        lines_.push_back(nlohmann::json::parse(line));
+        changed_.notify_all();
+    }
+    void close() override {
+        const std::lock_guard lock(mutex_);
+        closed_ = true;
+        changed_.notify_all();
+    }
+    /// The next line; null where none comes.
+    nlohmann::json next() {
+        std::unique_lock lock(mutex_);
+        if (!changed_.wait_for(lock, std::chrono::seconds(10), [&] { return read_ < lines_.size(); })) return {};
+        return lines_[read_++];
+    }
+    bool closed() {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, std::chrono::seconds(10), [&] { return closed_; });
+    }
+    std::size_t unread() {
+        const std::lock_guard lock(mutex_);
+        return lines_.size() - read_;
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::vector<nlohmann::json> lines_;
+    std::size_t read_ = 0;
+    bool closed_ = false;
+};
+
+/// Waits until `holds` does, for some seconds at most.
+template <class Holds>
+bool eventually(const Holds& holds) {
+    for (int i = 0; i < 1000 && !holds(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return holds();
+}
+
+}  // namespace webtest

@@ -1,0 +1,136 @@
+#include "ui/conversation.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+namespace ui {
+
+namespace {
+
+constexpr int deepestRequest = 16;
+
+nlohmann::json parse(std::string_view line) {
+    if (line.size() > longestRequest) throw Refused{"the request is longer than 1 MiB"};
+    bool tooDeep = false;
+    const auto shallow = [&](int depth, nlohmann::json::parse_event_t /*event*/, nlohmann::json& /*value*/) {
+        tooDeep = tooDeep || depth > deepestRequest;
+        return !tooDeep;
+    };
+    nlohmann::json request = nlohmann::json::parse(line, shallow, false);
+    if (tooDeep) throw Refused{"the request is nested too deep"};
+    if (request.is_discarded()) throw Refused{"the request is no JSON in UTF-8"};
+    if (!request.is_object()) throw Refused{"the request is no object"};
+    return request;
+}
+
+std::string text(const nlohmann::json& request, const char* key) {
+    const auto found = request.find(key);
+    if (found == request.end() || !found->is_string()) throw Refused{std::string(key) + " takes a text"};
+    return found->get<std::string>();
+}
+
+bool forced(const nlohmann::json& request) {
+    const auto found = request.find("force");
+    if (found == request.end()) return false;
+    if (!found->is_boolean()) throw Refused{"force takes true or false"};
+    return found->get<bool>();
+}
+
+std::string dump(const nlohmann::json& json) {
+    // A database may hold bytes that are no UTF-8.
+    return json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+}  // namespace
+
+struct Conversation::Pending {
+    std::uint64_t number;
+    nlohmann::json content = nlohmann::json::object();
+};
+
+Conversation::Conversation(Desktop& desktop, Write write)
+    : desktop_(desktop), write_(std::move(write)), events_(std::make_unique<nlohmann::json>(nlohmann::json::array())) {
+    desktop_.setSink([this](nlohmann::json event) { events_->push_back(std::move(event)); });
+    addShared();
+}
+
+Conversation::~Conversation() {
+    desktop_.setSink(nullptr);
+}
+
+void Conversation::addShared() {
+    using nlohmann::json;
+    add("fire", [this](const json& request, json&) { desktop_.fire(text(request, "fire"), forced(request)); },
+        {"force"});
+    add("set",
+        [this](const json& request, json&) {
+            if (!request.contains("to")) throw Refused{"set takes a content under to"};
+            desktop_.set(text(request, "set"), request["to"], forced(request));
+        },
+        {"to", "force"});
+    add("answer", [this](const json& request, json&) { desktop_.answer(request["answer"]); });
+    add("get", [this](const json& request, json& reply) { reply["state"] = desktop_.get(text(request, "get")); });
+}
+
+void Conversation::add(std::string key, Serve serve, std::vector<std::string> with) {
+    requests_.insert_or_assign(std::move(key), Request{std::move(serve), std::move(with)});
+}
+
+void Conversation::receive(std::string_view line) {
+    flush();
+    pending_ = std::make_shared<Pending>(Pending{++received_});
+    try {
+        serve(parse(line));
+    } catch (const Refused& refused) {
+        tell({{"error", refused.why}});
+    }
+}
+
+void Conversation::serve(const nlohmann::json& request) {
+    const std::string key = keyOf(request);
+    if (desktop_.waiting() && key != "answer") throw Refused{"the open question has to be answered first"};
+    // A nested loop of the operation may send this reply and take further requests.
+    const std::shared_ptr<Pending> pending = pending_;
+    const Serve& serve = requests_.find(key)->second.serve;
+    desktop_.attempt([&] { serve(request, pending->content); });
+}
+
+std::string Conversation::keyOf(const nlohmann::json& request) const {
+    std::string key;
+    for (const auto& [name, value] : request.items()) {
+        if (!requests_.contains(name)) continue;
+        if (!key.empty()) throw Refused{"two requests in one: " + key + " and " + name};
+        key = name;
+    }
+    if (key.empty()) throw Refused{"the request is unknown"};
+    const auto& with = requests_.find(key)->second.with;
+    for (const auto& [name, value] : request.items())
+        if (name != key && std::find(with.begin(), with.end(), name) == with.end())
+            throw Refused{key + " has a key that it does not take"};
+    return key;
+}
+
+void Conversation::tell(nlohmann::json event) {
+    desktop_.flushChanges();
+    events_->push_back(std::move(event));
+}
+
+void Conversation::flush() {
+    desktop_.flushChanges();
+    const auto pending = std::exchange(pending_, nullptr);
+    if (!pending && events_->empty()) return;
+    const nlohmann::json events = std::exchange(*events_, nlohmann::json::array());
+    std::string line = R"({"reply":)" + (pending ? std::to_string(pending->number) : "null");
+    line += R"(,"events":)" + dump(events);
+    line += R"(,"waiting":)" + dump(desktop_.question());
+    if (pending)
+        for (const auto& [key, value] : pending->content.items()) line += "," + dump(key) + ":" + dump(value);
+    write_(line + "}");
+}
+
+void Conversation::ended(const std::string& reason) {
+    tell({{"ended", reason}});
+    flush();
+}
+
+}  // namespace ui

@@ -1,0 +1,146 @@
+// Boxes: a question shows, and the loop runs nested until its answer has come.
+
+#include "ui/control.h"
+#include "ui/desktop.h"
+#include "ui/desktop_impl.h"
+
+namespace ui {
+
+namespace {
+
+using Kind = Desktop::Question::Kind;
+
+const char* nameOf(Icon icon) {
+    switch (icon) {
+        case Icon::information:
+            return "information";
+        case Icon::warning:
+            return "warning";
+        case Icon::stop:
+            return "stop";
+        case Icon::none:
+            break;
+    }
+    return "none";
+}
+
+const char* nameOf(Kind kind) {
+    switch (kind) {
+        case Kind::yesno:
+            return "yesno";
+        case Kind::input:
+            return "input";
+        case Kind::file:
+            return "file";
+        case Kind::message:
+            break;
+    }
+    return "message";
+}
+
+nlohmann::json messageEvent(const Desktop::Question& question) {
+    return {{"text", question.text}, {"title", question.title}, {"icon", nameOf(question.icon)}};
+}
+
+bool isText(const nlohmann::json& answer, const char* key) {
+    return answer.is_object() && answer.size() == 1 && answer.contains(key) && answer[key].is_string();
+}
+
+/// Whether this is an answer to a question of the kind.
+bool answers(Kind kind, const nlohmann::json& answer) {
+    switch (kind) {
+        case Kind::message:
+            return answer == "ok";
+        case Kind::yesno:
+            return answer == "yes" || answer == "no";
+        case Kind::input:
+            return answer.is_string() || isText(answer, "text");
+        case Kind::file:
+            return answer == "cancel" || isText(answer, "file");
+    }
+    return false;
+}
+
+const char* expected(Kind kind) {
+    switch (kind) {
+        case Kind::yesno:
+            return R"("yes" or "no")";
+        case Kind::input:
+            return R"(a text, or "cancel")";
+        case Kind::file:
+            return R"({"file":PATH}, or "cancel")";
+        case Kind::message:
+            break;
+    }
+    return R"("ok")";
+}
+
+nlohmann::json wireForm(const Desktop::Question& question) {
+    nlohmann::json form = {{"kind", nameOf(question.kind)}, {"text", question.text}, {"title", question.title}};
+    if (question.kind == Kind::message) form["icon"] = nameOf(question.icon);
+    if (question.kind == Kind::input) form["default"] = question.preset;
+    return form;
+}
+
+}  // namespace
+
+void Desktop::message(const std::string& text, Icon icon, const std::string& title) {
+    const Question question{Question::Kind::message, text, title.empty() ? programTitle_ : title, {}, icon};
+    if (!acknowledges_) {
+        ask(question);
+        return;
+    }
+    if (beforeBox_) beforeBox_(question);
+    emit({{"message", messageEvent(question)}});
+}
+
+bool Desktop::askYesNo(const std::string& text, const std::string& title) {
+    return ask({Question::Kind::yesno, text, title.empty() ? programTitle_ : title, {}}) == "yes";
+}
+
+std::optional<std::string> Desktop::askInput(const std::string& text, const std::string& title,
+                                             const std::string& preset) {
+    const nlohmann::json answer = ask({Question::Kind::input, text, title.empty() ? programTitle_ : title, preset});
+    if (answer == "cancel") return std::nullopt;
+    return answer.is_object() ? answer["text"].get<std::string>() : answer.get<std::string>();
+}
+
+std::optional<std::filesystem::path> Desktop::pickFile(const std::string& title) {
+    const nlohmann::json answer = ask({Question::Kind::file, {}, title.empty() ? programTitle_ : title, {}});
+    if (answer == "cancel") return std::nullopt;
+    return std::filesystem::path(answer["file"].get<std::string>());
+}
+
+nlohmann::json Desktop::ask(const Question& question) {
+    if (beforeBox_) beforeBox_(question);
+    const Operation operation(*this);
+    std::optional<nlohmann::json> answer;
+    struct Open {
+        Desktop& desktop;
+        const Question* outer;
+        std::optional<nlohmann::json>* outerAnswer;
+        ~Open() {
+            desktop.waiting_ = outer;
+            desktop.impl_->answer = outerAnswer;
+        }
+    } const open{*this, std::exchange(waiting_, &question), std::exchange(impl_->answer, &answer)};
+    if (question.kind == Question::Kind::message)
+        emit({{"message", messageEvent(question)}});
+    else
+        emit({{"ask", wireForm(question)}});
+    loop_.runUntil([&answer] { return answer.has_value(); });
+    return *answer;
+}
+
+nlohmann::json Desktop::question() const {
+    return waiting_ ? wireForm(*waiting_) : nlohmann::json();
+}
+
+void Desktop::answer(const nlohmann::json& answer) {
+    if (!waiting_ || impl_->answer->has_value()) throw Refused{"no question is open"};
+    if (!answers(waiting_->kind, answer))
+        throw Refused{std::string("the open question takes ") + expected(waiting_->kind)};
+    *impl_->answer = answer;
+}
+
+}  // namespace ui

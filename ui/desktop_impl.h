@@ -1,0 +1,77 @@
+#pragma once
+
+// The private side of the desktop, for its own source files and Control.
+
+#include <map>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "ui/desktop.h"
+
+namespace ui {
+
+/// A screen that runs modally: its nested loop ends when it has left.
+struct Desktop::Modal {
+    Screen* screen;
+    bool left = false;
+};
+
+struct Desktop::Impl {
+    struct Entry {
+        std::unique_ptr<Screen> screen;
+        bool told = false;  ///< a client knows the screen: from its first `opened` its changes count
+    };
+    struct Change {
+        Control* control;  ///< nothing for the screen itself
+        std::vector<std::string_view> properties;
+    };
+    struct Provided {
+        std::string name;
+        Factory factory;
+    };
+
+    std::map<std::string, Provided> provided;  ///< by the name in lower case
+    std::vector<Entry> entries;                ///< the loaded screens
+    std::vector<Screen*> order;                ///< the open children, the active one last
+    std::vector<Modal*> modals;                ///< the innermost last
+    /// Closed screens whose operations may still be on the stack.
+    std::vector<std::unique_ptr<Screen>> graveyard;
+    int operations = 0;
+
+    std::map<std::string, Change> changes;  ///< by path
+    /// What a client shows for a property because it sent it itself: no echo is due while the content is the same.
+    std::map<std::string, nlohmann::json> shown;  ///< by path
+    /// The answer to the open question, once it has come.
+    std::optional<nlohmann::json>* answer = nullptr;
+
+    Entry* entry(const Screen& screen) {
+        for (Entry& entry : entries)
+            if (entry.screen.get() == &screen) return &entry;
+        return nullptr;
+    }
+};
+
+/// An operation that runs: while one does, no closed screen goes, for its code may be on the stack.
+class Desktop::Operation {
+public:
+    enum class After { nothing, buries };
+
+    explicit Operation(Desktop& desktop, After after = After::nothing) : impl_(*desktop.impl_), after_(after) {
+        ++impl_.operations;
+    }
+    Operation(const Operation&) = delete;
+    Operation& operator=(const Operation&) = delete;
+    ~Operation() {
+        if (--impl_.operations > 0 || after_ == After::nothing) return;
+        const auto gone = std::move(impl_.graveyard);
+        impl_.graveyard.clear();
+    }
+
+private:
+    Impl& impl_;
+    After after_;
+};
+
+}  // namespace ui

@@ -1,0 +1,152 @@
+#include "db/error.h"
+#include "ui/content.h"
+#include "ui/controls.h"
+#include "ui/names.h"
+
+namespace ui {
+
+namespace {
+
+std::string shownText(const db::Value& value) {
+    return std::holds_alternative<db::Bytes>(value.content()) ? std::string() : value.textOr();
+}
+
+nlohmann::json columnForm(std::string_view name, bool visible) {
+    return {{"name", name}, {"visible", visible}};
+}
+
+}  // namespace
+
+DataGrid::DataGrid(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+
+void DataGrid::bind(db::Recordset rows) {
+    rows_ = std::move(rows);
+    rows_.moveFirst();
+    row_ = rows_.empty() ? -1 : 0;
+    for (const char* property : {"columns", "rows", "row"}) touch(property);
+}
+
+void DataGrid::clear() {
+    bind(db::Recordset());
+}
+
+void DataGrid::setRow(int row) {
+    if (row < -1 || row >= static_cast<int>(rows_.rowCount()))
+        throw db::Error(db::Category::other, "Invalid row number");
+    if (row >= 0) rows_.moveTo(static_cast<std::size_t>(row));
+    if (std::exchange(row_, row) == row) return;
+    touch("row");
+    raise("RowChange");
+}
+
+std::string DataGrid::text(std::string_view field) const {
+    if (row_ < 0) throw db::Error(db::Category::other, "Invalid row number");
+    for (std::size_t column = 0; column < rows_.fields().size(); ++column)
+        if (sameName(rows_.fields()[column], field))
+            return shownText(rows_.value(static_cast<std::size_t>(row_), column));
+    throw db::Error(db::Category::other, "Invalid column index");
+}
+
+void DataGrid::hideColumn(std::string_view name) {
+    hidden_.push_back(lowerName(name));
+    touch("columns");
+}
+
+void DataGrid::setCaption(std::string caption) {
+    if (caption == caption_) return;
+    caption_ = std::move(caption);
+    touch("caption");
+}
+
+std::vector<std::string_view> DataGrid::properties() const {
+    return {"caption", "columns", "rows", "row"};
+}
+
+nlohmann::json DataGrid::property(std::string_view name) const {
+    if (name == "caption") return caption_;
+    if (name == "row") return row_;
+    nlohmann::json list = nlohmann::json::array();
+    if (name == "columns") {
+        for (const std::string& field : rows_.fields())
+            list.push_back(
+                columnForm(field, std::find(hidden_.begin(), hidden_.end(), lowerName(field)) == hidden_.end()));
+        return list;
+    }
+    for (std::size_t row = 0; row < rows_.rowCount(); ++row) {
+        nlohmann::json& cells = list.emplace_back(nlohmann::json::array());
+        for (std::size_t column = 0; column < rows_.fields().size(); ++column)
+            cells.push_back(shownText(rows_.value(row, column)));
+    }
+    return list;
+}
+
+void DataGrid::take(const nlohmann::json& content) {
+    setRow(rowIn(*this, content, rows_.rowCount()));
+    raise("Click");
+}
+
+FlexGrid::FlexGrid(Screen& screen, std::string name, std::vector<std::string> columns)
+    : Control(screen, std::move(name)) {
+    for (std::string& column : columns) columns_.push_back({std::move(column)});
+}
+
+void FlexGrid::addRow(std::vector<std::string> cells) {
+    cells.resize(columns_.size());
+    cells_.push_back(std::move(cells));
+    touch("rows");
+}
+
+void FlexGrid::removeRow(std::size_t row) {
+    static_cast<void>(cell(row, 0));
+    cells_.erase(cells_.begin() + static_cast<std::ptrdiff_t>(row));
+    touch("rows");
+    if (row_ >= static_cast<int>(cells_.size())) setRow(static_cast<int>(cells_.size()) - 1);
+}
+
+void FlexGrid::clear() {
+    cells_.clear();
+    touch("rows");
+    setRow(-1);
+}
+
+const std::string& FlexGrid::cell(std::size_t row, std::size_t column) const {
+    if (row >= cells_.size() || column >= columns_.size())
+        throw db::Error(db::Category::other, "Subscript out of range");
+    return cells_[row][column];
+}
+
+void FlexGrid::setCell(std::size_t row, std::size_t column, std::string text) {
+    if (cell(row, column) == text) return;
+    cells_[row][column] = std::move(text);
+    touch("rows");
+}
+
+void FlexGrid::setRow(int row) {
+    if (row < -1 || row >= static_cast<int>(cells_.size())) throw db::Error(db::Category::other, "Invalid row number");
+    if (std::exchange(row_, row) != row) touch("row");
+}
+
+void FlexGrid::hideColumn(std::string_view name) {
+    for (GridColumn& column : columns_)
+        if (sameName(column.name, name)) column.visible = false;
+    touch("columns");
+}
+
+std::vector<std::string_view> FlexGrid::properties() const {
+    return {"columns", "rows", "row"};
+}
+
+nlohmann::json FlexGrid::property(std::string_view name) const {
+    if (name == "row") return row_;
+    if (name == "rows") return cells_;
+    nlohmann::json columns = nlohmann::json::array();
+    for (const GridColumn& column : columns_) columns.push_back(columnForm(column.name, column.visible));
+    return columns;
+}
+
+void FlexGrid::take(const nlohmann::json& content) {
+    setRow(rowIn(*this, content, cells_.size()));
+    raise("Click");
+}
+
+}  // namespace ui

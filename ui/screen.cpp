@@ -1,0 +1,62 @@
+#include "ui/screen.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "ui/desktop.h"
+#include "ui/names.h"
+
+namespace ui {
+
+Screen::Screen(Desktop& desktop, std::string name, std::string caption)
+    : desktop_(desktop), name_(std::move(name)), caption_(std::move(caption)) {}
+
+Screen::~Screen() = default;
+
+void Screen::setCaption(std::string caption) {
+    if (caption == caption_) return;
+    caption_ = std::move(caption);
+    desktop_.changed(*this, "caption");
+}
+
+Control* Screen::find(std::string_view name) const {
+    const auto found = byName_.find(lowerName(name));
+    return found == byName_.end() ? nullptr : found->second;
+}
+
+nlohmann::json Screen::state() const {
+    nlohmann::json controls = nlohmann::json::object();
+    nlohmann::json order = nlohmann::json::array();
+    for (const Control* control : controls_) {
+        controls[control->name()] = control->state();
+        order.push_back(control->name());
+    }
+    return {{"caption", caption_},
+            {"visible", visible_},
+            {"modal", modal_},
+            {"order", std::move(order)},
+            {"controls", std::move(controls)}};
+}
+
+void Screen::close() {
+    desktop_.close(*this);
+}
+
+void Screen::hide() {
+    desktop_.hide(*this);
+}
+
+void Screen::attach(Control& control) {
+    if (!byName_.emplace(lowerName(control.name()), &control).second)
+        throw std::logic_error(control.path() + " exists twice");
+    controls_.push_back(&control);
+}
+
+void Screen::detach(Control& control) noexcept {
+    desktop_.forget(control);
+    controls_.erase(std::remove(controls_.begin(), controls_.end(), &control), controls_.end());
+    std::erase_if(byName_, [&](const auto& named) { return named.second == &control; });
+}
+
+}  // namespace ui

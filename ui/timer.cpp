@@ -1,0 +1,60 @@
+#include <nlohmann/json.hpp>
+
+#include "ui/controls.h"
+#include "ui/desktop.h"
+
+namespace ui {
+
+namespace {
+
+/// A flag that is up for as long as this stands.
+class Raised {
+public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+    ~Raised() { flag_ = false; }
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
+Timer::Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running, Handler job)
+    : Control(screen, std::move(name)), interval_(interval) {
+    on("Timer", std::move(job));
+    if (running)
+        screen.desktop().loop().timerStarted(*this);
+    else
+        Control::setEnabled(false);
+}
+
+Timer::~Timer() {
+    screen().desktop().loop().timerStopped(*this);
+}
+
+void Timer::enabledChanged() {
+    touch("running");
+    screen().desktop().loop().timerStopped(*this);
+    if (running()) screen().desktop().loop().timerStarted(*this);
+}
+
+void Timer::tick() {
+    if (!running() || working_) return;
+    screen().desktop().attempt([this] {
+        const Raised working(working_);
+        raise("Timer");
+    });
+}
+
+std::vector<std::string_view> Timer::properties() const {
+    return {"running", "interval"};
+}
+
+nlohmann::json Timer::property(std::string_view name) const {
+    if (name == "running") return running();
+    return interval_.count();
+}
+
+}  // namespace ui

@@ -1,0 +1,95 @@
+import {h, newId} from "../dom.js";
+
+let library = null;
+
+/** The chart library, fetched when a first chart is drawn. */
+function loadLibrary() {
+    library ??= new Promise((resolve, reject) => {
+        const script = h("script", {src: "/static/chart/chart.min.js"});
+        script.addEventListener("load", () => resolve(window.Chart));
+        script.addEventListener("error", () => reject(new Error("The chart library could not be loaded")));
+        document.head.append(script);
+    });
+    return library;
+}
+
+/** Lines over labels. The same figures stand in a table for screen readers, and for whoever wants to read them. */
+export function lineChart(link) {
+    const canvas = h("canvas", {role: "img", id: newId("chart")});
+    const table = h("table", {class: "table table-sm v-table"});
+    const details = h("details", {class: "v-chart-table"}, h("summary", {}, "Figures as a table"), table);
+    const element = h("div", {class: "v-chart"}, h("div", {class: "v-chart-canvas"}, canvas), details);
+    let chart = null;
+    let drawn = "";
+    const draw = async () => {
+        const Chart = await loadLibrary();
+        chart?.destroy();
+        chart = new Chart(canvas, configuration(link.state, (name) => themeColor(element, name)));
+    };
+    document.addEventListener("themechange", () => element.isConnected && draw());
+    return {
+        element,
+        input: canvas,
+        group: true,
+        update() {
+            const {title, labels, series} = link.state;
+            const shown = JSON.stringify([title, labels, series]);
+            if (shown === drawn) return;
+            drawn = shown;
+            canvas.setAttribute("aria-label", describe(link.state));
+            fillTable(table, link.state);
+            draw().catch(() => (details.open = true));
+        },
+        setEnabled() {},
+        focusTarget: () => details.querySelector("summary"),
+    };
+}
+
+/** A colour of the theme as the canvas wants it. */
+function themeColor(element, name) {
+    element.style.color = `var(${name})`;
+    const {color} = getComputedStyle(element);
+    element.style.color = "";
+    return color;
+}
+
+function describe({title, labels, series}) {
+    const lines = series.map((line) => {
+        const last = line.points.findLast((point) => point !== null);
+        return last === undefined ? line.name : `${line.name}, last ${last}`;
+    });
+    return `${title || "Chart"}: ${labels.length} points. ${lines.join("; ")}`;
+}
+
+function fillTable(table, {title, labels, series}) {
+    const head = h("tr", {}, h("th", {scope: "col"}, ""), ...series.map((line) => h("th", {scope: "col"}, line.name)));
+    const rows = labels.map((label, at) => h(
+        "tr", {}, h("th", {scope: "row"}, label), ...series.map((line) => h("td", {}, String(line.points[at] ?? "")))));
+    table.replaceChildren(h("caption", {}, title), h("thead", {}, head), h("tbody", {}, ...rows));
+}
+
+/** Lines differ in colour, dash and mark, so that nobody has to tell colours apart. */
+function configuration({title, labels, series}, color) {
+    const looks = [{color: color("--v-line1"), dash: [], mark: "circle"}, {color: color("--v-line2"), dash: [6, 4], mark: "rectRot"}];
+    const text = color("--v-text");
+    const scale = {ticks: {color: text}, grid: {color: color("--v-border")}};
+    return {
+        type: "line",
+        data: {
+            labels,
+            datasets: series.map((line, at) => {
+                const look = looks[at % looks.length];
+                return {label: line.name, data: line.points, borderColor: look.color, backgroundColor: look.color,
+                        borderDash: look.dash, pointStyle: look.mark, pointRadius: 4, tension: 0.15};
+            }),
+        },
+        options: {
+            animation: false,
+            responsive: true,
+            maintainAspectRatio: false,
+            color: text,
+            scales: {x: scale, y: scale},
+            plugins: {title: {display: Boolean(title), text: title, color: text}, legend: {labels: {color: text, usePointStyle: true}}},
+        },
+    };
+}

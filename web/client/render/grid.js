@@ -1,0 +1,158 @@
+import {h, newId, setAttribute} from "../dom.js";
+import {GridModel} from "./gridmodel.js";
+
+const usualPage = 50;
+const rowsWithoutFilter = 8;
+
+/** Both grids: a table with a current row, sorted, narrowed and paged here. */
+export const grid = (link) => new Grid(link);
+
+class Grid {
+    group = true;
+    #enabled = true;
+
+    constructor(link) {
+        this.link = link;
+        this.model = new GridModel(link.item.page ?? usualPage);
+        this.caption = h("caption", {class: "visually-hidden"});
+        this.head = h("tr");
+        this.rows = h("tbody");
+        this.table = h("table", {class: "table table-sm v-table", role: "grid", id: newId("grid")}, this.caption,
+                       h("thead", {}, this.head), this.rows);
+        this.filter = h("input", {type: "search", class: "form-control v-filter", placeholder: "Narrow the rows",
+                                  "aria-label": "Narrow the rows", oninput: () => this.#narrow()});
+        this.count = h("span", {class: "v-count", role: "status"});
+        this.open = h("button", {type: "button", class: "btn btn-sm btn-outline-secondary", hidden: true,
+                                 onclick: () => link.fire("DblClick")}, "Open");
+        this.back = this.#pageButton("‹", "Previous page", -1);
+        this.forward = this.#pageButton("›", "Next page", 1);
+        this.element = h("div", {class: "v-grid"},
+                         h("div", {class: "v-grid-bar"}, this.filter, this.count, this.open, this.back, this.forward),
+                         h("div", {class: "v-grid-scroll"}, this.table));
+        this.input = this.table;
+        this.rows.addEventListener("click", (event) => this.#clicked(event));
+        this.rows.addEventListener("dblclick", (event) => event.target.closest("[data-row]") && link.fire("DblClick"));
+        this.rows.addEventListener("keydown", (event) => this.#key(event));
+    }
+
+    #pageButton(sign, name, step) {
+        return h("button", {type: "button", class: "btn btn-sm btn-outline-secondary", "aria-label": name, title: name,
+                            onclick: () => this.#turn(step)}, sign);
+    }
+
+    get current() {
+        const pending = this.link.pending;
+        return pending?.to?.row ?? this.link.state.row;
+    }
+
+    update() {
+        const {columns, rows, caption} = this.link.state;
+        if (rows !== this.shownRows || columns !== this.shownColumns) {
+            this.model.setRows(columns, rows);
+            [this.shownRows, this.shownColumns] = [rows, columns];
+        }
+        this.caption.textContent = caption ?? "";
+        if (this.current !== this.shownCurrent) this.model.pageTo(this.current);
+        this.shownCurrent = this.current;
+        this.#draw();
+    }
+
+    setEnabled(enabled) {
+        this.#enabled = enabled;
+        setAttribute(this.table, "aria-disabled", !enabled && "true");
+        this.element.classList.toggle("v-disabled", !enabled);
+        for (const row of this.rows.children) row.tabIndex = enabled && row.tabIndex === 0 ? 0 : -1;
+    }
+
+    focusTarget() {
+        return this.rows.querySelector("[tabindex='0']") ?? (this.filter.hidden ? null : this.filter);
+    }
+
+    #draw() {
+        const hadFocus = this.rows.contains(document.activeElement);
+        this.#drawHead();
+        const columns = this.#visibleColumns();
+        const {rows} = this.link.state;
+        const stop = this.model.shown.includes(this.current) ? this.current : this.model.shown[0];
+        this.rows.replaceChildren(...this.model.shown.map((row) => this.#row(row, rows[row], columns, row === stop)));
+        if (this.model.shown.length === 0) this.rows.append(this.#emptyRow(columns.length));
+        this.#drawBar(rows.length);
+        if (hadFocus) this.focusTarget()?.focus({preventScroll: true});
+    }
+
+    #visibleColumns() {
+        return this.link.state.columns.flatMap((column, place) => (column.visible ? [place] : []));
+    }
+
+    #drawHead() {
+        const {sortColumn, descending} = this.model;
+        this.head.replaceChildren(...this.#visibleColumns().map((place) => {
+            const sorted = place === sortColumn;
+            const name = h("button", {type: "button", class: "v-sort", onclick: () => this.#sort(place)},
+                           this.link.state.columns[place].name, sorted ? (descending ? " ▼" : " ▲") : null);
+            const order = sorted ? (descending ? "descending" : "ascending") : "none";
+            return h("th", {scope: "col", "aria-sort": order}, name);
+        }));
+    }
+
+    #row(row, cells, columns, stop) {
+        const chosen = row === this.current;
+        return h("tr", {"data-row": row, tabindex: stop && this.#enabled ? "0" : "-1", "aria-selected": String(chosen),
+                        class: chosen ? "v-current" : null}, ...columns.map((column) => h("td", {}, cells[column])));
+    }
+
+    #emptyRow(width) {
+        const text = this.link.state.rows.length > 0 ? "No row holds this text" : (this.link.item.empty ?? "Nothing to show");
+        return h("tr", {class: "v-empty"}, h("td", {colspan: Math.max(1, width)}, text));
+    }
+
+    #drawBar(all) {
+        const {page, pages, count, filter} = this.model;
+        this.filter.hidden = all <= rowsWithoutFilter && filter === "";
+        if (this.filter.value !== filter) this.filter.value = filter;
+        const rows = count === all ? `${all} rows` : `${count} of ${all} rows`;
+        this.count.textContent = pages > 1 ? `${rows}, page ${page + 1} of ${pages}` : rows;
+        this.open.hidden = !this.link.handles("DblClick") || all === 0;
+        this.back.hidden = this.forward.hidden = pages < 2;
+        this.back.disabled = page === 0;
+        this.forward.disabled = page === pages - 1;
+    }
+
+    #sort(column) {
+        this.model.sortBy(column);
+        this.#draw();
+        this.head.children[this.#visibleColumns().indexOf(column)].firstChild.focus();
+    }
+
+    #narrow() {
+        this.model.setFilter(this.filter.value);
+        this.#draw();
+    }
+
+    #turn(step) {
+        this.model.page += step;
+        this.#draw();
+    }
+
+    #clicked(event) {
+        const row = event.target.closest("[data-row]");
+        if (row && this.#enabled) this.#choose(Number(row.dataset.row));
+    }
+
+    #choose(row) {
+        if (row < 0) return;
+        this.link.set({row});
+        this.update();
+        this.focusTarget()?.focus();
+    }
+
+    #key(event) {
+        const at = this.model.placeOf(Number(event.target.closest("[data-row]")?.dataset.row ?? -1));
+        const places = {ArrowDown: at + 1, ArrowUp: at - 1, PageDown: at + 10, PageUp: at - 10, Home: 0, End: this.model.count};
+        if (event.key in places) this.#choose(this.model.rowAt(places[event.key]));
+        else if (event.key === " ") this.#choose(this.model.rowAt(at));
+        else if (event.key === "Enter" && this.link.handles("DblClick")) this.link.fire("DblClick");
+        else return;
+        event.preventDefault();
+    }
+}

@@ -1,0 +1,30 @@
+// Which module draws which kind of control.
+
+import {h} from "../dom.js";
+import {button, label} from "./basic.js";
+import {lineChart} from "./chart.js";
+import {checkBox, optionButton} from "./choice.js";
+import {comboBox} from "./combo.js";
+import {datePicker} from "./date.js";
+import {grid} from "./grid.js";
+import {listBox, listView} from "./list.js";
+import {picture} from "./picture.js";
+import {statusBar} from "./statusbar.js";
+import {tabStrip} from "./tabs.js";
+import {textBox} from "./text.js";
+import {treeView} from "./tree.js";
+
+const makers = {
+    textBox, comboBox, listBox, checkBox, optionButton, datePicker, label, button, picture, tabStrip, treeView, listView,
+    lineChart, statusBar, dataGrid: grid, flexGrid: grid,
+};
+
+/**
+ * A control's view: `element` is what is drawn, `input` what takes the keyboard and carries the label, `group` true where
+ * several elements make up the control, `update()` brings it up to date, `setEnabled(flag)` where a plain "disabled" will
+ * not do, `focusTarget()` where the keyboard belongs elsewhere than on `input`.
+ */
+export function makeView(link) {
+    const make = makers[link.state.kind];
+    return make ? make(link) : {element: h("div", {class: "v-unknown"}), update() {}};
+}

@@ -1,0 +1,32 @@
+import {h, setAttribute} from "../dom.js";
+
+/** A picture of a patient or a place for one. */
+export function picture(link) {
+    const image = h("img", {class: "v-picture", alt: link.item.label ?? "Picture"});
+    const empty = h("div", {class: "v-picture-empty"}, "No picture");
+    const element = h("div", {class: "v-picture-frame"}, image, empty);
+    const works = link.handles("DblClick") || link.handles("Click");
+    if (works) {
+        setAttribute(element, "role", "button");
+        setAttribute(element, "aria-label", link.item.label ?? "Picture");
+        element.tabIndex = 0;
+        element.addEventListener("click", () => link.fire("Click"));
+        element.addEventListener("dblclick", () => link.fire("DblClick"));
+        element.addEventListener("keydown", (event) => {
+            if (event.key === "Enter") link.fire(link.handles("DblClick") ? "DblClick" : "Click");
+        });
+    }
+    return {
+        element,
+        update() {
+            const {image: data, color} = link.state;
+            image.hidden = !data;
+            empty.hidden = Boolean(data);
+            if (data) image.src = data;
+            else image.removeAttribute("src");
+            element.style.backgroundColor = color ?? "";
+        },
+        setEnabled: (enabled) => setAttribute(element, "aria-disabled", !enabled && "true"),
+        focusTarget: () => (works ? element : null),
+    };
+}

@@ -1,0 +1,52 @@
+import {h, setAttribute} from "../dom.js";
+
+/** Writes a text into a field and leaves the caret where it was, counted from the end. */
+export function writeText(input, text) {
+    if (input.value === text) return;
+    const fromEnd = input.value.length - (input.selectionEnd ?? input.value.length);
+    input.value = text;
+    if (input !== document.activeElement) return;
+    const caret = Math.max(0, text.length - fromEnd);
+    input.setSelectionRange(caret, caret);
+}
+
+/** A text box: every input goes to the session at once, and its answer (the key filter's work) comes back when all of
+ * the typing is answered, so that no older echo meets newer typing. */
+export function textBox(link) {
+    const {state, item} = link;
+    const input = item.lines ? h("textarea", {class: "form-control", rows: item.lines})
+                             : h("input", {class: "form-control", type: state.password ? "password" : "text"});
+    setAttribute(input, "placeholder", item.hint);
+    setAttribute(input, "inputmode", item.keys);
+    if (state.password) input.autocomplete = "off";
+    let composing = false;
+    input.addEventListener("compositionstart", () => (composing = true));
+    input.addEventListener("compositionend", () => {
+        composing = false;
+        link.set(input.value);
+    });
+    input.addEventListener("input", () => composing || link.set(input.value));
+    input.addEventListener("click", () => link.fire("Click"));
+    input.addEventListener("keydown", (event) => {
+        if (event.key !== "Enter" || event.isComposing || !link.handles("KeyReturn")) return;
+        event.preventDefault();
+        link.fire("KeyReturn");
+    });
+    return {
+        element: input,
+        input,
+        update() {
+            const {maxLength, password} = link.state;
+            setAttribute(input, "maxlength", maxLength || null);
+            if (password) showPassword(link, input);
+            else if (!composing) writeText(input, link.text);
+        },
+    };
+}
+
+/** A password's text stays in the session, which tells only whether there is one. */
+function showPassword(link, input) {
+    const {filled} = link.state;
+    if (!filled && !link.pending) input.value = "";
+    setAttribute(input, "placeholder", filled ? "\u2022".repeat(8) : link.item.hint);
+}

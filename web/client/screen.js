@@ -1,0 +1,205 @@
+// Draws one screen from its controls and its layout, and keeps it up to date.
+
+import {ControlLink} from "./control.js";
+import {h, newId, showCaption} from "./dom.js";
+import {makeField, showField} from "./field.js";
+import {layoutOf} from "./layout.js";
+import {makeView} from "./render/index.js";
+
+export class ScreenView {
+    /** @type {Map<string, {link: ControlLink, view: object, field: HTMLElement, page: object|null}>} */
+    #parts = new Map();
+
+    /**
+     * @param {object} work the work place that the screen belongs to
+     * @param {string} name
+     */
+    constructor(work, name) {
+        this.work = work;
+        this.name = name;
+        this.titleId = newId("title");
+        this.title = h("h2", {id: this.titleId, class: "v-screen-title"});
+        this.body = h("form", {class: "v-screen-body", novalidate: true, autocomplete: "off"});
+        this.element = h("section", {class: "v-screen", "aria-labelledby": this.titleId}, this.title, this.body);
+        this.element.dataset.screen = name;
+        this.body.addEventListener("submit", (event) => event.preventDefault());
+        this.body.addEventListener("keydown", (event) => this.#key(event));
+        this.body.addEventListener("focusin", (event) => this.#focusMoved(event, "GotFocus"));
+        this.body.addEventListener("focusout", (event) => this.#focusMoved(event, "LostFocus"));
+    }
+
+    get state() {
+        return this.work.model.screens.get(this.name);
+    }
+
+    async draw() {
+        const layout = await layoutOf(this.name, this.state);
+        if (!this.state) return;
+        this.layout = layout;
+        this.#parts.clear();
+        this.#labels = this.#labelsByTarget(layout);
+        this.element.classList.toggle("v-narrow", layout.width === "narrow");
+        this.body.replaceChildren();
+        if (layout.help) this.body.append(h("p", {class: "v-screen-help"}, layout.help));
+        this.body.append(...this.#sections(layout.sections, null));
+        if (layout.buttons.length > 0) this.body.append(this.#buttonBar(layout.buttons));
+        this.refreshAll();
+    }
+
+    #labels = new Map();
+
+    /** A label control with "for" is the label of another control, and is drawn there. */
+    #labelsByTarget(layout) {
+        const labels = new Map();
+        const walk = (sections) => sections.forEach((section) => section.tabs
+            ? section.pages.forEach(walk)
+            : section.rows.forEach((row) => row.items.filter((item) => item.for).forEach(
+                (item) => labels.set(item.for, item.control))));
+        walk(layout.sections);
+        return labels;
+    }
+
+    #sections(sections, page) {
+        return sections.map((section) => (section.tabs ? this.#tabs(section, page) : this.#section(section, page)));
+    }
+
+    #section(section, page) {
+        const fields = h("div", {class: "v-fields"});
+        for (const row of section.rows) {
+            const into = row.together ? h("div", {class: "v-row"}) : fields;
+            const columns = row.together ? row.items.length : section.columns;
+            for (const item of row.items) {
+                const part = this.#part(item, page, columns);
+                if (part && !item.for) into.append(part.field);
+            }
+            if (row.together) fields.append(into);
+        }
+        if (!section.title) return h("div", {class: "v-section"}, helpLine(section), fields);
+        return h("fieldset", {class: "v-section"}, h("legend", {}, section.title), helpLine(section), fields);
+    }
+
+    #tabs(section, page) {
+        const strip = this.#part({control: section.tabs}, page);
+        const panels = section.pages.map((sections, number) => h(
+            "div", {role: "tabpanel", class: "v-tab-page", id: newId()},
+            ...this.#sections(sections, {strip: section.tabs, number, outer: page})));
+        strip?.view.setPanels(panels);
+        return h("div", {class: "v-tabs"}, strip?.field, ...panels);
+    }
+
+    #buttonBar(items) {
+        const bar = h("div", {class: "v-buttons"});
+        for (const item of items) {
+            const part = this.#part({style: item.control === this.layout.default ? "primary" : undefined, ...item}, null);
+            if (part) bar.append(part.field);
+        }
+        return bar;
+    }
+
+    #part(item, page, columns = 1) {
+        const name = this.#nameOf(item.control);
+        if (!name) return null;
+        const labelControl = this.#labels.get(item.control);
+        const label = labelControl ? this.state.controls[this.#nameOf(labelControl)]?.caption : undefined;
+        const link = new ControlLink(this, name, label === undefined ? item : {label, ...item});
+        const view = makeView(link);
+        const part = {link, view, field: makeField(link, view, columns), page};
+        this.#parts.set(name, part);
+        return part;
+    }
+
+    /** Names in layouts are found whatever their letter case. */
+    #nameOf(wanted) {
+        if (wanted in this.state.controls) return wanted;
+        return Object.keys(this.state.controls).find((name) => name.toLowerCase() === wanted.toLowerCase());
+    }
+
+    /** Brings a control's view up to date with its state. */
+    refresh(name) {
+        const part = this.#parts.get(name);
+        if (!part || !this.state?.controls[name]) return;
+        part.view.update();
+        this.#refreshLabel(name);
+        this.#showParts();
+    }
+
+    #refreshLabel(name) {
+        const target = [...this.#labels].find(([, control]) => this.#nameOf(control) === name)?.[0];
+        const part = target && this.#parts.get(this.#nameOf(target));
+        const caption = part?.field.querySelector(".v-label > span");
+        if (caption) showCaption(caption, this.state.controls[name].caption, part.view.input ?? part.view.element);
+    }
+
+    refreshAll() {
+        showCaption(this.title, this.layout?.title ?? this.state.caption);
+        for (const part of this.#parts.values()) part.view.update();
+        this.#showParts();
+    }
+
+    #showParts() {
+        for (const {link, field, view} of this.#parts.values()) showField(field, view, this.work.model.worked(link.path));
+        for (const section of this.body.querySelectorAll(".v-section"))
+            section.hidden = [...section.querySelectorAll(".v-field")].every((field) => field.hidden);
+    }
+
+    /** Moves the keyboard to a control, with the page that it lies on. */
+    focus(name) {
+        const part = this.#parts.get(this.#nameOf(name) ?? "");
+        if (!part) return false;
+        for (let page = part.page; page; page = page.outer) this.#parts.get(this.#nameOf(page.strip))?.view.bring(page.number);
+        (part.view.focusTarget?.() ?? part.view.input ?? part.view.element).focus();
+        return true;
+    }
+
+    /** Moves the keyboard to the first control that takes it. */
+    focusFirst() {
+        const first = [...this.#parts.values()].find((part) => {
+            const target = part.view.focusTarget?.() ?? part.view.input;
+            return target && !target.disabled && target.getClientRects().length > 0;
+        });
+        if (first) this.focus(first.link.name);
+        else this.#heading();
+    }
+
+    #heading() {
+        this.title.tabIndex = -1;
+        this.title.focus();
+    }
+
+    /** Enter means the default button, Esc the cancel button. */
+    #key(event) {
+        if (event.defaultPrevented || event.altKey || event.ctrlKey || event.isComposing) return;
+        const plainField = event.target.matches("input, select");
+        if (event.key === "Enter" && plainField) this.#press(this.layout.default, event);
+        if (event.key === "Escape") this.#press(this.layout.cancel, event);
+    }
+
+    #press(name, event) {
+        const part = name && this.#parts.get(this.#nameOf(name) ?? "");
+        if (!part || part.field.hidden || part.view.element.disabled) return;
+        event.preventDefault();
+        part.link.fire();
+    }
+
+    /** True where the user sees the screen now. */
+    get shown() {
+        return this.element.getClientRects().length > 0;
+    }
+
+    gotFocus(name) {
+        this.#parts.get(this.#nameOf(name) ?? "")?.link.fire("GotFocus");
+    }
+
+    get cancelButton() {
+        return this.layout?.cancel;
+    }
+
+    #focusMoved(event, name) {
+        if (this.work.focusIsQuiet || !document.hasFocus()) return;
+        const field = event.target.closest("[data-control]");
+        if (!field || field.contains(event.relatedTarget)) return;
+        this.#parts.get(field.dataset.control.slice(this.name.length + 1))?.link.fire(name);
+    }
+}
+
+const helpLine = (section) => (section.help ? h("p", {class: "v-help"}, section.help) : null);

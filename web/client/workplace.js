@@ -1,0 +1,213 @@
+// The work place: it hears the session and keeps menu, alerts, screens and boxes true to it.
+
+import {Boxes} from "./boxes.js";
+import {Children} from "./children.js";
+import {Frame} from "./frame.js";
+import {installKeys} from "./keys.js";
+import {layoutOf} from "./layout.js";
+import {Modals} from "./modals.js";
+import {Model, split} from "./model.js";
+import {Notices} from "./notices.js";
+import {Places} from "./places.js";
+import {Session} from "./session.js";
+import {ring} from "./sound.js";
+
+export class WorkPlace {
+    /** Focus that moves now is the page's own doing: no control hears of it. */
+    focusIsQuiet = false;
+    layout = {};
+
+    constructor(root) {
+        this.model = new Model();
+        this.notices = new Notices();
+        this.session = new Session({
+            snapshot: (snapshot) => this.#restore(snapshot),
+            message: (message, request) => this.#hear(message, request),
+            state: (state) => this.#connection(state),
+            ended: (reason) => this.#ended(reason),
+            signedOut: () => location.assign("/sign-in"),
+            failed: (error) => this.#failed(error),
+        });
+        this.children = new Children(this);
+        this.modals = new Modals(this);
+        this.boxes = new Boxes(this);
+        this.frame = new Frame(this, root);
+        this.places = new Places(this);
+        installKeys(this);
+    }
+
+    start() {
+        this.notices.connection("connecting");
+        this.session.connect();
+    }
+
+    get main() {
+        return this.model.screens.get(this.model.main);
+    }
+
+    get childArea() {
+        return Object.values(this.main?.controls ?? {}).find((control) => control.kind === "childArea");
+    }
+
+    /** Fires a control of the main window. */
+    fire(name, event = "") {
+        this.session.send({fire: `${this.model.main}.${name}${event ? `.${event}` : ""}`});
+    }
+
+    view(name) {
+        return this.modals.view(name) ?? this.children.view(name);
+    }
+
+    /** Runs something that moves the focus without any control hearing of it. */
+    quietly(work) {
+        const before = this.focusIsQuiet;
+        this.focusIsQuiet = true;
+        try {
+            work();
+        } finally {
+            this.focusIsQuiet = before;
+        }
+    }
+
+    #failed(error) {
+        console.error(error);
+        this.notices.show("Something on this page went wrong. Reload it: the session keeps your work.", [], {stays: true});
+    }
+
+    async #restore(snapshot) {
+        const place = this.places.current();
+        this.boxes.show(null);
+        this.quietly(() => {
+            this.modals.clear();
+            this.children.clear();
+        });
+        this.model.restore(snapshot);
+        document.title = this.model.title || document.title;
+        if (this.main) await this.#drawMain();
+        await this.#drawScreens();
+        if (!this.boxes.open && !this.places.restore(place)) this.focusLost();
+        this.boxes.show(this.session.question);
+    }
+
+    async #drawMain() {
+        this.layout = (await layoutOf(this.model.main, this.main)).main ?? {};
+        this.frame.draw();
+    }
+
+    async #drawScreens() {
+        await this.children.refresh();
+        await this.modals.refresh();
+        if (this.main) this.frame.update();
+    }
+
+    /** Takes a reply or a push, event by event. */
+    async #hear(message, request) {
+        const events = message.events ?? [];
+        const refused = events.find((event) => "error" in event);
+        if (request && "set" in request && !refused) this.model.take(request.set, request.to);
+        for (const event of events) await this.#event(event);
+        if (request && "set" in request) this.#refresh(request.set);
+        if (refused && request && !message.waiting) this.#refused(request, refused.error);
+        if (request && "answer" in request) this.boxes.forget();
+        if ("waiting" in message) this.boxes.show(message.waiting);
+    }
+
+    async #event(event) {
+        const [kind] = Object.keys(event).filter((key) => key in this.#hearers);
+        if (kind) await this.#hearers[kind](event);
+    }
+
+    #hearers = {
+        opened: (event) => this.#opened(event),
+        hidden: ({hidden}) => this.#gone(hidden, (screen) => (screen.visible = false)),
+        closed: ({closed}) => this.#gone(closed, () => this.model.screens.delete(closed)),
+        changed: ({changed}) => this.#changed(changed),
+        focus: ({focus}) => this.#focus(focus),
+        sound: ({sound}) => ring(sound),
+        report: ({report}) => this.notices.report(report),
+        print: () => window.print(),
+    };
+
+    async #opened({opened, modal, state}) {
+        this.model.screens.delete(opened);
+        this.model.screens.set(opened, {...state, name: opened, visible: true, modal});
+        if (opened === this.model.main || (!this.model.main && isMainWindow(state))) {
+            this.model.main = opened;
+            return this.#drawMain();
+        }
+        if (!modal) this.model.active = opened;
+        await this.#drawScreens();
+        if (!modal && !this.boxes.open) this.quietly(() => this.children.view(opened)?.focusFirst());
+    }
+
+    async #gone(name, forget) {
+        const screen = this.model.screens.get(name);
+        if (!screen) return;
+        forget(screen);
+        if (this.model.active === name) this.model.active = this.model.children.findLast(
+            (other) => this.model.screens.get(other).visible) ?? "";
+        await this.#drawScreens();
+    }
+
+    #refresh(path) {
+        const [screen, control] = split(path);
+        this.view(screen)?.refresh(control);
+    }
+
+    #changed(changes) {
+        for (const [path, properties] of Object.entries(changes)) this.model.change(path, properties);
+        const screens = new Set();
+        for (const path of Object.keys(changes)) {
+            const [screen, control] = split(path);
+            screens.add(screen);
+            if (control) this.view(screen)?.refresh(control);
+            else this.children.captionChanged(screen);
+        }
+        if (screens.has(this.model.main)) return this.#mainChanged();
+        return undefined;
+    }
+
+    async #mainChanged() {
+        const active = this.childArea?.children?.find((child) => child.active)?.name;
+        if (active) this.model.active = active;
+        this.frame.update();
+        await this.children.refresh();
+    }
+
+    /** The session moves the keyboard; what it leaves does not hear of that, what it comes to does. */
+    #focus(path) {
+        const [screen, control] = split(path);
+        this.quietly(() => this.view(screen)?.focus(control));
+        this.view(screen)?.gotFocus(control);
+    }
+
+    #refused(request, error) {
+        if ("set" in request || "fire" in request) this.notices.show(`Not possible now: ${error}`);
+    }
+
+    /** The screen with the keyboard has gone: the one in front has it now. */
+    focusLost() {
+        queueMicrotask(() => {
+            if (this.boxes.open || document.activeElement !== document.body) return;
+            const view = this.children.view(this.model.active);
+            this.quietly(() => (view ? view.focusFirst() : this.frame.menu.focus()));
+        });
+    }
+
+    menuChosen() {
+        this.frame.closeMenu();
+    }
+
+    #connection(state) {
+        if (state === "replaced") this.boxes.show(null);
+        this.notices.connection(state, () => this.session.takeBack());
+    }
+
+    #ended(reason) {
+        this.boxes.show(null);
+        this.modals.clear();
+        this.frame.ended(reason);
+    }
+}
+
+const isMainWindow = (state) => Object.values(state.controls).some((control) => control.kind === "childArea");

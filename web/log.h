@@ -1,0 +1,21 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace web {
+
+enum class Level { debug, info, warning, error, off };
+
+/// Lines below this level are dropped; `info` at first.
+void setLogLevel(Level level) noexcept;
+
+using LogField = std::pair<std::string_view, std::string>;
+
+/// Writes one line to standard error: "2026-11-24T21:44:16Z level=info event=sign-in user=nurse address=127.0.0.1".
+/// Thread-safe. Fields never hold a patient's data, a statement's values, or what a nurse typed into a screen.
+void log(Level level, std::string_view event, std::initializer_list<LogField> fields = {}) noexcept;
+
+}  // namespace web

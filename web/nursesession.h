@@ -1,0 +1,98 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "ui/conversation.h"
+#include "ui/seat.h"
+#include "web/reportshelf.h"
+
+namespace web {
+
+struct Config;
+
+/// The page that shows a session, as the session sees it. Its members may be called on any thread.
+class Page {
+public:
+    virtual ~Page() = default;
+    virtual void send(std::string line) = 0;
+    /// Closes the connection once everything sent has gone.
+    virtual void close() = 0;
+};
+
+/// A signed-in nurse's session: a thread with her event loop and her seat. The network thread hands it the page's
+/// lines; whatever goes wrong inside it ends, at worst, itself.
+class NurseSession {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// Starts the thread.
+    NurseSession(const Config& config, const ui::MakeSeat& makeSeat, ui::SignedIn who);
+    NurseSession(const NurseSession&) = delete;
+    NurseSession& operator=(const NurseSession&) = delete;
+    /// Ends the session and waits for its thread.
+    ~NurseSession();
+
+    [[nodiscard]] const ui::SignedIn& who() const noexcept { return who_; }
+
+    /// Gives the session a page: it gets the desktop as it is, an earlier page is told and closed.
+    void attach(std::shared_ptr<Page> page);
+    /// The page's connection is gone.
+    void detach(const Page& page);
+    /// A line of the page. Lines of a page that was replaced are dropped. False where so many wait already that the
+    /// page must be out of order.
+    [[nodiscard]] bool receive(const Page& page, std::string line);
+
+    /// Ends the session without the leave procedure, as a closed workstation would.
+    void end(const std::string& reason);
+    /// True once nothing of the session can be worked any more.
+    [[nodiscard]] bool ended() const;
+    /// True once the thread has nothing more to do.
+    [[nodiscard]] bool over() const;
+    /// How long the session has waited for a page; zero while it has one.
+    [[nodiscard]] Clock::duration abandoned() const;
+
+    [[nodiscard]] const ReportShelf& reports() const noexcept { return reports_; }
+    /// The session's own folder; empty before the session has one.
+    [[nodiscard]] std::filesystem::path programDirectory() const;
+    /// Keeps an uploaded file and gives the token that answers a file question with it; "" where it cannot be kept.
+    std::string keepUpload(const std::string& fileName, const std::string& content);
+
+private:
+    void work() noexcept;
+    std::string live();
+    std::string runToEnd(ui::Seat& seat, ui::Conversation& conversation);
+    void runOn(ui::Seat& seat);
+    void greet();
+    void write(const std::string& line);
+    void finish(const std::string& reason);
+    void answer(const nlohmann::json& answer);
+
+    const Config& config_;
+    ui::MakeSeat makeSeat_;
+    ui::SignedIn who_;
+    ui::EventLoop loop_;
+    ReportShelf reports_;
+    ui::Seat* seat_ = nullptr;                  ///< on the session's thread only
+    ui::Conversation* conversation_ = nullptr;  ///< on the session's thread only
+
+    mutable std::mutex mutex_;  ///< for what follows
+    std::shared_ptr<Page> page_;
+    bool greeted_ = false;  ///< the page has the desktop; what is written before that, the desktop holds
+    int queued_ = 0;        ///< lines on their way to the session
+    bool ended_ = false;
+    bool over_ = false;
+    std::string lastLine_;  ///< what a page that comes too late is told
+    Clock::time_point abandonedSince_ = Clock::now();
+    std::filesystem::path programDirectory_;
+    std::map<std::string, std::filesystem::path> uploads_;  ///< by token
+
+    std::thread thread_;
+};
+
+}  // namespace web

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <variant>
+
+#include "web/authenticate.h"
+#include "web/http.h"
+#include "web/sessions.h"
+#include "web/signindelays.h"
+
+namespace web {
+
+struct Config;
+
+/// What the host answers to each request. It knows no socket: the host calls it on its network thread, tests call it
+/// directly.
+class Site {
+public:
+    using Answer = std::function<void(Response)>;
+    /// What takes time happens elsewhere, and its end comes back on the network thread.
+    struct Later {
+        std::function<void(std::chrono::milliseconds, std::function<void()>)> wait;
+        std::function<void(const Attempt&, std::function<void(AuthResult)>)> authenticate;
+    };
+
+    Site(const Config& config, Sessions& sessions, Later later, SignInDelays::Now now = &SignInDelays::Clock::now);
+
+    /// Answers now or later, once, with the security headers on.
+    void handle(const Request& request, const Answer& answer);
+    /// The longest body that is read for this request.
+    [[nodiscard]] std::size_t longestBody(const Request& request) const;
+    /// Whether the request may open a session's WebSocket: the session, or the refusal.
+    [[nodiscard]] std::variant<std::shared_ptr<NurseSession>, Response> admit(const Request& request) const;
+
+private:
+    using Handler = void (Site::*)(const Request&, std::string_view rest, const Answer&);
+    struct Route;
+    [[nodiscard]] std::shared_ptr<NurseSession> sessionOf(const Request& request) const;
+    [[nodiscard]] bool sameOrigin(const Request& request) const;
+    [[nodiscard]] Response signInPage(int status, const std::string& message, const std::string& user) const;
+    [[nodiscard]] Response cookieRedirect(const Request& request, const std::string& token,
+                                          const std::string& to) const;
+
+    void home(const Request& request, std::string_view rest, const Answer& answer);
+    void showSignIn(const Request& request, std::string_view rest, const Answer& answer);
+    void signIn(const Request& request, std::string_view rest, const Answer& answer);
+    void signedIn(const Request& request, const Attempt& attempt, const AuthResult& result, const Answer& answer);
+    void signOut(const Request& request, std::string_view rest, const Answer& answer);
+    void clientFile(const Request& request, std::string_view rest, const Answer& answer);
+    void bootstrapFile(const Request& request, std::string_view rest, const Answer& answer);
+    void chartFile(const Request& request, std::string_view rest, const Answer& answer);
+    void layout(const Request& request, std::string_view rest, const Answer& answer);
+    void report(const Request& request, std::string_view rest, const Answer& answer);
+    void programFile(const Request& request, std::string_view rest, const Answer& answer);
+    void upload(const Request& request, std::string_view rest, const Answer& answer);
+    void health(const Request& request, std::string_view rest, const Answer& answer);
+
+    const Config& config_;
+    Sessions& sessions_;
+    Later later_;
+    SignInDelays delays_;
+};
+
+}  // namespace web

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <iostream>
 
 #include "app/commands.h"
@@ -44,6 +46,7 @@ int runProgram(int argc, char** argv) {
 }  // namespace app
 
 int main(int argc, char** argv) {
+    ::umask(077);  // patients' data is for the account that runs the program
     try {
         return app::runProgram(argc, argv);
     } catch (const std::exception& error) {

@@ -107,7 +107,7 @@ private:
     /// A place, a variable or a word: `prefix` signs, then letters and digits.
     Token run(Token::Kind kind, std::size_t prefix) {
         auto end = position_ + prefix;
-        while (isNameLetter(at(end)) || isDigit(at(end)) || (kind != Token::Kind::place && at(end) == '$')) ++end;
+        while (isDigit(at(end)) || (kind != Token::Kind::place && (isNameLetter(at(end)) || at(end) == '$'))) ++end;
         std::string content(source_.substr(position_, end - position_));
         const bool badPlace = kind == Token::Kind::place &&
                               (content.size() > 6 || !std::all_of(content.begin() + 1, content.end(), isDigit));

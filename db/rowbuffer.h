@@ -22,6 +22,21 @@ public:
     }
     /// For a column whose reading shows only in its first value.
     void setReading(std::size_t column, Reading reading) { readings_[column] = reading; }
+    /// Room for cells and for the bytes of their texts.
+    struct Size {
+        std::size_t cells = 0, bytes = 0;
+    };
+    [[nodiscard]] Size size() const noexcept { return {cells_.size(), arena_.size()}; }
+    /// Makes the room at once that the rows are expected to need: growing costs a large result more than reading it.
+    void reserve(const Size& expected) {
+        cells_.reserve(expected.cells);
+        arena_.reserve(expected.bytes);
+    }
+    /// Gives room back where much more was made than the rows needed.
+    void fit() {
+        if (cells_.capacity() > 2 * cells_.size()) cells_.shrink_to_fit();
+        if (arena_.capacity() > 2 * arena_.size()) arena_.shrink_to_fit();
+    }
     void addNull() { cells_.push_back(Cell{}); }
     void addInteger(std::int64_t number) { cells_.push_back(Cell{Kind::integer, 0, {.integer = number}}); }
     void addNumber(double number) { cells_.push_back(Cell{Kind::number, 0, {.number = number}}); }

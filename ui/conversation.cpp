@@ -99,7 +99,7 @@ std::string Conversation::keyOf(const nlohmann::json& request) const {
     std::string key;
     for (const auto& [name, value] : request.items()) {
         if (!requests_.contains(name)) continue;
-        if (!key.empty()) throw Refused{"two requests in one: " + key + " and " + name};
+        if (!key.empty()) throw Refused{std::string("two requests in one: ").append(key).append(" and ").append(name)};
         key = name;
     }
     if (key.empty()) throw Refused{"the request is unknown"};

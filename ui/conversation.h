@@ -14,7 +14,7 @@
 namespace ui {
 
 /// Longest request that is read, in bytes.
-inline constexpr std::size_t longestRequest = 1024 * 1024;
+inline constexpr std::size_t longestRequest = std::size_t{1024} * 1024;
 
 /// One client's talk with a session: JSON requests in, JSON replies out, one line each. It knows the requests that
 /// pages and scripts share (`fire`, `set`, `answer`, `get`); others are added by whoever serves them. All members run

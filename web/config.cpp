@@ -260,7 +260,8 @@ void requireServable(const Config& config) {
         throw ConfigError("tls: certificate and key belong together, one of them is missing");
     if (!isLoopback(config.address) && !config.tls() && !config.allowPlainRemote) {
         throw ConfigError("address: " + config.address +
-                          " is reached from other machines; set tls.certificate and tls.key, or allow_plain_remote");
+                          " is reached from other machines, and without TLS passwords would travel in plain; set "
+                          "tls.certificate and tls.key, or allow_plain_remote");
     }
 }
 

@@ -21,7 +21,8 @@ public:
     void start(const Request& request) {
         using Option = beast::websocket::stream_base::timeout;
         socket_.set_option(Option{std::chrono::seconds(30), std::chrono::seconds(60), true});
-        socket_.read_message_max(0);  // what is too long is thrown away as it comes, and answered
+        socket_.auto_fragment(false);  // a line is a frame
+        socket_.read_message_max(0);   // what is too long is thrown away as it comes, and answered
         socket_.async_accept(request, [self = this->shared_from_this()](error_code error) {
             if (error) return self->gone();
             self->socket_.text(true);

@@ -60,8 +60,8 @@ std::optional<SignInDelays::Clock::duration> SignInDelays::begin(const std::stri
     const auto count = [&](Failures* failures, int free) {
         if (failures == nullptr) return;
         ++failures->count;
-        failures->last = start;
-        failures->next = start + delayAfter(failures->count, free);
+        failures->last = now;
+        failures->next = std::max(now, failures->next) + delayAfter(failures->count, free);
     };
     count(ofUser, freeOfUser_);
     count(ofAddress, freeOfAddress_);

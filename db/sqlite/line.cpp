@@ -9,10 +9,10 @@ namespace {
 
 constexpr std::chrono::milliseconds lookInterval{100};
 
-/// One line a session at work: a small page cache, what is hot is in the system's.
+/// One line a session at work: the page cache grows with what it reads and ends at 2 MB.
 constexpr const char* settings =
     "pragma busy_timeout = 10000; pragma journal_mode = WAL; pragma synchronous = FULL; pragma foreign_keys = on;"
-    "pragma cache_size = -512; pragma temp_store = memory; select count(*) from sqlite_master;";
+    "pragma cache_size = -2000; pragma temp_store = memory; select count(*) from sqlite_master;";
 
 }  // namespace
 

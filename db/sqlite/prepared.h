@@ -23,11 +23,12 @@ struct Prepared {
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
     std::string object;  ///< the one table or view that it concerns, or ""
     bool writes = false;
-    bool inserts = false;
+    bool countsRows = false;        ///< an insert into a table with an identity
     bool described = false;         ///< whether the three below hold
     int preparations = 0;           ///< how often the engine had prepared it when it was described
     RowBuffer header;               ///< the columns, without rows
     std::vector<char> expressions;  ///< a 1 for each column that is none of a table
+    RowBuffer::Size expected;       ///< how much the last run gave
     std::vector<char> kinds;        ///< of a row's insert or update: what each parameter is stored as
 };
 

@@ -65,6 +65,7 @@ Prepared& SqliteEngine::prepared(const std::string& statement) {
     for (const auto& database : translated.databases) attach(database);
     auto fresh = prepare(translated.text);
     fresh.object = std::move(translated.object);
+    fresh.countsRows = translated.text.starts_with("insert") && hasIdentity(fresh.object);
     return statements_.add(statement, std::move(fresh));
 }
 
@@ -76,7 +77,6 @@ Prepared SqliteEngine::prepare(const std::string& sql) {
     fresh.statement.reset(statement);
     line_.check(code, "prepare");
     fresh.writes = sqlite3_stmt_readonly(statement) == 0;
-    fresh.inserts = sql.rfind("insert", 0) == 0;
     return fresh;
 }
 
@@ -98,10 +98,15 @@ void SqliteEngine::step(Prepared& ready, RowBuffer* rows) {
             ready.header.table = updatedTable(ready);
         }
         *rows = ready.header;
+        rows->reserve(ready.expected);
         std::replace(ready.expressions.begin(), ready.expressions.end(), char{2}, char{1});
     }
     for (; code == SQLITE_ROW; code = sqlite3_step(statement))
         if (rows != nullptr) addRow(*rows, ready);
+    if (rows != nullptr) {
+        ready.expected = rows->size();
+        rows->fit();
+    }
     if (code == SQLITE_DONE) return;
     // Some failures take the whole transaction with them.
     if (state_ == State::writing && line_.autocommit()) {
@@ -124,15 +129,17 @@ std::string SqliteEngine::updatedTable(const Prepared& ready) {
     return info->table.name;
 }
 
+bool SqliteEngine::hasIdentity(std::string_view table) {
+    const auto* info = tableInfo(table);
+    return info != nullptr && std::any_of(info->table.columns.begin(), info->table.columns.end(),
+                                          [](const Column& column) { return column.identity; });
+}
+
 Outcome SqliteEngine::outcome(const Prepared& ready) {
     Outcome result;
     if (!ready.writes) return result;
     result.affected = sqlite3_changes64(line_.handle());
-    if (!ready.inserts || result.affected == 0) return result;
-    const auto* info = tableInfo(ready.object);
-    const auto isIdentity = [](const Column& column) { return column.identity; };
-    if (info != nullptr && std::any_of(info->table.columns.begin(), info->table.columns.end(), isIdentity))
-        result.identity = sqlite3_last_insert_rowid(line_.handle());
+    if (ready.countsRows && result.affected > 0) result.identity = sqlite3_last_insert_rowid(line_.handle());
     return result;
 }
 

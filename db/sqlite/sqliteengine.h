@@ -52,12 +52,16 @@ private:
 
     // Statements.
     Prepared& prepared(const std::string& statement);
-    Prepared& preparedRow(const std::string& sql, const TableInfo& info, const std::vector<std::string>& columns);
+    template <typename Text>
+    Prepared& preparedRow(const char* kind, const Table& table, const std::vector<std::string>& columns,
+                          const std::vector<std::string>& keys, Text text);
+    static char kindOf(const TableInfo& info, const std::string& column);
     Prepared prepare(const std::string& sql);
     std::string updatedTable(const Prepared& prepared);
     void bindAll(sqlite3_stmt* statement, const std::vector<Value>& parameters);
     void step(Prepared& prepared, RowBuffer* rows);
     Outcome runRow(Prepared& prepared, const std::vector<Value>& values, const std::vector<Value>& keyValues);
+    bool hasIdentity(std::string_view table);
     Outcome outcome(const Prepared& prepared);
     void create(const std::string& statement);
     void attach(const std::string& database);
@@ -80,6 +84,7 @@ private:
     Line line_;
     State state_ = State::none;
     StatementCache statements_;
+    std::string rowKey_;  ///< kept for its room: a row that was written before allocates nothing
     std::map<std::string, std::unique_ptr<TableInfo>, std::less<>> tables_;
     std::map<std::string, dialect::Procedure, std::less<>> procedures_;
     std::set<std::string> attached_;

@@ -19,10 +19,9 @@ std::string_view text(sqlite3_stmt* statement, int column) {
     return content == nullptr ? std::string_view() : content;
 }
 
-std::string assignments(const std::vector<std::string>& columns, std::size_t firstPlace, const char* between) {
+std::string assignments(const std::vector<std::string>& columns, const char* between) {
     std::string result;
-    for (const auto& column : columns)
-        result += (result.empty() ? "" : between) + dialect::quoted(column) + " = ?" + std::to_string(firstPlace++);
+    for (const auto& column : columns) result += (result.empty() ? "" : between) + dialect::quoted(column) + " = ?";
     return result;
 }
 
@@ -59,33 +58,46 @@ SqliteEngine::TableInfo* SqliteEngine::tableInfo(std::string_view name) {
     return tables_.emplace(std::move(key), std::move(info)).first->second.get();
 }
 
-Prepared& SqliteEngine::preparedRow(const std::string& sql, const TableInfo& info,
-                                    const std::vector<std::string>& columns) {
-    if (auto* known = statements_.find(sql)) return *known;
-    auto fresh = prepare(sql);
-    fresh.object = info.table.name;
-    for (const auto& column : columns) {
-        const auto& all = info.table.columns;
-        const auto found =
-            std::find_if(all.begin(), all.end(), [&](const auto& known) { return sameName(known.name, column); });
-        if (found == all.end()) throw Error(Category::syntax, "Invalid column name '" + column + "'.", "write a row");
-        fresh.kinds.push_back(info.kinds[static_cast<std::size_t>(found - all.begin())]);
-    }
-    return statements_.add(sql, std::move(fresh));
+/// The prepared statement of a row's write, found by its table and columns; `text` writes it where it is new.
+template <typename Text>
+Prepared& SqliteEngine::preparedRow(const char* kind, const Table& table, const std::vector<std::string>& columns,
+                                    const std::vector<std::string>& keys, Text text) {
+    rowKey_.assign(kind).append(table.name);
+    for (const auto* names : {&columns, &keys})
+        for (const auto& name : *names) rowKey_.append(names == &columns ? "\n" : "\r").append(name);
+    if (auto* known = statements_.find(rowKey_)) return *known;
+    const auto* info = tableInfo(table.name);
+    if (info == nullptr) throw Error(Category::syntax, "Invalid object name '" + table.name + "'.", "write a row");
+    auto fresh = prepare(text());
+    fresh.object = info->table.name;
+    fresh.countsRows = keys.empty() && hasIdentity(fresh.object);
+    for (const auto* names : {&columns, &keys})
+        for (const auto& name : *names) fresh.kinds.push_back(kindOf(*info, name));
+    return statements_.add(rowKey_, std::move(fresh));
+}
+
+char SqliteEngine::kindOf(const TableInfo& info, const std::string& column) {
+    const auto& all = info.table.columns;
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const auto& known) { return sameName(known.name, column); });
+    if (found == all.end()) throw Error(Category::syntax, "Invalid column name '" + column + "'.", "write a row");
+    return info.kinds[static_cast<std::size_t>(found - all.begin())];
 }
 
 Outcome SqliteEngine::insertRow(const Table& table, const std::vector<std::string>& columns,
                                 const std::vector<Value>& values) {
     requireUsable();
-    std::string names;
-    std::string places;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        names += (i == 0 ? "" : ", ") + dialect::quoted(columns[i]);
-        places += (i == 0 ? "?" : ", ?") + std::to_string(i + 1);
-    }
-    auto sql = "insert into " + dialect::quoted(table.name);
-    sql += columns.empty() ? " default values" : " (" + names + ") values (" + places + ")";
-    return runRow(preparedRow(sql, *tableInfo(table.name), columns), values, {});
+    auto& ready = preparedRow("insert ", table, columns, {}, [&] {
+        if (columns.empty()) return "insert into " + dialect::quoted(table.name) + " default values";
+        std::string names;
+        std::string places;
+        for (const auto& column : columns) {
+            names += (names.empty() ? "" : ", ") + dialect::quoted(column);
+            places += places.empty() ? "?" : ", ?";
+        }
+        return "insert into " + dialect::quoted(table.name) + " (" + names + ") values (" + places + ")";
+    });
+    return runRow(ready, values, {});
 }
 
 Outcome SqliteEngine::updateRow(const Table& table, const std::vector<std::string>& columns,
@@ -94,11 +106,11 @@ Outcome SqliteEngine::updateRow(const Table& table, const std::vector<std::strin
     requireUsable();
     if (columns.empty()) return {};
     if (keys.empty()) throw Error(Category::other, "The row has no key.", "update a row");
-    const auto sql = "update " + dialect::quoted(table.name) + " set " + assignments(columns, 1, ", ") + " where " +
-                     assignments(keys, columns.size() + 1, " and ");
-    auto all = columns;
-    all.insert(all.end(), keys.begin(), keys.end());
-    return runRow(preparedRow(sql, *tableInfo(table.name), all), values, keyValues);
+    auto& ready = preparedRow("update ", table, columns, keys, [&] {
+        return "update " + dialect::quoted(table.name) + " set " + assignments(columns, ", ") + " where " +
+               assignments(keys, " and ");
+    });
+    return runRow(ready, values, keyValues);
 }
 
 Outcome SqliteEngine::runRow(Prepared& ready, const std::vector<Value>& values, const std::vector<Value>& keyValues) {

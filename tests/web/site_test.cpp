@@ -155,6 +155,8 @@ TEST_F(SiteTest, WrongUserAndWrongPasswordAreToldInTheSameWords) {
 
 TEST_F(SiteTest, ForeignPagesAreRefused) {
     const std::string cookie = signedIn();
+    const auto session = sessions->find(cookie.substr(cookie.find('=') + 1));
+    ASSERT_TRUE(eventually([&] { return !session->programDirectory().empty(); }));
     const struct {
         const char* header;
         const char* value;

@@ -165,6 +165,7 @@ void NurseSession::work() noexcept {
 std::string NurseSession::live() {
     loop_.setTimersRun(true);
     const auto seat = makeSeat_(who_, loop_);
+    seat->desktop().setOpensWithState(true);  // a page draws a screen from the event that opens it
     {
         const std::lock_guard lock(mutex_);
         programDirectory_ = seat->programDirectory();

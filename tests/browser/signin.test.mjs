@@ -18,10 +18,10 @@ test("a wrong password is refused and the name stays", async () => {
     const page = await openPage(house);
     for (const wrong of [{password: "other"}, {user: "nobody"}, {user: "'\"><b>x</b>"}]) {
         await signIn(page, wrong);
-        assert.notEqual((await page.getByRole("alert").textContent()).trim(), "");
+        await page.getByRole("alert").filter({hasText: /\S/}).waitFor();
         assert.equal(await page.getByLabel("User name").inputValue(), wrong.user ?? nurse.user);
     }
-    assert.equal(await page.evaluate(() => document.activeElement.id), "password");
+    await page.waitForFunction(() => document.activeElement.id === "password");
     await picture(page, "sign-in-wrong");
 });
 

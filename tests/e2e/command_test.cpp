@@ -17,8 +17,8 @@ using e2e::run;
 void expectOneLine(const e2e::Finished& finished, const std::string& about) {
     EXPECT_NE(finished.status, 0);
     EXPECT_GE(finished.status, 0) << "it died by a signal";
-    EXPECT_EQ(std::count(finished.output.begin(), finished.output.end(), '\n'), 1) << finished.output;
-    EXPECT_NE(finished.output.find(about), std::string::npos) << finished.output;
+    EXPECT_EQ(std::count(finished.errors.begin(), finished.errors.end(), '\n'), 1) << finished.errors;
+    EXPECT_NE(finished.errors.find(about), std::string::npos) << finished.errors;
 }
 
 TEST(Command, DataDirectoriesThatCannotServe) {

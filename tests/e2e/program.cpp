@@ -1,6 +1,6 @@
 #include "tests/e2e/program.h"
 
-#include <gtest/gtest.h>
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,10 +20,11 @@ std::vector<char*> argumentsOf(std::vector<std::string>& words) {
     return pointers;
 }
 
-[[noreturn]] void become(const std::vector<std::string>& arguments, int input, int output, bool both) {
+/// The child's side of a fork: `output` takes the place of one of its streams.
+[[noreturn]] void become(const std::vector<std::string>& arguments, int input, int output, int stream) {
     dup2(input, STDIN_FILENO);
-    dup2(output, STDOUT_FILENO);
-    if (both) dup2(output, STDERR_FILENO);
+    dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+    dup2(output, stream);
     for (int descriptor = 3; descriptor < 256; ++descriptor) close(descriptor);
     std::vector<std::string> words{VOREL_PROGRAM};
     words.insert(words.end(), arguments.begin(), arguments.end());
@@ -62,7 +63,7 @@ void Directory::write(const std::string& name, const std::string& text) const {
 Process::Process(const std::vector<std::string>& arguments) {
     const Pipe in, out;
     pid_ = fork();
-    if (pid_ == 0) become(arguments, in.read, out.write, false);
+    if (pid_ == 0) become(arguments, in.read, out.write, STDOUT_FILENO);
     close(in.read);
     close(out.write);
     input_ = in.write;
@@ -121,14 +122,14 @@ int Process::wait() {
 Finished run(const std::vector<std::string>& arguments) {
     const Pipe in, out;
     const pid_t pid = fork();
-    if (pid == 0) become(arguments, in.read, out.write, true);
+    if (pid == 0) become(arguments, in.read, out.write, STDERR_FILENO);
     close(in.read);
     close(in.write);
     close(out.write);
     Finished finished{};
     char buffer[4096];
     for (ssize_t count = 0; (count = read(out.read, buffer, sizeof buffer)) > 0;)
-        finished.output.append(buffer, static_cast<std::size_t>(count));
+        finished.errors.append(buffer, static_cast<std::size_t>(count));
     close(out.read);
     int status = 0;
     waitpid(pid, &status, 0);
@@ -136,28 +137,49 @@ Finished run(const std::vector<std::string>& arguments) {
     return finished;
 }
 
-void layOutHospital(const std::filesystem::path& data) {
-    static const Directory model;
-    static const bool made = [] {
-        const std::string directory = model.path().string();
-        auto step = run({"database", "create", "--data", directory});
-        if (step.status != 0) throw std::runtime_error(step.output);
-        step = run({"user", "add", "nurse", "--data", directory, "--password", "secret", "--role", "NURSING",
-                    "--full-name", "Ada Nurse", "--emp-id", "E1"});
-        if (step.status != 0) throw std::runtime_error(step.output);
-        return true;
-    }();
-    static_cast<void>(made);
-    for (const auto& file : std::filesystem::directory_iterator(model.path()))
-        if (file.is_regular_file()) std::filesystem::copy_file(file.path(), data / file.path().filename());
+namespace {
+
+void mustRun(const std::vector<std::string>& arguments) {
+    const auto step = run(arguments);
+    if (step.status != 0) throw std::runtime_error(step.errors);
 }
 
-Session::Session(const std::vector<std::pair<std::string, std::string>>& files) : process_(start(files)) {
+class Model {
+public:
+    explicit Model(Rows rows) {
+        const std::string data = directory_.path().string();
+        mustRun({"database", "create", "--data", data});
+        if (rows == Rows::demonstration) mustRun({"database", "demo", "--data", data});
+        mustRun({"user", "add", "nurse", "--data", data, "--password", "secret", "--role", "NURSING", "--full-name",
+                 "Ada Nurse", "--emp-id", "E1"});
+    }
+    void copyTo(const std::filesystem::path& data) const {
+        for (const auto& file : std::filesystem::directory_iterator(directory_.path()))
+            if (file.is_regular_file()) std::filesystem::copy_file(file.path(), data / file.path().filename());
+    }
+
+private:
+    Directory directory_;
+};
+
+}  // namespace
+
+void layOutHospital(const std::filesystem::path& data, Rows rows) {
+    if (rows == Rows::demonstration) {
+        static const Model demonstration(rows);
+        return demonstration.copyTo(data);
+    }
+    static const Model first(rows);
+    first.copyTo(data);
+}
+
+Session::Session(const std::vector<std::pair<std::string, std::string>>& files, Rows rows)
+    : process_(start(files, rows)) {
     send({{"clock", "2026-11-24 09:30:00"}});
 }
 
-Process Session::start(const std::vector<std::pair<std::string, std::string>>& files) {
-    layOutHospital(data.path());
+Process Session::start(const std::vector<std::pair<std::string, std::string>>& files, Rows rows) {
+    layOutHospital(data.path(), rows);
     for (const auto& [name, text] : files) program.write(name, text);
     return Process({"drive", "--data", data.path().string(), "--program-dir", program.path().string()});
 }

@@ -26,13 +26,16 @@ private:
 
 struct Finished {
     int status;
-    std::string output;  ///< both streams
+    std::string errors;  ///< its error stream
 };
 /// Runs the built program to its end.
 Finished run(const std::vector<std::string>& arguments);
 
-/// Copies the databases of a hospital with one user, `nurse`, made once for the whole run.
-void layOutHospital(const std::filesystem::path& data);
+/// What a hospital holds beside its user `nurse`.
+enum class Rows { first, demonstration };
+
+/// Copies the databases of a hospital that is made once for the whole run.
+void layOutHospital(const std::filesystem::path& data, Rows rows = Rows::first);
 
 /// A child process of the built program with pipes at both ends.
 class Process {
@@ -61,7 +64,8 @@ private:
 class Session {
 public:
     /// `files` are the program directory's, by name.
-    explicit Session(const std::vector<std::pair<std::string, std::string>>& files = usualFiles());
+    explicit Session(const std::vector<std::pair<std::string, std::string>>& files = usualFiles(),
+                     Rows rows = Rows::first);
 
     static std::vector<std::pair<std::string, std::string>> usualFiles() {
         return {{"made.sys", "SVR=SERVER\nHNO=001\n"}, {"sysdoc.sys", "nurse\n"}};
@@ -83,7 +87,7 @@ public:
     Directory program;
 
 private:
-    Process start(const std::vector<std::pair<std::string, std::string>>& files);
+    Process start(const std::vector<std::pair<std::string, std::string>>& files, Rows rows);
     Process process_;
 };
 

@@ -14,7 +14,6 @@ using e2e::messages;
 using e2e::Session;
 using nlohmann::json;
 
-/// Rows that make a list non-empty on the stopped day, whatever tables lie behind the views: the demonstration's own.
 class Watched : public ::testing::TestWithParam<int> {};
 
 bool runs(Session& session, const std::string& timer) {
@@ -31,9 +30,7 @@ TEST_P(Watched, TheLastOfTheThreeListsDecides) {
     const bool patients = (GetParam() & 1) != 0;
     const bool admissions = (GetParam() & 2) != 0;
     const bool notices = (GetParam() & 4) != 0;
-    Session session;
-    const auto made = e2e::run({"database", "demo", "--data", session.data.path().string()});
-    ASSERT_EQ(made.status, 0) << made.output;
+    Session session(Session::usualFiles(), e2e::Rows::demonstration);
     // The demonstration stands on today's date.
     session.send({{"clock", session.query("select max(recDate) as d from hRecords").front()["d"].get<std::string>() +
                                 " 09:30:00"}});

@@ -62,6 +62,10 @@ export const isShown = (element) => element.getClientRects().length > 0;
 export class TypeAhead {
     #typed = "";
     #at = 0;
+    /** Whether a blank now belongs to what is being typed. */
+    get goesOn() {
+        return performance.now() - this.#at <= 1000;
+    }
     find(character, texts, current) {
         const now = performance.now();
         this.#typed = now - this.#at > 1000 ? character : this.#typed + character;

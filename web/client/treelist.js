@@ -80,7 +80,8 @@ export class TreeList {
             Enter: () => this.#activate(item),
             " ": () => this.#activate(item),
         };
-        if (event.key in keys) keys[event.key]();
+        const typesOn = event.key === " " && this.#typeAhead.goesOn;
+        if (event.key in keys && !typesOn) keys[event.key]();
         else if (isTyping(event)) this.#typed(event.key, items, at);
         else return;
         event.preventDefault();

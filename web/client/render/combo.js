@@ -88,7 +88,7 @@ class Combo {
     }
 
     #startMark() {
-        if (this.#filter !== "") return this.listOnly ? 0 : -1;
+        if (this.#filter !== "") return this.listOnly && this.#shown.length > 0 ? 0 : -1;
         return this.#shown.indexOf(this.link.state.index);
     }
 

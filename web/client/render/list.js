@@ -89,7 +89,7 @@ class RowList {
         const at = this.current;
         const rows = {ArrowDown: at + 1, ArrowUp: at - 1, PageDown: at + 8, PageUp: at - 8, Home: 0, End: this.cells.length - 1};
         if (event.key in rows) this.#choose(rows[event.key]);
-        else if (event.key === " " && this.link.state.checked && at >= 0) this.#check(at);
+        else if (event.key === " " && this.link.state.checked && at >= 0 && !this.#typeAhead.goesOn) this.#check(at);
         else if (event.key === "Enter" && this.link.handles("DblClick")) this.link.fire("DblClick");
         else if (isTyping(event)) this.#typed(event.key);
         else return;

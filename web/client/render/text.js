@@ -10,8 +10,10 @@ export function writeText(input, text) {
     input.setSelectionRange(caret, caret);
 }
 
-/** A text box: every input goes to the session at once, and its answer (the key filter's work) comes back when all of
- * the typing is answered, so that no older echo meets newer typing. */
+/**
+ * A text box: every input goes to the session at once, and its answer (what the key filter and the length let through)
+ * comes back when all of the typing is answered, so that no older echo meets newer typing.
+ */
 export function textBox(link) {
     const {state, item} = link;
     const input = item.lines ? h("textarea", {class: "form-control", rows: item.lines})
@@ -36,9 +38,7 @@ export function textBox(link) {
         element: input,
         input,
         update() {
-            const {maxLength, password} = link.state;
-            setAttribute(input, "maxlength", maxLength || null);
-            if (password) showPassword(link, input);
+            if (link.state.password) showPassword(link, input);
             else if (!composing) writeText(input, link.text);
         },
     };

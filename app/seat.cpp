@@ -25,7 +25,7 @@ NurseSeat::NurseSeat(db::DataSources& sources, const web::Config& config, const 
       place_(sources, loop, settings(config, who, directory_.path())),
       samples_(samples) {
     shell::provideScreens(place_);
-    if (samples_) desktop().provide("frmSamples", [this] { return ui::makeSamples(desktop()); });
+    if (samples_) place_.desktop.provide("frmSamples", [this] { return ui::makeSamples(place_.desktop); });
 }
 
 void NurseSeat::start() {

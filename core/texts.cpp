@@ -80,7 +80,7 @@ std::string EncodeText(Workplace& place, std::string_view text) {
 std::string moneyText(double amount) {
     std::array<char, 400> digits{};
     const double rounded = hundredths(amount) / 100;
-    std::snprintf(digits.data(), digits.size(), "%.2f", std::abs(rounded));
+    std::snprintf(digits.data(), digits.size(), "%.2f", std::fabs(rounded));
     std::string text = digits.data();
     constexpr std::size_t decimals = 3;
     for (std::size_t place = text.size() - decimals; place > 3;) {

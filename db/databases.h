@@ -38,7 +38,8 @@ class EnginePool {
 public:
     using Opener = std::function<std::unique_ptr<Engine>()>;
 
-    EnginePool(std::string database, Source source, const std::map<std::string, Source>& sisters, ServerClock& clock);
+    EnginePool(std::string database, const Source& source, const std::map<std::string, Source>& sisters,
+               ServerClock& clock);
     /// With a way of its own to open a line. `single` for a database that lives in its only line: that one is kept, and
     /// asking for it while it is out is Error(busy).
     explicit EnginePool(Opener open, bool single = false);

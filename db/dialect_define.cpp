@@ -144,8 +144,11 @@ std::string Parser::createTable() {
     expect(")");
     if (!table.key.empty() && table.key != table.identity)
         table.parts.push_back((table.identity.empty() ? "primary key (" : "unique (") + table.key + ")");
-    std::string text;
-    for (const auto& part : table.parts) text += (text.empty() ? "create table " + created + " (" : ", ") + part;
+    auto text = "create table " + created + " (";
+    for (const auto& part : table.parts) {
+        if (&part != &table.parts.front()) text += ", ";
+        text += part;
+    }
     text += ")";
     if (table.seed != 1)
         text += ";\ninsert into sqlite_sequence (name, seq) values (" + textLiteral(table.name) + ", " +
@@ -194,8 +197,8 @@ void Parser::columnRules(TableText& table, const std::string& column, bool& isId
     const auto index = table.parts.size() - 1;
     const auto add = [&](const std::string& rule) { table.parts[index] += rule; };
     for (;;) {
-        if (accept("constraint")) {
-            name();  // the engine reports by the column
+        if (accept("constraint") || accept("collate")) {
+            name();  // the engine reports by the column, and has one collation for texts
         } else if (accept("identity")) {
             isIdentity = true;
             table.identity = column;
@@ -214,8 +217,6 @@ void Parser::columnRules(TableText& table, const std::string& column, bool& isId
             table.key = column;
         } else if (accept("unique")) {
             add(" unique");
-        } else if (accept("collate")) {
-            name();
         } else if (at("references")) {
             add(references());
         } else if (accept("check")) {

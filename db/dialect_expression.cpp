@@ -71,27 +71,27 @@ Expression Parser::predicate() {
     }
     auto left = sum();
     for (const std::string_view sign : {"=", "<>", "!=", "<=", ">=", "<", ">", "!<", "!>"})
-        if (peek().kind == Token::Kind::sign && accept(sign)) return comparison(std::move(left), std::string(sign));
+        if (peek().kind == Token::Kind::sign && accept(sign)) return comparison(left, std::string(sign));
     if (accept("is")) {
         const bool negated = accept("not");
         expect("null");
         return condition(left.sql + (negated ? " is not null" : " is null"));
     }
     const bool negated = at("not") && (at("in", 1) || at("between", 1) || at("like", 1)) && accept("not");
-    if (accept("in")) return membership(std::move(left), negated);
-    if (accept("between")) return between(std::move(left), negated);
+    if (accept("in")) return membership(left, negated);
+    if (accept("between")) return between(left, negated);
     if (accept("like")) return like(left, negated);
     return left;
 }
 
-Expression Parser::comparison(Expression left, const std::string& sign) {
+Expression Parser::comparison(const Expression& left, const std::string& sign) {
     const auto right = sum();
     const auto plain = sign == "!=" ? "<>" : sign == "!<" ? ">=" : sign == "!>" ? "<=" : sign;
     auto leftText = left.literal && right.type == Type::number ? beside(left, right) : collated(left, right);
     return condition(leftText + " " + plain + " " + beside(right, left));
 }
 
-Expression Parser::between(Expression left, bool negated) {
+Expression Parser::between(const Expression& left, bool negated) {
     const auto low = sum();
     expect("and");
     const auto high = sum();
@@ -99,7 +99,7 @@ Expression Parser::between(Expression left, bool negated) {
                      beside(high, left));
 }
 
-Expression Parser::membership(Expression left, bool negated) {
+Expression Parser::membership(const Expression& left, bool negated) {
     expect("(");
     std::string inner;
     if (at("select")) {
@@ -124,20 +124,18 @@ Expression Parser::sum() {
     auto left = product();
     while (at("+") || at("-") || at("&") || at("|") || at("^") || peek().kind == Token::Kind::place) {
         // "numTaken ?1": the number that follows carries its sign.
-        const auto sign = peek().kind == Token::Kind::place ? "?" : take().text;
+        const bool carriesSign = peek().kind == Token::Kind::place;
+        const auto sign = carriesSign ? "+" : take().text;
         const auto right = product();
-        const auto numbers = left.type == Type::number || right.type == Type::number;
+        const bool texts = !carriesSign && (left.type == Type::text || right.type == Type::text);
+        const bool numbers = carriesSign || left.type == Type::number || right.type == Type::number;
         if (sign == "^") fail();
-        if (sign == "?")
-            left = {"(" + left.sql + " + " + right.sql + ")", Type::number};
-        else if (sign != "+")
-            left = {"(" + left.sql + " " + sign + " " + right.sql + ")", Type::number};
-        else if (left.type == Type::text || right.type == Type::text)
+        if (sign == "+" && texts)
             left = {"(" + left.sql + " || " + right.sql + ")", Type::text};
-        else if (numbers)
-            left = {"(" + left.sql + " + " + right.sql + ")", Type::number};
-        else
+        else if (sign == "+" && !numbers)
             left = {"tsql_add(" + left.sql + ", " + right.sql + ")", Type::unknown};
+        else
+            left = {"(" + left.sql + " " + sign + " " + right.sql + ")", Type::number};
     }
     return left;
 }

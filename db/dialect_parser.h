@@ -54,9 +54,9 @@ private:
     Expression conjunction();
     Expression negation();
     Expression predicate();
-    Expression comparison(Expression left, const std::string& sign);
-    Expression between(Expression left, bool negated);
-    Expression membership(Expression left, bool negated);
+    Expression comparison(const Expression& left, const std::string& sign);
+    Expression between(const Expression& left, bool negated);
+    Expression membership(const Expression& left, bool negated);
     Expression like(const Expression& left, bool negated);
     Expression sum();
     Expression product();
@@ -80,7 +80,7 @@ private:
     std::string selectCore(std::string& limit);
     std::string top();
     std::string selectItem();
-    std::string itemText(Expression item) const;
+    std::string itemText(const Expression& item) const;
     std::string alias();
     std::string sources();
     std::string source();

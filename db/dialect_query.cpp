@@ -13,7 +13,7 @@ std::string Parser::query(bool nested) {
     std::string limit;
     auto text = selectCore(limit);
     while (at("union") || at("except") || at("intersect")) {
-        if (!limit.empty()) text = "select * from (" + text + std::exchange(limit, {}) + ")";
+        if (!limit.empty()) text.insert(0, "select * from (").append(std::exchange(limit, {})).append(")");
         text += " " + take().text;
         if (accept("all")) text += " all";
         text += " " + selectCore(limit);
@@ -87,7 +87,7 @@ std::string Parser::selectItem() {
 }
 
 /// An expression among the rows' columns takes its collation along; in a view also the affinity of a number.
-std::string Parser::itemText(Expression item) const {
+std::string Parser::itemText(const Expression& item) const {
     if (item.column || item.literal) return item.sql + (item.type == Type::text ? " collate VTEXT" : "");
     if (definesView_ && item.type == Type::number && item.certain) return "cast(" + item.sql + " as numeric)";
     return item.sql + std::string(collation(item));

@@ -57,7 +57,7 @@ EnginePool::EnginePool(Opener open, bool single) : state_(std::make_unique<State
     state_->idle.reserve(idleLimit);
 }
 
-EnginePool::EnginePool(std::string database, Source source, const std::map<std::string, Source>& sisters,
+EnginePool::EnginePool(std::string database, const Source& source, const std::map<std::string, Source>& sisters,
                        ServerClock& clock)
     : EnginePool([database = std::move(database), source, &sisters,
                   &clock] { return openEngine(database, source, sisters, clock); },

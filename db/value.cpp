@@ -40,8 +40,9 @@ double numberOf(const std::string& text) {
 }
 
 std::int64_t rounded(double number) {
-    const double whole = std::nearbyint(number);  // the default mode: half to even
-    if (!(whole >= -0x1p63 && whole < 0x1p63)) overflow();
+    const double whole = std::nearbyint(number);     // the default mode: half to even
+    constexpr double limit = 9223372036854775808.0;  // two to the power of 63
+    if (!(whole >= -limit && whole < limit)) overflow();
     return static_cast<std::int64_t>(whole);
 }
 

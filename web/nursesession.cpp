@@ -185,8 +185,10 @@ std::string NurseSession::live() {
     });
     seat_ = seat.get();
     conversation_ = &conversation;
-    const std::string reason = runToEnd(*seat, conversation);
+    std::string reason = runToEnd(*seat, conversation);
     loop_.setBeforeWait({});
+    seat_ = nullptr;
+    conversation_ = nullptr;
     return reason;
 }
 

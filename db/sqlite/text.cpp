@@ -31,14 +31,13 @@ bool isIsoTime(std::string_view text) {
 }
 
 bool isBareTime(std::string_view text) {
-    const auto colon = text.find(':');
-    return colon != std::string_view::npos && colon <= 2;
+    return text.find(':') <= 2;
 }
 
-const DateTime firstDay = DateTime::fromSeconds(2 * 86400);  // 1900-01-01
+const DateTime firstDay = DateTime::fromSeconds(std::int64_t{2} * 86400);  // 1900-01-01
 
 int sign(int difference) {
-    return (difference > 0) - (difference < 0);
+    return difference > 0 ? 1 : difference < 0 ? -1 : 0;
 }
 
 /// One bracketed set of a pattern: takes it from the pattern's front.

@@ -11,7 +11,9 @@ export class Model {
         this.title = snapshot.title ?? "";
         this.main = snapshot.main ?? "";
         this.active = snapshot.active ?? "";
-        this.screens = new Map(snapshot.screens.map((screen) => [screen.name, screen]));
+        const depth = ({name}) => snapshot.modal.indexOf(name);  // modal screens last, the innermost in front
+        const screens = snapshot.screens.toSorted((one, other) => depth(one) - depth(other));
+        this.screens = new Map(screens.map((screen) => [screen.name, screen]));
     }
 
     get children() {

@@ -89,7 +89,7 @@ class Grid {
         this.head.replaceChildren(...this.#visibleColumns().map((place) => {
             const sorted = place === sortColumn;
             const name = h("button", {type: "button", class: "v-sort", onclick: () => this.#sort(place)},
-                           this.link.state.columns[place].name, sorted ? (descending ? " ▼" : " ▲") : null);
+                           this.link.state.columns[place].name, sorted ? h("span", {"aria-hidden": "true"}, descending ? " ▼" : " ▲") : null);
             const order = sorted ? (descending ? "descending" : "ascending") : "none";
             return h("th", {scope: "col", "aria-sort": order}, name);
         }));

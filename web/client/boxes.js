@@ -9,7 +9,7 @@ export class Boxes {
     #shown = "";
     #before = null;
 
-    /** @param {{session: object, quietly: (work: Function) => void, notices: object}} work */
+    /** @param {{session: object, quietly: (work: Function) => void, focusLost: () => void}} work */
     constructor(work) {
         this.work = work;
         this.dialog = h("dialog", {class: "v-box", oncancel: (event) => this.#cancelled(event),
@@ -116,6 +116,7 @@ export class Boxes {
             this.dialog.close();
             if (this.#before?.isConnected) this.#before.focus();
         });
+        this.work.focusLost();
     }
 }
 

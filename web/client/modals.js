@@ -50,6 +50,7 @@ export class Modals {
             dialog.remove();
             if (before?.isConnected) before.focus();
         });
+        this.work.focusLost();
     }
 
     view(name) {

@@ -185,7 +185,7 @@ export class WorkPlace {
         if ("set" in request || "fire" in request) this.notices.show(`Not possible now: ${error}`);
     }
 
-    /** The screen with the keyboard has gone: the one in front has it now. */
+    /** Where nothing has the keyboard any more, the screen in front gets it. */
     focusLost() {
         queueMicrotask(() => {
             if (this.boxes.open || document.activeElement !== document.body) return;

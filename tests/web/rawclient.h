@@ -20,7 +20,7 @@ public:
         address.sin_family = AF_INET;
         address.sin_port = htons(static_cast<std::uint16_t>(port));
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        const timeval patience{10, 0};
+        const timeval patience{60, 0};  // sanitizers are slow
         ::setsockopt(socket_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
         ::setsockopt(socket_, SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
         if (::connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
@@ -60,6 +60,7 @@ public:
 
     static constexpr unsigned char text = 0x81;
     static constexpr unsigned char binary = 0x82;
+    static constexpr unsigned char pong = 0x8A;  ///< means nothing, and shows whether the connection stands
 
     /// A masked frame (with the mask 0, which changes nothing).
     bool sendFrame(unsigned char kind, const std::string& content) const {
@@ -80,7 +81,7 @@ public:
         return write(frame + std::string(4, '\0') + content);
     }
 
-    /// The next frame's content; "" when the connection ends. A close frame sets `closeCode`.
+    /// The next frame's content, pings aside; "" when the connection ends. A close frame sets `closeCode`.
     std::string readFrame() {
         const std::string head = readBytes(2);
         if (head.size() < 2) return {};
@@ -91,6 +92,7 @@ public:
             for (const char c : extended) size = size * 256 + static_cast<unsigned char>(c);
         }
         const std::string content = readBytes(size);
+        if ((head[0] & 0x0F) == 9) return readFrame();  // a ping
         if ((head[0] & 0x0F) != 8) return content;
         closeCode = content.size() < 2
                         ? 0

@@ -126,10 +126,10 @@ private:
     bool closed_ = false;
 };
 
-/// Waits until `holds` does, for some seconds at most.
+/// Waits until `holds` does, for a minute at most: sanitizers are slow.
 template <class Holds>
 bool eventually(const Holds& holds) {
-    for (int i = 0; i < 1000 && !holds(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    for (int i = 0; i < 6000 && !holds(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
     return holds();
 }
 

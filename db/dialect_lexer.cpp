@@ -67,13 +67,9 @@ private:
     }
 
     Token text(std::size_t open) {
-        auto close = open + 1;
-        for (;; ++close) {
-            close = source_.find('\'', close);
-            if (close == std::string_view::npos) fail("Unclosed quotation mark after the character string.");
-            if (at(close + 1) != '\'') break;
-            ++close;
-        }
+        auto close = source_.find('\'', open + 1);
+        while (close != std::string_view::npos && at(close + 1) == '\'') close = source_.find('\'', close + 2);
+        if (close == std::string_view::npos) fail("Unclosed quotation mark after the character string.");
         return take(Token::Kind::text, close + 1, std::string(source_.substr(open, close + 1 - open)));
     }
 

@@ -37,7 +37,7 @@ bool isBareTime(std::string_view text) {
 const DateTime firstDay = DateTime::fromSeconds(std::int64_t{2} * 86400);  // 1900-01-01
 
 int sign(int difference) {
-    return difference > 0 ? 1 : difference < 0 ? -1 : 0;
+    return static_cast<int>(difference > 0) - static_cast<int>(difference < 0);
 }
 
 /// One bracketed set of a pattern: takes it from the pattern's front.

@@ -209,9 +209,9 @@ TEST_F(Utility, EncodesPasswords) {
     const auto table = core::Settings::builtInEncodingTable();
     EXPECT_EQ(core::checkEncodingTable(table), "");
     EXPECT_EQ(std::set<char>(table.begin(), table.end()).size(), 34u);
-    for (const auto& bad :
-         {std::string(93, 'a'), std::string(95, 'a'), std::string(93, 'a') + "\t", std::string(92, 'a') + "é"})
-        EXPECT_NE(core::checkEncodingTable(bad), "");
+    const std::string allButOne(93, 'a');
+    for (const char* last : {"", "aa", "\t"}) EXPECT_NE(core::checkEncodingTable(allButOne + last), "") << last;
+    EXPECT_NE(core::checkEncodingTable(allButOne.substr(1) + "\u00e9"), "");
 
     EXPECT_EQ(core::EncodeText(ward.place, "!~"), (std::string{table.front(), table.back()}));
     for (int i = 0; i < 4; ++i) ward.expectMessage("Invalid character detected!");

@@ -61,7 +61,7 @@ export const isShown = (element) => element.getClientRects().length > 0;
 /** The place in a list that starts with what was typed within the last second, from the one after `current` on. */
 export class TypeAhead {
     #typed = "";
-    #at = 0;
+    #at = -Infinity;
     /** Whether a blank now belongs to what is being typed. */
     get goesOn() {
         return performance.now() - this.#at <= 1000;

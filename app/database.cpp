@@ -11,6 +11,8 @@ namespace {
 struct DatabaseOptions {
     std::string data;
     std::string config;
+    int patients = db::Demonstration{}.patients;
+    std::uint64_t seed = db::Demonstration{}.seed;
 };
 
 void say(const std::string& line) {
@@ -20,7 +22,7 @@ void say(const std::string& line) {
 int create(const DatabaseOptions& options) {
     requireDataDirectory(options.data);
     say("Creating the databases in " + options.data + " ...");
-    db::createDatabases(options.data);
+    db::createDatabases(options.data, &say);
     say("The databases are ready.");
     return 0;
 }
@@ -30,7 +32,7 @@ int demo(const DatabaseOptions& options) {
     db::DataSources sources(db::DataSources::embedded(options.data));
     requireDatabases(sources);
     db::Databases databases(sources);
-    db::createDemonstration(databases, db::DateTime::now().date(), &say);
+    db::createDemonstration(databases, {db::DateTime::now().date(), options.patients, options.seed, &say});
     say("The demonstration hospital is ready.");
     return 0;
 }
@@ -49,10 +51,16 @@ int check(const DatabaseOptions& options) {
     return 0;
 }
 
+void addDemoOptions(CLI::App& command, DatabaseOptions& options) {
+    command.add_option("--patients", options.patients, "How many patients, 60 to 5000000")->capture_default_str();
+    command.add_option("--seed", options.seed, "Another number makes another hospital")->capture_default_str();
+}
+
 void add(CLI::App& group, Run& run, const char* name, const char* help, int (*work)(const DatabaseOptions&)) {
     auto* command = group.add_subcommand(name, help);
     auto options = std::make_shared<DatabaseOptions>();
     addDataOption(*command, options->data);
+    if (work == &demo) addDemoOptions(*command, *options);
     if (work == &check) addConfigOption(*command, options->config);
     command->callback([options, work, &run] { run = [options, work] { return work(*options); }; });
 }
@@ -62,7 +70,7 @@ void add(CLI::App& group, Run& run, const char* name, const char* help, int (*wo
 void addDatabase(CLI::App& program, Run& run) {
     auto* group = program.add_subcommand("database", "Make or check the embedded databases");
     group->require_subcommand(1);
-    add(*group, run, "create", "Make the databases with the first rows", &create);
+    add(*group, run, "create", "Make the databases with the first rows, or bring older ones forward", &create);
     add(*group, run, "demo", "Fill empty databases with the demonstration hospital", &demo);
     add(*group, run, "check", "Say what is wrong with the databases", &check);
 }

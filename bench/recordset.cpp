@@ -5,10 +5,10 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <filesystem>
 #include <string>
 
+#include "bench/sidebyside.h"
 #include "db/databases.h"
 #include "db/recordset.h"
 #include "db/schema.h"
@@ -16,7 +16,6 @@
 namespace {
 
 using db::operator""_sql;
-using Clock = std::chrono::steady_clock;
 
 /// A hospital through our interface, and the same bills in a bare file beside it.
 class Hospital {
@@ -96,23 +95,6 @@ Hospital& hospital() {
     return hospital;
 }
 
-/// Runs both sides of each iteration and reports ours as the time, with the ratio beside it.
-template <typename Bare, typename Ours>
-void sideBySide(benchmark::State& state, Bare bare, Ours ours) {
-    std::chrono::duration<double> bareTime{}, ourTime{};
-    for (auto _ : state) {
-        const auto start = Clock::now();
-        bare();
-        const auto middle = Clock::now();
-        ours();
-        const std::chrono::duration<double> mine = Clock::now() - middle;
-        bareTime += middle - start;
-        ourTime += mine;
-        state.SetIterationTime(mine.count());
-    }
-    state.counters["ratio"] = ourTime / bareTime;
-}
-
 template <typename Number>
 void append(std::string& row, Number number) {
     row.append(reinterpret_cast<const char*>(&number), sizeof number);
@@ -139,7 +121,7 @@ void keyedRead(benchmark::State& state) {
     auto& place = hospital();
     auto* statement = place.prepare("select ClientID, AmountBilled from Billing where PNo=?1");
     int next = 0;
-    sideBySide(
+    bench::sideBySide(
         state,
         [&] {
             const auto pno = Hospital::patient(next);
@@ -161,7 +143,7 @@ BENCHMARK(keyedRead)->UseManualTime()->Iterations(100'000);
 void snapshot(benchmark::State& state) {
     auto& place = hospital();
     auto* statement = place.prepare("select ID, PNo, ClientID, AmountBilled, AmountPaid from Billing");
-    sideBySide(
+    bench::sideBySide(
         state,
         [&] {
             std::vector<std::string> rows;
@@ -181,7 +163,7 @@ BENCHMARK(snapshot)->UseManualTime()->Iterations(200)->Unit(benchmark::kMillisec
 void writtenRow(benchmark::State& state) {
     auto& place = hospital();
     auto* statement = place.prepare("insert into Billing (PNo, ClientID, AmountBilled) values (?1, ?2, ?3)");
-    sideBySide(
+    bench::sideBySide(
         state,
         [&] {
             sqlite3_bind_text(statement, 1, "000000001/001", -1, SQLITE_STATIC);

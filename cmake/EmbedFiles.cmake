@@ -1,5 +1,5 @@
-# Writes a C++ source that holds every .sql file below DIR/schema and DIR/demo: db::embeddedFiles().
-file(GLOB_RECURSE files RELATIVE ${DIR} ${DIR}/schema/*.sql ${DIR}/demo/*.sql)
+# Writes a C++ source that holds every .sql file below DIR/schema, DIR/migrations and DIR/demo: db::embeddedFiles().
+file(GLOB_RECURSE files RELATIVE ${DIR} ${DIR}/schema/*.sql ${DIR}/migrations/*.sql ${DIR}/demo/*.sql)
 list(SORT files)
 set(text "#include \"db/embedded.h\"\n\nnamespace db {\n\nconst std::vector<EmbeddedFile>& embeddedFiles() {\n")
 string(APPEND text "    static const std::vector<EmbeddedFile> files = {\n")

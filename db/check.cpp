@@ -1,6 +1,5 @@
-#include <algorithm>
+#include <map>
 #include <set>
-#include <sstream>
 
 #include "db/engine.h"
 #include "db/error.h"
@@ -10,36 +9,6 @@
 
 namespace db {
 namespace {
-
-struct Object {
-    std::string kind;  ///< "table", "view", "index", "procedure"
-    std::string name;
-};
-
-std::string lowered(std::string text) {
-    for (auto& letter : text) letter = lower(letter);
-    return text;
-}
-
-/// The statement without the comment lines and blanks before its first word.
-std::string_view withoutComments(std::string_view statement) {
-    while (true) {
-        statement.remove_prefix(std::min(statement.find_first_not_of(" \t\r\n"), statement.size()));
-        if (!statement.starts_with("--")) return statement;
-        statement.remove_prefix(std::min(statement.find('\n'), statement.size()));
-    }
-}
-
-/// What a statement creates; no kind for one that creates nothing.
-Object created(std::string_view statement) {
-    std::istringstream words{std::string(withoutComments(statement))};
-    std::string create, kind, name;
-    words >> create >> kind;
-    if (!sameName(create, "create")) return {};
-    if (sameName(kind, "unique")) words >> kind;
-    words >> name;
-    return {lowered(kind), name.substr(0, name.find('('))};
-}
 
 /// An engine's line for a while.
 class Line {
@@ -65,18 +34,31 @@ void saying(const std::string& subject, std::vector<std::string>& wrong, Check c
     }
 }
 
+/// What the schema of this program makes of a new database.
+std::vector<Object> wantedObjects(const std::string& database) {
+    ServerClock clock;
+    const std::map<std::string, Source> sisters;
+    const Recorder none;
+    EnginePool pool(database, Source{"sqlite", ":memory:"}, sisters, clock);
+    {
+        Connection connection(database, pool, none);
+        createSchema(connection);
+    }
+    return Line(pool)->objects();
+}
+
 void checkObjects(const Line& line, const std::string& database, std::vector<std::string>& wrong) {
-    std::set<std::string> present;
-    for (const auto& name : line->objects()) present.insert(lowered(name));
-    for (const auto& statement : schemaStatements(database)) {
-        const auto object = created(statement);
-        if (object.kind.empty()) continue;
-        if (!present.contains(lowered(object.name)))
-            wrong.push_back(database + ": the " + object.kind + " " + object.name + " is missing");
-        else if (object.kind == "view")
-            saying(database + ": the view " + object.name, wrong, [&] {
-                line->read({"select top 1 * from " + object.name, {}});
-            });
+    std::set<std::pair<std::string, std::string>> present;
+    for (const auto& object : line->objects()) present.emplace(object.kind, lowered(object.name));
+    const auto has = [&](const std::string& kind, const std::string& name) {
+        return present.contains({kind, lowered(name)});
+    };
+    for (const auto& [kind, name] : wantedObjects(database)) {
+        if (kind == "column" && !has("table", name.substr(0, name.find('.')))) continue;  // said already
+        if (!has(kind, name))
+            wrong.push_back(database + ": the " + kind + " " + name + " is missing");
+        else if (kind == "view")
+            saying(database + ": the view " + name, wrong, [&] { line->read({"select top 1 * from " + name, {}}); });
     }
 }
 

@@ -56,6 +56,24 @@ std::int64_t Connection::execute(const Sql& sql) {
     return withEngine("execute", [&](Engine& engine) { return engine.execute(sql.bound()).affected; });
 }
 
+std::int64_t Connection::insertRow(const std::string& table, const std::vector<std::string>& columns,
+                                   const std::vector<Value>& values) {
+    if (recording()) {
+        std::vector<std::pair<std::string, Value>> parameters;
+        for (std::size_t i = 0; i < columns.size(); ++i) parameters.emplace_back(columns[i], values.at(i));
+        record(Statement::Kind::insert, "insert " + table, std::move(parameters));
+    }
+    return withEngine("insert", [&](Engine& engine) {
+        const auto* known = engine.table(table);
+        if (known == nullptr) throw Error(Category::syntax, "Invalid object name '" + table + "'.");
+        return engine.insertRow(*known, columns, values).identity;
+    });
+}
+
+std::vector<Object> Connection::objects() {
+    return withEngine("list the objects", [](Engine& engine) { return engine.objects(); });
+}
+
 void Connection::beginTrans() {
     if (lost_) lostTransaction();
     if (depth_ == 0) withEngine("begin", [](Engine& engine) { engine.begin(); });

@@ -17,6 +17,7 @@ namespace db {
 class Engine;
 class EnginePool;
 struct Column;
+struct Object;
 struct Table;
 
 /// What a recorder sees of a statement, before it runs. Texts hold the values in full: for tests and `trace`, never for
@@ -52,8 +53,15 @@ public:
 
     /// Runs a statement and gives the number of rows that it touched. Throws Error.
     std::int64_t execute(const Sql& sql);
+    /// Adds one row, for loads of many: `columns` and `values` run in parallel. Gives the identity that the row got, 0
+    /// without one. Throws Error.
+    std::int64_t insertRow(const std::string& table, const std::vector<std::string>& columns,
+                           const std::vector<Value>& values);
     /// `Recordset(*this, sql)`, for reads in one expression.
     [[nodiscard]] Recordset read(const Sql& sql) { return {*this, sql}; }
+
+    /// What the database holds: tables, columns ("hPatients.PNo"), indexes, views, procedures.
+    [[nodiscard]] std::vector<Object> objects();
 
     void beginTrans();
     /// Throws Error(other) without a transaction, and when an inner rollback has doomed it (everything is then rolled

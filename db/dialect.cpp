@@ -72,6 +72,10 @@ Translated Parser::statement() {
         result_.text = deletion();
     else if (accept("create"))
         result_.text = create();
+    else if (accept("alter"))
+        result_.text = alter();
+    else if (accept("drop"))
+        result_.text = drop();
     else
         fail();
     while (accept(";")) {

@@ -15,10 +15,12 @@ struct Translated {
     std::vector<std::string> databases;
     /// The one table or view that a query reads from, or that a change is made to; "" where there are several.
     std::string object;
+    /// The column that an `alter table ... alter column` is about; the text is then its new definition alone.
+    std::string column = {};
 };
 
-/// Turns one T-SQL statement (a query, a change, or a `create` of a table, index or view) into SQLite's SQL. Parameter
-/// places ("?1") keep their numbers. `database` is the name of the database that the statement runs on.
+/// Turns one T-SQL statement (a query, a change, or a definition of a table, index or view) into SQLite's SQL.
+/// Parameter places ("?1") keep their numbers. `database` is the name of the database that the statement runs on.
 /// Throws Error(syntax) for text that is not T-SQL or uses what the translation does not know.
 Translated toSqlite(std::string_view statement, std::string_view database);
 
@@ -36,9 +38,12 @@ struct Procedure {
 /// with or without semicolons between them; `set nocount on` is dropped.
 /// Throws Error(syntax).
 Procedure parseProcedure(std::string_view text);
-/// Whether a statement is a `create procedure` (or `create proc`).
-bool createsProcedure(std::string_view statement);
-/// Whether a statement is a `create` of anything.
-bool creates(std::string_view statement);
+/// What a statement defines or takes away: {"create", "view", "vwUsers"}.
+struct Definition {
+    std::string verb;  ///< "create", "alter" or "drop"; "" for any other statement
+    std::string kind;  ///< "table", "view", "index" or "procedure"
+    std::string name;  ///< as it is written, without brackets
+};
+Definition definition(std::string_view statement);
 
 }  // namespace db::dialect

@@ -62,12 +62,6 @@ std::string check(const std::string& name, const std::string& column, const Type
     return {};
 }
 
-std::string textLiteral(const std::string& text) {
-    std::string result = "'";
-    for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
-    return result += "'";
-}
-
 char momentKind(Family family) {
     return family == Family::date ? 'd' : family == Family::time ? 't' : 'm';
 }
@@ -153,17 +147,69 @@ std::string Parser::createTable() {
     if (table.seed != 1)
         text += ";\ninsert into sqlite_sequence (name, seq) values (" + textLiteral(table.name) + ", " +
                 std::to_string(table.seed - 1) + ")";
-    if (table.columns.empty()) return text;
-    const auto when = " on " + created + " when " + table.unstored + " begin update " + created + " set " +
+    return text + storing(created, table.name, table);
+}
+
+/// The triggers that bring a table's dates and amounts into their stored form; `label` sets their names apart.
+std::string Parser::storing(const std::string& tableName, const std::string& label, const TableText& table) {
+    if (table.columns.empty()) return {};
+    const auto when = " on " + tableName + " when " + table.unstored + " begin update " + tableName + " set " +
                       table.stored + " where rowid = new.rowid; end";
-    text += ";\ncreate trigger " + quoted(table.name + " stored on insert") + " after insert" + when;
-    return text + ";\ncreate trigger " + quoted(table.name + " stored on update") + " after update of " +
-           table.columns + when;
+    return ";\ncreate trigger " + quoted(label + " stored on insert") + " after insert" + when + ";\ncreate trigger " +
+           quoted(label + " stored on update") + " after update of " + table.columns + when;
+}
+
+/// `alter table T add a int null, b date null`, and `alter table T alter column a varchar(50) null`: the changes of a
+/// table that the schema's own steps need.
+std::string Parser::alter() {
+    expect("table");
+    const auto altered = object();
+    TableText table;
+    table.name = result_.object;
+    if (accept("alter")) return alteredColumn(table);
+    expect("add");
+    const auto label = table.name + "." + peek().text;
+    do {
+        columnDefinition(table);
+    } while (accept(","));
+    if (!table.identity.empty() || !table.key.empty()) fail();
+    std::string text;
+    for (const auto& part : table.parts)
+        text += (text.empty() ? "" : ";\n") + ("alter table " + altered) + " add column " + part;
+    return text + storing(altered, label, table);
+}
+
+/// The new definition of a text's column. Texts are stored alike whatever their length; other types are not.
+std::string Parser::alteredColumn(TableText& table) {
+    expect("column");
+    result_.column = peek().text;
+    columnDefinition(table);
+    const auto& definition = table.parts.front();
+    const bool isText = definition.find(" collate VTEXT") != std::string::npos;
+    if (!isText) throw Error(Category::syntax, "Only the length of a text's column can be altered.");
+    return definition;
+}
+
+/// `drop table T`, `drop view V`, `drop index I on T`.
+std::string Parser::drop() {
+    if (accept("index")) {
+        auto text = "drop index " + quoted(name());
+        expect("on");
+        object();
+        return text;
+    }
+    const std::string kind = at("view") ? "view" : "table";
+    expect(kind);
+    return "drop " + kind + " " + object();
 }
 
 void Parser::columnDefinition(TableText& table) {
     const auto plain = name();
     const auto column = quoted(plain);
+    if (accept("as")) {  // computed from the row's other columns
+        table.parts.push_back(column + " generated always as (" + unary().sql + ")");
+        return;
+    }
     auto type = typeName();
     if (type.family == Family::text && type.length == 0) type.length = 1;
     const auto index = table.parts.size();

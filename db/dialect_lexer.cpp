@@ -132,6 +132,12 @@ std::vector<Token> tokens(std::string_view source) {
     return Lexer(source).all();
 }
 
+std::string textLiteral(std::string_view text) {
+    std::string result = "'";
+    for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
+    return result += "'";
+}
+
 std::string quoted(std::string_view name) {
     std::string result = "\"";
     for (const char c : name) result.append(c == '"' ? 2 : 1, c);

@@ -22,6 +22,8 @@ std::vector<Token> tokens(std::string_view source);
 
 /// "name" in double quotes, as SQLite wants a name that may be a keyword.
 std::string quoted(std::string_view name);
+/// A text as SQLite's literal: 'It''s'.
+std::string textLiteral(std::string_view text);
 /// A bare word of this spelling.
 bool isWord(const Token& token, std::string_view word) noexcept;
 bool isSign(const Token& token, std::string_view sign) noexcept;

@@ -101,11 +101,15 @@ private:
     std::string optionalWhere();
 
     // Definitions.
+    struct TableText;
     std::string create();
+    std::string alter();
+    std::string alteredColumn(TableText& table);
+    std::string drop();
     std::string createTable();
     std::string createIndex(bool unique);
     std::string createView();
-    struct TableText;
+    static std::string storing(const std::string& tableName, const std::string& label, const TableText& table);
     void columnDefinition(TableText& table);
     void columnRules(TableText& table, const std::string& column, bool& identity, bool& notNull);
     void tableConstraint(TableText& table);

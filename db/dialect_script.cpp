@@ -150,15 +150,25 @@ std::vector<std::string> splitScript(std::string_view script) {
     }
 }
 
-bool createsProcedure(std::string_view statement) {
-    const auto all = tokens(statement);
-    return startsProcedure(all.begin(), all.end());
-}
-
-bool creates(std::string_view statement) {
+Definition definition(std::string_view statement) {
+    static constexpr std::string_view verbs[] = {"create", "alter", "drop"};
     const auto text = withoutBlanksAround(statement);
-    if (text.starts_with("--") || text.starts_with("/*")) return isWord(tokens(text).front(), "create");
-    return sameName(text.substr(0, 6), "create");
+    const bool maybe = text.starts_with("--") || text.starts_with("/*") ||
+                       std::any_of(std::begin(verbs), std::end(verbs),
+                                   [&](auto verb) { return sameName(text.substr(0, verb.size()), verb); });
+    if (!maybe) return {};  // nearly every statement: not worth its tokens
+    const auto all = tokens(statement);
+    const auto* verb =
+        std::find_if(std::begin(verbs), std::end(verbs), [&](auto word) { return isWord(all.front(), word); });
+    if (verb == std::end(verbs)) return {};
+    auto token = all.begin() + 1;
+    const auto skip = [&](std::string_view word) { token += isWord(*token, word) ? 1 : 0; };
+    for (const auto word : {"unique", "clustered", "nonclustered"}) skip(word);
+    auto kind = lowered(token->text);
+    if (kind == "proc") kind = "procedure";
+    if (token->kind != Token::Kind::end) ++token;
+    if (isWord(*token, "dbo") && isSign(token[1], ".")) token += 2;
+    return {std::string(*verb), std::move(kind), token->text};
 }
 
 Procedure parseProcedure(std::string_view text) {

@@ -24,6 +24,12 @@ struct Table {
     std::vector<Column> columns;
 };
 
+/// Something that a database holds.
+struct Object {
+    std::string kind;  ///< "table", "column", "index", "view" or "procedure"
+    std::string name;  ///< of a column "hPatients.PNo"
+};
+
 /// What `execute` did.
 struct Outcome {
     std::int64_t affected = 0;
@@ -64,8 +70,8 @@ public:
     /// False once the database behind the line is gone; the line is then dropped and a new one opened.
     [[nodiscard]] virtual bool alive() noexcept = 0;
 
-    /// The names of the tables, views, indexes and stored procedures that the database holds.
-    virtual std::vector<std::string> objects() = 0;
+    /// The tables, their columns, the indexes, views and stored procedures that the database holds, in that order.
+    virtual std::vector<Object> objects() = 0;
     /// What the engine's own integrity check finds wrong: one line each, none when all is well.
     virtual std::vector<std::string> integrity() = 0;
     /// How the engine would run a statement, one line a step ("SEARCH hRecords USING INDEX ..."): for the tests of

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace db {
@@ -18,6 +19,12 @@ namespace db {
 }
 [[nodiscard]] constexpr bool isBlank(char c) noexcept {
     return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+[[nodiscard]] inline std::string lowered(std::string_view text) {
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), lower);
+    return result;
 }
 
 /// Whether two names are the same in any letter case.

@@ -31,14 +31,6 @@ void onFile(const std::string& database, const fs::path& file, Work work) {
     work(connection);
 }
 
-void requireVersion(Connection& connection) {
-    const auto rows = connection.read("select max(version) as version from SchemaVersion"_sql);
-    const auto version = rows.empty() ? 0 : rows["version"].int32Or(0);
-    if (version != schemaVersion)
-        throw Error(Category::other, "its schema has version " + std::to_string(version) + ", this program needs " +
-                                         std::to_string(schemaVersion));
-}
-
 /// The file grows under another name and takes its own when it is whole and closed.
 void createFile(const std::string& database, const fs::path& file) {
     const fs::path growing = fs::path(file) += ".new";
@@ -59,13 +51,13 @@ void createFile(const std::string& database, const fs::path& file) {
 
 }  // namespace
 
-void createDatabases(const fs::path& directory) {
+void createDatabases(const fs::path& directory, const Progress& progress) {
     if (!fs::is_directory(directory)) refuse(directory, "no such directory", "create databases");
     for (const auto& [database, source] : DataSources::embedded(directory)) {
         const fs::path file = source.location;
         try {
             if (fs::exists(file))
-                onFile(database, file, requireVersion);
+                onFile(database, file, [&](Connection& connection) { bringForward(connection, progress); });
             else
                 createFile(database, file);
         } catch (const std::exception& error) {  // an Error, or what the file system says

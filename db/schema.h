@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -9,17 +10,34 @@
 
 namespace db {
 
+/// Hears of each step of long work; may be empty.
+using Progress = std::function<void(const std::string&)>;
+
 /// Creates the embedded databases that do not exist yet below `directory`, with their schema and the rows without
-/// which nothing starts. The schema is the T-SQL text built into the program from db/schema. One transaction a
-/// database: an interrupted run leaves a database whole or absent. Throws Error.
-void createDatabases(const std::filesystem::path& directory);
+/// which nothing starts, and brings those of an older schema forward. The schema is the T-SQL text built into the
+/// program from db/schema. One transaction a database: an interrupted run leaves a database whole, as it was, or
+/// absent. Throws Error.
+void createDatabases(const std::filesystem::path& directory, const Progress& progress = {});
+
+/// Brings an open database of an older schema to the version of this program, all rows kept, in one transaction: the
+/// steps of db/migrations change what stands, then everything that the schema has besides comes into being. Throws
+/// Error, also for a database that is newer than this program; it is then as it was.
+void bringForward(Connection& connection, const Progress& progress = {});
 
 /// Creates the whole schema and the first rows in one database that is already open, for tests in memory.
 void createSchema(Connection& connection);
 
-/// Fills the databases with the demonstration hospital of the day `today`, in one transaction. Throws Error(other) when
-/// the databases hold patients or a demonstration already.
-void createDemonstration(Databases& databases, DateTime today, const std::function<void(const std::string&)>& progress);
+/// What a demonstration hospital is to be: the same seed, day and number of patients give the same hospital.
+struct Demonstration {
+    DateTime today;
+    int patients = 2000;  ///< from 60 to 5,000,000
+    std::uint64_t seed = 1;
+    Progress progress = {};
+};
+
+/// Fills new databases with the demonstration hospital, in one transaction a database: an interrupted run leaves them
+/// as they were. Throws Error(other) when the databases hold patients or staff already, or for a wish out of bounds.
+void createDemonstration(Databases& databases, const Demonstration& wish);
 
 /// What is wrong with the databases: one line each, none when all is well. Every table, view, index and procedure of
 /// the schema is there, every view runs, and the engine's own integrity check passes.

@@ -186,7 +186,7 @@ void SqlScanner::blockComment() {
 }
 
 void SqlScanner::end() {
-    if (values_.empty() && dialect::createsProcedure(out_.text)) return plain();
+    if (values_.empty() && dialect::definition(out_.text).kind == "procedure") return plain();
     for (++at_; !valueAt(at_) && at_ < text_.size(); ++at_)
         if (!isBlank(text_[at_])) break;
     if (!atEnd()) syntaxError("Incorrect syntax near ';'. One statement at a time.");

@@ -6,41 +6,13 @@
 
 namespace db::sqlite {
 
-/// Procedures are texts in a table of the database, in T-SQL as they were written.
-void SqliteEngine::createProcedure(const std::string& text) {
-    const auto parsed = dialect::parseProcedure(text);
-    for (const auto& statement : parsed.statements) dialect::toSqlite(statement, database_);
-    whole([&] {
-        line_.run(
-            "create table if not exists vorel_procedure (name text primary key collate nocase, text text not null)",
-            "create");
-        const auto insert = prepare("insert into vorel_procedure (name, text) values (?1, ?2)");
-        const std::vector<Value> row{Value(parsed.name), Value(text)};
-        bindAll(insert.statement.get(), row);
-        const auto code = sqlite3_step(insert.statement.get());
-        if ((code & 0xFF) == SQLITE_CONSTRAINT)
-            throw Error(Category::other, "There is already an object named '" + parsed.name + "' in the database.",
-                        "create procedure");
-        line_.check(code, "create procedure");
-    });
-}
-
 const dialect::Procedure& SqliteEngine::procedure(std::string_view name) {
-    std::string key(name);
-    std::transform(key.begin(), key.end(), key.begin(), lower);
+    auto key = lowered(name);
     if (const auto known = procedures_.find(key); known != procedures_.end()) return known->second;
-    const auto missing = [&] {
-        return Error(Category::other, "Could not find stored procedure '" + std::string(name) + "'.", "call");
-    };
-    if (texts("select name from sqlite_master where name = 'vorel_procedure'").empty()) throw missing();
-    const auto select = prepare("select text from vorel_procedure where name = ?1");
-    const Value wanted(key);
-    line_.check(bind(select.statement.get(), 1, wanted), "bind");
-    const auto code = sqlite3_step(select.statement.get());
-    line_.check(code, "read a procedure");
-    if (code != SQLITE_ROW) throw missing();
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(select.statement.get(), 0));
-    return procedures_.emplace(std::move(key), dialect::parseProcedure(text)).first->second;
+    for (const auto& [kept, text] : keptTexts("procedure"))
+        if (sameName(kept, name))
+            return procedures_.emplace(std::move(key), dialect::parseProcedure(text)).first->second;
+    throw Error(Category::other, "Could not find stored procedure '" + std::string(name) + "'.", "call");
 }
 
 RowBuffer SqliteEngine::call(std::string_view name, const std::vector<std::pair<std::string, Value>>& arguments) {

@@ -51,7 +51,8 @@ RowBuffer SqliteEngine::read(const Sql::Template& statement) {
 
 Outcome SqliteEngine::execute(const Sql::Template& statement) {
     requireUsable();
-    if (dialect::creates(statement.text)) return create(statement.text), Outcome{};
+    if (const auto definition = dialect::definition(statement.text); !definition.verb.empty())
+        return define(definition, statement.text), Outcome{};
     auto& ready = prepared(statement.text);
     const Use use(ready.statement.get());
     bindAll(ready.statement.get(), statement.parameters);
@@ -63,7 +64,7 @@ Prepared& SqliteEngine::prepared(const std::string& statement) {
     if (auto* known = statements_.find(statement)) return *known;
     auto translated = dialect::toSqlite(statement, database_);
     for (const auto& database : translated.databases) attach(database);
-    auto fresh = prepare(translated.text);
+    auto fresh = prepareWithViews(translated.text);
     fresh.object = std::move(translated.object);
     fresh.countsRows = translated.text.starts_with("insert") && hasIdentity(fresh.object);
     return statements_.add(statement, std::move(fresh));
@@ -78,6 +79,17 @@ Prepared SqliteEngine::prepare(const std::string& sql) {
     line_.check(code, "prepare");
     fresh.writes = sqlite3_stmt_readonly(statement) == 0;
     return fresh;
+}
+
+/// Views over other databases live on a line and not in a file: they come into being at the first statement that misses
+/// one.
+Prepared SqliteEngine::prepareWithViews(const std::string& sql) {
+    try {
+        return prepare(sql);
+    } catch (const Error& error) {
+        if (error.category() != Category::syntax || !openViews()) throw;
+    }
+    return prepare(sql);
 }
 
 void SqliteEngine::bindAll(sqlite3_stmt* statement, const std::vector<Value>& parameters) {
@@ -143,15 +155,6 @@ Outcome SqliteEngine::outcome(const Prepared& ready) {
     return result;
 }
 
-/// A `create`: its statements together or none.
-void SqliteEngine::create(const std::string& statement) {
-    if (dialect::createsProcedure(statement)) return createProcedure(statement);
-    const auto translated = dialect::toSqlite(statement, database_);
-    if (!translated.databases.empty())
-        throw Error(Category::syntax, "A view over another database is not supported.", "create");
-    whole([&] { line_.run(translated.text.c_str(), "create"); });
-}
-
 /// Other databases open under their names at the first statement that reads from them.
 void SqliteEngine::attach(const std::string& database) {
     const auto sister = std::find_if(sisters_.begin(), sisters_.end(),
@@ -178,16 +181,6 @@ std::vector<std::string> SqliteEngine::texts(const std::string& sql, int column)
     return result;
 }
 
-std::vector<std::string> SqliteEngine::objects() {
-    requireUsable();
-    auto names = texts(
-        "select name from sqlite_master where type in ('table', 'view', 'index') and name not like 'sqlite[_]%'"
-        " and name <> 'vorel_procedure'");
-    if (!texts("select name from sqlite_master where name = 'vorel_procedure'").empty())
-        for (auto& name : texts("select name from vorel_procedure order by name")) names.push_back(std::move(name));
-    return names;
-}
-
 std::vector<std::string> SqliteEngine::integrity() {
     requireUsable();
     auto lines = texts("pragma integrity_check");
@@ -199,6 +192,7 @@ std::vector<std::string> SqliteEngine::plan(const Sql::Template& statement) {
     requireUsable();
     const auto translated = dialect::toSqlite(statement.text, database_);
     for (const auto& database : translated.databases) attach(database);
+    prepareWithViews(translated.text);
     return texts("explain query plan " + translated.text, 3);
 }
 

@@ -37,7 +37,7 @@ public:
     [[nodiscard]] bool holdsWriteLock() const noexcept override { return state_ == State::writing; }
     [[nodiscard]] bool alive() noexcept override { return line_.present(); }
 
-    std::vector<std::string> objects() override;
+    std::vector<Object> objects() override;
     std::vector<std::string> integrity() override;
     std::vector<std::string> plan(const Sql::Template& statement) override;
 
@@ -57,19 +57,26 @@ private:
                           const std::vector<std::string>& keys, Text text);
     static char kindOf(const TableInfo& info, const std::string& column);
     Prepared prepare(const std::string& sql);
+    Prepared prepareWithViews(const std::string& sql);
     std::string updatedTable(const Prepared& prepared);
     void bindAll(sqlite3_stmt* statement, const std::vector<Value>& parameters);
     void step(Prepared& prepared, RowBuffer* rows);
     Outcome runRow(Prepared& prepared, const std::vector<Value>& values, const std::vector<Value>& keyValues);
     bool hasIdentity(std::string_view table);
     Outcome outcome(const Prepared& prepared);
-    void create(const std::string& statement);
     void attach(const std::string& database);
     [[nodiscard]] std::vector<std::string> texts(const std::string& sql, int column = 0);
 
+    // Definitions.
+    void define(const dialect::Definition& definition, const std::string& statement);
+    void redefine(const dialect::Translated& altered);
+    void keepText(const dialect::Definition& definition, const std::string& text);
+    bool dropText(const dialect::Definition& definition);
+    std::vector<std::pair<std::string, std::string>> keptTexts(const std::string& kind);
+    bool openViews();
+
     // Tables and procedures.
     TableInfo* tableInfo(std::string_view name);
-    void createProcedure(const std::string& text);
     const dialect::Procedure& procedure(std::string_view name);
     void runProcedure(const dialect::Procedure& procedure, const std::vector<std::pair<std::string, Value>>& arguments,
                       RowBuffer& rows);
@@ -88,6 +95,7 @@ private:
     std::map<std::string, std::unique_ptr<TableInfo>, std::less<>> tables_;
     std::map<std::string, dialect::Procedure, std::less<>> procedures_;
     std::set<std::string> attached_;
+    bool viewsOpen_ = false;  ///< whether the views over other databases are there on this line
 };
 
 }  // namespace db::sqlite

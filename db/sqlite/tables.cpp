@@ -8,12 +8,6 @@
 namespace db::sqlite {
 namespace {
 
-std::string lowered(std::string_view name) {
-    std::string result(name);
-    std::transform(result.begin(), result.end(), result.begin(), lower);
-    return result;
-}
-
 std::string_view text(sqlite3_stmt* statement, int column) {
     const auto* content = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     return content == nullptr ? std::string_view() : content;
@@ -33,7 +27,6 @@ const Table* SqliteEngine::table(std::string_view name) {
     return info == nullptr ? nullptr : &info->table;
 }
 
-/// Tables only come into being, so what is known once stays.
 SqliteEngine::TableInfo* SqliteEngine::tableInfo(std::string_view name) {
     auto key = lowered(name);
     if (const auto known = tables_.find(key); known != tables_.end()) return known->second.get();

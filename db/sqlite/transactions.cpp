@@ -43,6 +43,7 @@ void SqliteEngine::commit() {
 void SqliteEngine::rollback() noexcept {
     if (state_ == State::writing) {
         if (!line_.autocommit()) sqlite3_exec(line_.handle(), "rollback", nullptr, nullptr, nullptr);
+        viewsOpen_ = false;
         leaveQueue();
     }
     state_ = State::none;

@@ -68,7 +68,7 @@ public:
     void rollback() noexcept override { server_.log.emplace_back("rollback"); }
     [[nodiscard]] bool holdsWriteLock() const noexcept override { return false; }
     [[nodiscard]] bool alive() noexcept override { return server_.alive; }
-    std::vector<std::string> objects() override { return {}; }
+    std::vector<db::Object> objects() override { return {}; }
     std::vector<std::string> integrity() override { return {}; }
     std::vector<std::string> plan(const db::Sql::Template&) override { return {}; }
 

@@ -10,8 +10,19 @@
 #include "db/databases.h"
 #include "db/engine.h"
 #include "db/schema.h"
+#include "tests/db/line.h"
 
 namespace test {
+
+/// How the engine runs a statement.
+inline std::vector<std::string> planOf(db::Databases& databases, const std::string& database, const db::Sql& sql) {
+    databases.idle();
+    auto& pool = databases.sources().pool(database);
+    auto engine = pool.borrow();
+    const auto steps = engine->plan(sql.bound());
+    pool.giveBack(std::move(engine));
+    return steps;
+}
 
 /// The four databases in memory, with their schema and first rows. The server's clock stands at 24-Nov-2026 10:00.
 class MemoryDatabases {
@@ -26,15 +37,7 @@ public:
         const auto rows = hospital().read(sql);
         return rows.empty() ? db::Value() : rows.value(0, 0);
     }
-    /// How the engine runs a statement.
-    std::vector<std::string> plan(const db::Sql& sql) {
-        databases.idle();
-        auto& pool = sources.pool("Hospital");
-        auto engine = pool.borrow();
-        const auto steps = engine->plan(sql.bound());
-        pool.giveBack(std::move(engine));
-        return steps;
-    }
+    std::vector<std::string> plan(const db::Sql& sql) { return planOf(databases, "Hospital", sql); }
 
     db::DataSources sources{inMemory()};
     db::Databases databases{sources};
@@ -45,6 +48,23 @@ private:
         for (const auto& name : db::DataSources::names()) memory[name] = {"sqlite", ":memory:"};
         return memory;
     }
+};
+
+/// The demonstration hospital of 24-Nov-2026, 11:00, in files: one view reads two databases.
+class DemonstrationFiles {
+public:
+    explicit DemonstrationFiles(int patients = 60, std::uint64_t seed = 1) {
+        db::createDatabases(folder.path);
+        sources.clock().stopAt(today.plusHours(11));
+        db::createDemonstration(databases, {today, patients, seed});
+    }
+    db::Connection& hospital() { return databases.named("Hospital"); }
+    std::size_t count(const db::Sql& sql) { return hospital().read(sql).rowCount(); }
+
+    const db::DateTime today = db::DateTime::of(2026, 11, 24);
+    Folder folder;
+    db::DataSources sources{db::DataSources::embedded(folder.path)};
+    db::Databases databases{sources};
 };
 
 }  // namespace test

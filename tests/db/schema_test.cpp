@@ -14,6 +14,7 @@
 
 #include "db/command.h"
 #include "db/error.h"
+#include "db/sqlite/engine.h"
 #include "db/sqlite/functions.h"
 #include "tests/db/hospital.h"
 
@@ -64,6 +65,48 @@ protected:
 
 using Lines = std::vector<std::string>;
 
+/// What a database holds and how its tables are built, sorted; or all its rows, table by table.
+Lines readFile(const fs::path& file, const std::string& query) {
+    Lines lines;
+    sqlite3* line = nullptr;
+    EXPECT_EQ(sqlite3_open(file.c_str(), &line), SQLITE_OK);
+    db::ServerClock clock;
+    db::sqlite::registerFunctions(line, clock);
+    const auto add = [](void* to, int count, char** cells, char**) {
+        std::string text;
+        for (int i = 0; i < count; ++i) text += (i > 0 ? "|" : "") + std::string(cells[i] ? cells[i] : "null");
+        static_cast<Lines*>(to)->push_back(text);
+        return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(line, query.c_str(), add, &lines, nullptr), SQLITE_OK) << sqlite3_errmsg(line);
+    sqlite3_close(line);
+    return lines;
+}
+Lines structure(const fs::path& file) {
+    return readFile(file,
+                    "select type, name, '' from sqlite_master where name not like 'sqlite_auto%'"
+                    " union all select m.name, c.name, c.type || c.\"notnull\" || coalesce(c.dflt_value, '')"
+                    " from sqlite_master m, pragma_table_xinfo(m.name) c where m.type = 'table' order by 1, 2");
+}
+Lines rowsOf(const fs::path& file, const Lines& tables) {
+    Lines rows;
+    for (const auto& table : tables)
+        for (auto& row : readFile(file, "select * from \"" + table + "\"")) rows.push_back(table + ": " + row);
+    return rows;
+}
+
+/// Puts the databases of an older version, with rows of a hospital at work, into a directory.
+void loadSnapshot(const fs::path& directory, const std::string& version) {
+    const auto snapshots = fs::path(__FILE__).parent_path() / "snapshots" / version;
+    for (const auto& name : db::DataSources::names()) {
+        std::ifstream dump(snapshots / (name + ".sql"));
+        const std::string text{std::istreambuf_iterator<char>(dump), {}};
+        ASSERT_FALSE(text.empty()) << name;
+        db::createSqliteFile(directory / (name + ".db"));
+        readFile(directory / (name + ".db"), text);
+    }
+}
+
 TEST_F(SchemaFiles, CreatesWhatIsMissingAndKeepsWhatIsThere) {
     db::createDatabases(directory);
     EXPECT_EQ(check(), Lines{});
@@ -105,8 +148,11 @@ TEST_F(SchemaFiles, AnInterruptedRunLeavesADatabaseWholeOrAbsent) {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
-        for (const auto& line : check())
-            EXPECT_FALSE(fs::exists(file(line.substr(0, line.find(':')) + ".db"))) << milliseconds << ": " << line;
+        for (const auto& line : check()) {
+            const bool archive = line.ends_with("Could not locate the database \"HospitalArchive\".");
+            const auto database = archive ? "HospitalArchive" : line.substr(0, line.find(':'));
+            EXPECT_FALSE(fs::exists(file(database + ".db"))) << milliseconds << ": " << line;
+        }
     }
     db::createDatabases(directory);
     EXPECT_EQ(check(), Lines{});
@@ -114,10 +160,64 @@ TEST_F(SchemaFiles, AnInterruptedRunLeavesADatabaseWholeOrAbsent) {
         EXPECT_EQ(entry.path().string().find(".new"), std::string::npos) << entry.path();
 }
 
+TEST_F(SchemaFiles, AnOlderVersionComesForwardWithAllItsRows) {
+    loadSnapshot(directory, "version1");
+    const Lines tables = {"hPatients",   "hRecords",  "hAdmission", "hPreConsult", "hAntenatalReg",
+                          "AppDefaults", "Users",     "employees",  "idgen",       "hRetainership",
+                          "UserRoles",   "hComments", "Billing",    "hConsulting"};
+    const auto before = rowsOf(file(), tables);
+    ASSERT_GT(before.size(), 200U);
+    EXPECT_GT(check().size(), 20U) << "the older databases lack much";
+
+    Lines steps;
+    db::createDatabases(directory, [&](const std::string& step) { steps.push_back(step); });
+    EXPECT_EQ(steps.size(), 4U);
+    EXPECT_EQ(check(), Lines{});
+    EXPECT_EQ(rowsOf(file(), tables), before);
+    fs::create_directories(directory / "new");
+    db::createDatabases(directory / "new");
+    for (const auto& name : db::DataSources::names())
+        EXPECT_EQ(structure(file(name + ".db")), structure(directory / "new" / (name + ".db"))) << name;
+    EXPECT_EQ(rowsOf(file(), {"hClinicWeeks"}), rowsOf(directory / "new" / "Hospital.db", {"hClinicWeeks"}))
+        << "a new table has its first rows";
+    steps.clear();
+    db::createDatabases(directory, [&](const std::string& step) { steps.push_back(step); });
+    EXPECT_TRUE(steps.empty()) << "it is done once";
+}
+
+TEST_F(SchemaFiles, ABrokenStepForwardLeavesTheOlderVersion) {
+    loadSnapshot(directory, "version1");
+    const auto before = structure(file());
+    for (int failing = 1;; failing += 37) {
+        int writes = 0;
+        {
+            db::DataSources sources(db::DataSources::embedded(directory));
+            db::Databases databases(sources);
+            databases.setRecorder([&](const db::Statement& statement) {
+                if (statement.writes() && ++writes == failing)
+                    throw db::Error(db::Category::injected, "Injected failure");
+            });
+            try {
+                db::bringForward(databases.named("Hospital"));
+            } catch (const db::Error& error) {
+                ASSERT_EQ(error.category(), db::Category::injected) << failing << ": " << error.what();
+            }
+        }
+        if (writes < failing) break;
+        ASSERT_EQ(structure(file()), before) << failing;
+    }
+    db::createDatabases(directory);
+    EXPECT_EQ(check(), Lines{});
+}
+
 TEST_F(SchemaFiles, CheckNamesWhatIsWrong) {
     const std::pair<std::string, Lines> cases[] = {
         {"drop view qryhBabyDischarge", {"Hospital: the view qryhBabyDischarge is missing"}},
         {"drop index IX_hRecords_PNo", {"Hospital: the index IX_hRecords_PNo is missing"}},
+        {"alter table hComments rename column Comment to Text", {"Hospital: the column hComments.Comment is missing"}},
+        {"delete from vorel_view; delete from vorel_procedure where name = 'getIDNo'",
+         {"Hospital: the view qryhConsultedPatientsArchiveUnion is missing",
+          "Hospital: the procedure getIDNo is missing"}},
         {"drop view vwhComments; drop table hComments",
          {"Hospital: the table hComments is missing", "Hospital: the index IX_hComments_Dept is missing",
           "Hospital: the view vwhComments is missing"}},

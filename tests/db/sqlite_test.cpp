@@ -164,8 +164,44 @@ TEST_F(Sqlite, CallsProceduresWhole) {
               }).second,
               "Procedure or function Names has too many arguments specified.");
     EXPECT_THROW(line.run("create procedure put as select 1 x"), db::Error);
-    EXPECT_EQ(line.engine->objects(), (std::vector<std::string>{"T", "V", "Names", "Put"}));
+    line.run("drop procedure [put]");
+    EXPECT_THROW(line.engine->call("Put", {{"name", "b"}, {"n", 1}}), db::Error);
+    EXPECT_THROW(line.run("drop procedure Put"), db::Error);
+    line.run("create procedure Put as select 'new' x");
+    EXPECT_EQ(Line::shown(line.engine->call("Put", {})), "new");
     EXPECT_TRUE(line.engine->integrity().empty());
+}
+
+std::string objectsOf(db::Engine& engine) {
+    std::string text;
+    for (const auto& [kind, name] : engine.objects()) text += (text.empty() ? "" : ", ") + kind + " " + name;
+    return text;
+}
+
+TEST_F(Sqlite, ChangesAndDropsWhatItHolds) {
+    line.script(
+        "drop view V; drop table T; create table U (id int identity(1,1) primary key, a varchar(5));"
+        "create index IX_U_a on U (a); insert U (a) values ('old'); create view W as select a from U;"
+        "create procedure P as select a from U");
+    EXPECT_EQ(objectsOf(*line.engine), "table U, column U.id, column U.a, index IX_U_a, view W, procedure P");
+    line.rows("select * from U");  // what a line knows of a table does not outlive the change
+    line.run("alter table dbo.U add day date null, amount money null, seen int not null default 0");
+    line.run("alter table U add at datetime null");
+    EXPECT_EQ(line.rows("select * from U"), "1|old|null|null|0|null");
+    line.run("update U set day = '24-Nov-2026', amount = 1.23456, at = '24-Nov-2026 9:30'");
+    EXPECT_EQ(line.rows("select day, amount, at from U where day = '2026-11-24'"),
+              "24-Nov-2026|1.2346|24-Nov-2026 09:30:00");
+    EXPECT_THROW(line.run("update U set seen = 'x'"), db::Error);
+    const auto* table = line.engine->table("U");
+    EXPECT_EQ(line.engine->insertRow(*table, {"a", "day"}, {"new", "25-Nov-2026"}).identity, 2);
+    for (const char* wrong :
+         {"alter table U add a int null", "alter table U add b int not null", "alter table U add b int identity(1,1)",
+          "alter table U drop column a", "alter table Nobody add b int null", "alter procedure P as select 1 x",
+          "drop table Nobody", "drop view U", "drop index IX_U_a"})
+        EXPECT_THROW(line.run(wrong), db::Error) << wrong;
+    line.script("drop index IX_U_a on U; drop view W; drop procedure P");
+    EXPECT_EQ(objectsOf(*line.engine),
+              "table U, column U.id, column U.a, column U.day, column U.amount, column U.seen, column U.at");
 }
 
 TEST(SqliteFile, OpensOnlyADatabase) {
@@ -212,6 +248,34 @@ TEST(SqliteFile, ReadsSisters) {
     EXPECT_EQ(line.rows("select x.a from HospitalArchive..T x where a = 'OLD'"), "old");
     for (const char* statement : {"select * from Accounting.dbo.T", "select * from Nobody.dbo.T"})
         EXPECT_EQ(failureOf([&] { line.rows(statement); }).first, Category::lostConnection) << statement;
+}
+
+TEST(SqliteFile, KeepsViewsOverSisters) {
+    const Folder folder;
+    const std::map<std::string, db::Source> sisters = {{"HospitalArchive", {"sqlite", folder.file("a.db")}}};
+    db::createSqliteFile(folder.file("a.db"));
+    db::createSqliteFile(folder.file("h.db"));
+    Line(folder.file("a.db")).script("create table T (a varchar(9)); insert T values ('old')");
+    const std::string view = "create view Both as select a from T union all select a from HospitalArchive.dbo.T";
+    const std::string all = "select a from Both where a <> 'x' order by a";
+    {
+        Line line(folder.file("h.db"), sisters);
+        line.script("create table T (a varchar(9)); insert T values ('new')");
+        line.run(view);
+        EXPECT_EQ(line.rows(all), "new/old");
+        EXPECT_THROW(line.run(view), db::Error) << "it is there already";
+    }
+    Line line(folder.file("h.db"), sisters);
+    line.engine->begin();
+    line.run("insert T values ('more')");
+    EXPECT_THROW(line.rows("select * from Neither"), db::Error);
+    line.engine->rollback();
+    EXPECT_FALSE(line.engine->plan({all, {}}).empty());
+    EXPECT_EQ(line.rows(all), "new/old");
+    EXPECT_NE(objectsOf(*line.engine).find("view Both"), std::string::npos);
+    line.run("drop view Both");
+    EXPECT_THROW(line.rows("select * from Both"), db::Error);
+    EXPECT_EQ(objectsOf(*line.engine), "table T, column T.a");
 }
 
 }  // namespace

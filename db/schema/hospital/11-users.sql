@@ -1,5 +1,6 @@
 -- Staff, accounts, roles, and the trail of who used the module.
 
+-- deptID is "MED" or "MEDICAL" for doctors, "NUR" or "NURSING" for nurses.
 create table employees (
     empID varchar(20) not null primary key,
     lastname varchar(50) null,
@@ -88,6 +89,19 @@ from Users u
 inner join UserRoles ur on ur.Username = u.Username
 inner join Roles r on r.RoleID = ur.RoleID
 left join ApplicationUsers a on a.Username = u.Username
+GO
+
+-- One row a doctor's user account, whatever its status.
+create view vwUsersDoctor as
+select EmpID as empID, Fullname as fullname, username, loginrole as loginRole, AccountStatus as accountStatus
+from vwUsers
+where loginrole = 'CONSULTING'
+GO
+
+-- One row a member of staff.
+create view qryemployees as
+select e.empID, e.lastname, e.firstname, e.lastname + ' ' + e.firstname as fullname, e.deptID
+from employees e
 GO
 
 create procedure SpAudiTrail

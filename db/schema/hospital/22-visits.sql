@@ -1,6 +1,7 @@
--- Visits, the doctors' consultations and rooms, and referrals to the wards.
+-- Visits, what is noted at the desk about them, and the doctors' consultations.
 
--- CoyName holds the client's retainID; a higher recID is newer; htime is a time of day on the zero date, 30-Dec-1899.
+-- CoyName holds the client's retainID; a higher recID is newer. A patient waits for the doctor in DocAssigned while
+-- PatVal is 1 and attendedtoByDoc 0. htime is a time of day on the zero date, 30-Dec-1899.
 create table hRecords (
     recID int identity(1,1) not null primary key,
     recDate date null,
@@ -36,10 +37,57 @@ GO
 -- select pno from qryhVisitsForToday where pno='000000001/001'; the previous visit of a patient
 create index IX_hRecords_PNo on hRecords (PNo, recDate)
 GO
--- ... where consultID='001000000001'
+-- Update hrecords set  attendedto=1,attendedtoByNurse=1,... where consultID = '001000000001'
 create index IX_hRecords_consultID on hRecords (consultID)
 GO
+-- who waits for a doctor: ... from vwDocWaitingListGrouped where date='24-Nov-2026'
+create index IX_hRecords_DocAssigned on hRecords (recDate, DocAssigned, PatVal, attendedtoByDoc)
+GO
+-- The service points that a visit has passed.
+create table hPatientsTimeline (
+    SNo int identity(1,1) not null primary key,
+    consultID varchar(20) null,
+    ServicePoint varchar(50) null,
+    EntryOrExit varchar(50) null
+)
+GO
+-- One row a visit for a screening; Remarks is its purpose.
+create table hhScreeningAttnd (
+    SNo int identity(1,1) not null primary key,
+    recDate date null,
+    consultID varchar(20) null,
+    Remarks varchar(200) null
+)
+GO
+-- conID is the row of hConsulting that asks for the appointment, 0 or null where none does.
+create table happointment (
+    SNo int identity(1,1) not null primary key,
+    consultID varchar(20) null,
+    clientCat varchar(50) null,
+    clinicType varchar(100) null,
+    ApptDate date null,
+    ApptTime time(0) null,
+    Remarks varchar(200) null,
+    PNo varchar(20) null,
+    entryDate date null,
+    entryTime time(0) null,
+    attendedto int not null default 0,
+    conID int null
+)
+GO
+-- Select * from happointment where consultid='001000000001'
+create index IX_happointment_consultID on happointment (consultID)
+GO
+-- how many are booked into a clinic on a day: getDatesForClinic
+create index IX_happointment_clinicType on happointment (clinicType, ApptDate)
+GO
+create table hClinicPurpose (
+    Purpose varchar(100) not null primary key
+)
+GO
 
+-- What a doctor noted on one visit; a higher ID is newer. treatedBy is an empID. Remarks turns "ADMISSION" once the
+-- patient is admitted.
 create table hConsulting (
     ID int identity(1,1) not null primary key,
     consultID varchar(20) null,
@@ -102,43 +150,6 @@ GO
 create index IX_hConsulting_CDate on hConsulting (CDate)
 GO
 
-create table hConRoomAssign (
-    SNO int identity(1,1) not null primary key,
-    schdDate date null,
-    ConRoomNo varchar(50) null,
-    docNo varchar(20) null,
-    isOff bit not null default 0
-)
-GO
--- Delete hConRoomAssign where SchdDate < '24-Nov-2026'; the room of a doctor on a day
-create index IX_hConRoomAssign_schdDate on hConRoomAssign (schdDate, docNo)
-GO
-
--- conID is the row of hConsulting that refers the patient; referto names the clinic.
-create table hreferal (
-    ID int identity(1,1) not null primary key,
-    consultID varchar(20) null,
-    clientCat varchar(50) null,
-    referto varchar(100) null,
-    ApptDate date null,
-    ApptTime time(0) null,
-    refReason varchar(max) null,
-    PNo varchar(20) null,
-    refDate date null,
-    refTime time(0) null,
-    attendedto int not null default 0,
-    conID int null,
-    entryDate date null,
-    entryTime time(0) null
-)
-GO
--- ... where consultID='001000000001'
-create index IX_hreferal_consultID on hreferal (consultID)
-GO
--- ... from vwAdmissionWaitList where date='24-Nov-2026'; ... and refdate between '23-Nov-2026' AND '24-Nov-2026'
-create index IX_hreferal_refDate on hreferal (refDate, attendedto)
-GO
-
 -- One row a visit of today.
 create view qryhVisitsForToday as
 select p.psurname + ' ' + p.pfirstName as Fullname, r.recDate as RecDate, r.htime as Time, c.retainName as CoyName,
@@ -163,16 +174,31 @@ inner join hPatients p on p.PNo = r.PNo
 left join hRetainership c on c.retainID = r.CoyName
 GO
 
--- One row a referral to the wards that nobody has attended to yet; the room is the referring doctor's of that day.
-create view vwAdmissionWaitList as
-select f.refDate as Date, f.refTime as Time, p.psurname + ' ' + p.pfirstName as Patient, p.sex as Sex,
+-- One row a visit.
+create view vwhRecords as
+select r.recID, r.recDate, r.htime, p.psurname + ' ' + p.pfirstName as FullName, r.clinicType as ClinicType, r.Remarks,
+    c.retainName as RetainName, r.consultID as ConsultID, r.PNo as pno
+from hRecords r
+inner join hPatients p on p.PNo = r.PNo
+left join hRetainership c on c.retainID = r.CoyName
+GO
+
+-- One row a visit to the immunization clinic, or to another one with that purpose.
+create view qryhPatListForImmune as
+select r.recDate as recdate, r.htime as hTime, p.psurname as pSurname, p.pfirstName as pfirstname, r.PNo as pno,
+    r.consultID, r.clinicType as ClinicType, r.AttendedToByImmume
+from hRecords r
+inner join hPatients p on p.PNo = r.PNo
+where r.clinicType = 'IMMUNIZATION' or r.Remarks = 'IMMUNIZATION'
+GO
+
+-- One row a visit to the dialysis clinic, or to another one with that purpose; Age in whole years.
+create view qryhPatListForDialysis as
+select p.Title, r.recDate as recdate, p.psurname as pSurname, p.pfirstName as pfirstname, r.PNo as pno, r.consultID,
+    r.clinicType as ClinicType, r.attendedto as attendedTo, r.suppres,
     (datediff(month, p.DOB, getdate()) - case when day(p.DOB) > day(getdate()) then 1 else 0 end) / 12 as Age,
-    c.retainName as Coyname, e.lastname + ' ' + e.firstname as Doctor,
-    (select max(a.ConRoomNo) from hConRoomAssign a where a.schdDate = f.refDate and a.docNo = n.treatedBy) as RoomNo
-from hreferal f
-inner join hPatients p on p.PNo = f.PNo
-left join hRetainership c on c.retainID = p.CoyName
-left join hConsulting n on n.ID = f.conID
-left join employees e on e.empID = n.treatedBy
-where f.referto in ('(IN-PATIENT)', 'IN-PATIENT') and f.attendedto = 0
+    p.OldPNo, p.sex as Sex, r.clientCat as clientcat, r.Remarks as remarks
+from hRecords r
+inner join hPatients p on p.PNo = r.PNo
+where r.clinicType = 'DIALYSIS' or r.Remarks = 'DIALYSIS'
 GO

@@ -54,7 +54,9 @@ GO
 insert into Roles (RoleID, LoginRole, MinVer) values
     (101, 'NURSING', 1),
     (102, 'MANAGEMENT', 1),
-    (103, 'CONSULTING', 1)
+    (103, 'CONSULTING', 1),
+    (104, 'RECORDS', 1),
+    (105, 'TARIFF', 1)
 GO
 insert into idgen (destNAme, id, prefix, digits, suffix) values
     ('PATIENT2', 0, '', 9, '/001'),
@@ -66,4 +68,22 @@ values ('0001', 'PRIVATE', 'PRIVATE', 'PRIVATE', 'PRIVATE', 5000, 3000, 2000)
 GO
 insert into hDepts (DeptName) values
     ('NURSING'), ('CONSULTING'), ('PHARMACY'), ('LABORATORY'), ('RECORDS'), ('BILLING')
+GO
+insert into billingPrice (clientcatID, clientType, pcent, pvalue) values
+    ('PRIVATE', 'PRIVATE', 0, 0), ('NHIS', 'NHIS', 0, 0), ('HMO', 'HMO', 10, 0.1), ('PHIS', 'PHIS', 5, 0.05),
+    ('COMPANY', 'COMPANY', 25, 0.25)
+GO
+-- The name of a clinic is its ClinicID: visits and messages look a clinic up by either.
+insert into clinicTypes (ClinicID, ClinicName, Regfee, clinicdays) values
+    ('(GENERAL)', '(GENERAL)', 5000, 'DAILY'), ('(IN-PATIENT)', '(IN-PATIENT)', 0, 'DAILY'),
+    ('IMMUNIZATION', 'IMMUNIZATION', 1000, 'TUE, THU'), ('DIALYSIS', 'DIALYSIS', 10000, 'MON TO SAT')
+GO
+insert into hClinicPurpose (Purpose) values
+    ('(CONSULTATION)'), ('APPOINTMENT'), ('SCREENING'), ('EXEC-SCREENING'), ('PRE-EMPLOYMENT'), ('IMMUNIZATION'),
+    ('DIALYSIS')
+GO
+-- The categories that screens ask for by name. A ward's item has one whose deptbillcenter is "ADMISSION".
+insert into drugcategories (drgCatname, deptbillcenter) values
+    ('INJECTIONS', 'PHARMACY'), ('VACCINES', 'PHARMACY'), ('DROP', 'PHARMACY'), ('ORAL', 'PHARMACY'),
+    ('DRESSING', 'ADMISSION'), ('DRY STOCK', 'ADMISSION'), ('ADMISSION SERVICES', 'ADMISSION'), ('FEES', 'NURSING')
 GO

@@ -1,0 +1,111 @@
+// What the main window's watch asks every few seconds, and the ward list, on a large hospital:
+//
+//     build/vorel database create --data /tmp/million
+//     build/vorel database demo --data /tmp/million --patients 1000000
+//     build/bench_lists /tmp/million
+//
+// Each list is read through our interface and through the bare engine, side by side.
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+
+#include "bench/sidebyside.h"
+#include "db/databases.h"
+#include "db/dialect.h"
+#include "db/recordset.h"
+#include "db/sqlite/functions.h"
+
+namespace {
+
+using db::operator""_sql;
+
+struct Hospital {
+    explicit Hospital(const std::string& directory)
+        : sources(db::DataSources::embedded(directory)), databases(sources) {
+        const auto last = connection().read("select max(recDate) as day from hRecords"_sql);
+        day = last["day"].moment();
+        sources.clock().stopAt(day.plusHours(11));
+        if (sqlite3_open((directory + "/Hospital.db").c_str(), &bare) != SQLITE_OK)
+            throw std::runtime_error(sqlite3_errmsg(bare));
+        db::sqlite::registerFunctions(bare, sources.clock());
+    }
+    Hospital(const Hospital&) = delete;
+    Hospital& operator=(const Hospital&) = delete;
+    ~Hospital() { sqlite3_close_v2(bare); }
+    [[nodiscard]] db::Connection& connection() { return databases.named("Hospital"); }
+
+    db::DataSources sources;
+    db::Databases databases;
+    db::DateTime day;
+    sqlite3* bare = nullptr;
+};
+
+/// The bare engine's reading of the same statement: every cell is looked at.
+class BareList {
+public:
+    BareList(Hospital& hospital, const db::Sql& sql) {
+        const auto bound = sql.bound();
+        const auto translated = db::dialect::toSqlite(bound.text, "Hospital");
+        if (sqlite3_prepare_v2(hospital.bare, translated.text.c_str(), -1, &statement_, nullptr) != SQLITE_OK)
+            throw std::runtime_error(sqlite3_errmsg(hospital.bare));
+        for (std::size_t i = 0; i < bound.parameters.size(); ++i) {
+            const auto& value = bound.parameters[i];
+            const auto text = value.text();
+            sqlite3_bind_text(statement_, static_cast<int>(i) + 1, text.c_str(), -1, SQLITE_TRANSIENT);
+        }
+    }
+    BareList(const BareList&) = delete;
+    BareList& operator=(const BareList&) = delete;
+    ~BareList() { sqlite3_finalize(statement_); }
+    void read() {
+        while (sqlite3_step(statement_) == SQLITE_ROW)
+            for (int i = 0; i < sqlite3_column_count(statement_); ++i)
+                benchmark::DoNotOptimize(sqlite3_column_text(statement_, i));
+        sqlite3_reset(statement_);
+    }
+
+private:
+    sqlite3_stmt* statement_ = nullptr;
+};
+
+void list(benchmark::State& state, Hospital& hospital, const db::Sql& sql) {
+    BareList bare(hospital, sql);
+    std::size_t rows = 0;
+    bench::sideBySide(
+        state, [&] { bare.read(); }, [&] { rows = hospital.connection().read(sql).rowCount(); });
+    state.counters["rows"] = static_cast<double>(rows);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::fputs("usage: bench_lists DIRECTORY [options of the benchmark library]\n", stderr);
+        return 2;
+    }
+    Hospital hospital(argv[1]);
+    const std::pair<const char*, db::Sql> lists[] = {
+        {"patientsWaiting",
+         "select recDate as Date,hTime as Time,pSurname as Surname,pfirstName as FirstName,Age,ClinicType from qryhPatListForNurse where recDate ='"_sql +
+             hospital.day + "' and attendedTo=0"},
+        {"admissionsWaiting",
+         "select Date,Time,Patient,Sex,Age,Coyname,Doctor,RoomNo from vwAdmissionWaitList where date ='"_sql +
+             hospital.day + "'"},
+        {"notifications",
+         "select SNo, Date, Time, Fullname, Remarks as Drug, AttendedTo, ConsultID FROM  vwhNotify where NotifyDept='NURSING' and Date='"_sql +
+             hospital.day + "' order by SNo Desc"},
+        {"wardList", "select * from qryhAdmission order by fullname"_sql},
+    };
+    for (const auto& [name, sql] : lists)
+        benchmark::RegisterBenchmark(name, [&](benchmark::State& state) { list(state, hospital, sql); })
+            ->UseManualTime()
+            ->Iterations(50)
+            ->Repetitions(9)
+            ->ReportAggregatesOnly()
+            ->Unit(benchmark::kMillisecond);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -1,0 +1,72 @@
+#include <set>
+#include <string>
+
+#include "db/dialect.h"
+#include "db/engine.h"
+#include "db/error.h"
+#include "db/letters.h"
+#include "db/schema.h"
+#include "db/scripts.h"
+
+namespace db {
+namespace {
+
+int versionOf(Connection& connection) {
+    const auto rows = connection.read("select max(version) as version from SchemaVersion"_sql);
+    return rows.empty() ? 0 : rows["version"].int32Or(0);
+}
+
+/// Views and procedures hold no rows: they go, and come back as the schema has them now.
+void dropWhatHoldsNoRows(Connection& connection) {
+    for (const auto& [kind, name] : connection.objects())
+        if (kind == "view" || kind == "procedure") connection.execute(scriptSql("drop " + kind + " " + name));
+}
+
+/// The steps of one version change the tables that stand.
+void takeSteps(Connection& connection, int version) {
+    const auto file = "migrations/" + lowered(connection.database()) + "-" + std::to_string(version) + ".sql";
+    for (const auto& statement : scriptStatements(file)) connection.execute(scriptSql(statement));
+}
+
+/// The table that an `insert into T` fills, in small letters; "" for any other statement.
+std::string filledTable(const std::string& statement) {
+    constexpr std::string_view start = "insert into ";
+    if (!sameName(std::string_view(statement).substr(0, start.size()), start)) return {};
+    return lowered(statement.substr(start.size(), statement.find_first_of(" (", start.size()) - start.size()));
+}
+
+/// Runs those statements of the schema whose objects are missing; a table that is new gets its first rows.
+void createWhatIsMissing(Connection& connection) {
+    std::set<std::string> present;
+    for (const auto& object : connection.objects()) present.insert(lowered(object.name));
+    std::set<std::string> fresh;
+    for (const auto& statement : schemaStatements(connection.database())) {
+        const auto definition = dialect::definition(statement);
+        const auto name = lowered(definition.name);
+        const bool wanted = definition.verb.empty() ? fresh.contains(filledTable(statement)) : !present.contains(name);
+        if (!wanted) continue;
+        connection.execute(scriptSql(statement));
+        if (definition.kind == "table") fresh.insert(name);
+    }
+}
+
+}  // namespace
+
+void bringForward(Connection& connection, const Progress& progress) {
+    const auto version = versionOf(connection);
+    if (version == schemaVersion) return;
+    if (version > schemaVersion || version < 1)
+        throw Error(Category::other, "its schema has version " + std::to_string(version) + ", this program's is " +
+                                         std::to_string(schemaVersion) + ": a newer program is needed");
+    if (progress)
+        progress("Bringing " + connection.database() + " from version " + std::to_string(version) + " to " +
+                 std::to_string(schemaVersion));
+    Transaction transaction(connection);
+    dropWhatHoldsNoRows(connection);
+    for (int step = version + 1; step <= schemaVersion; ++step) takeSteps(connection, step);
+    createWhatIsMissing(connection);
+    connection.execute("insert into SchemaVersion (version) values ("_sql + schemaVersion + ")");
+    transaction.commit();
+}
+
+}  // namespace db

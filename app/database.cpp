@@ -41,7 +41,7 @@ int check(const DatabaseOptions& options) {
     const auto config = readConfig(options.config);
     requireDataDirectory(options.data);
     db::DataSources sources(dataSources(options.data, config));
-    requireDatabases(sources);
+    openDatabases(sources);
     db::Databases databases(sources);
     say("Checking the databases in " + options.data + " ...");
     const auto faults = db::checkDatabases(databases);

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "db/engine.h"
+#include "db/schema.h"
 
 namespace app {
 
@@ -27,6 +28,11 @@ std::map<std::string, db::Source> dataSources(const fs::path& data, const web::C
 }
 
 void requireDatabases(db::DataSources& sources) {
+    openDatabases(sources);
+    db::requireCurrentSchema(sources);
+}
+
+void openDatabases(db::DataSources& sources) {
     for (const auto& name : db::DataSources::names()) {
         auto& pool = sources.pool(name);
         pool.giveBack(pool.borrow());

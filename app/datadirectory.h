@@ -15,7 +15,9 @@ void requireDataDirectory(const std::filesystem::path& data);
 /// The data-source table: the four embedded databases of the directory, but for what the configuration says otherwise.
 std::map<std::string, db::Source> dataSources(const std::filesystem::path& data, const web::Config& config);
 
-/// Opens each database once. Throws db::Error for one that is missing or no database.
+/// Opens each database once. Throws db::Error for one that is missing or none.
+void openDatabases(db::DataSources& sources);
+/// The same, and each embedded one has to have this program's schema.
 void requireDatabases(db::DataSources& sources);
 
 /// Where the sessions' program directories lie.

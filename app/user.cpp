@@ -19,6 +19,7 @@ int add(const UserOptions& options) {
     const auto config = readConfig(options.config);
     requireDataDirectory(options.data);
     db::DataSources sources(dataSources(options.data, config));
+    requireDatabases(sources);
     shell::addUser(sources, options.user, encodingTable(config));
     std::cout << "User " << options.user.name << " added.\n";
     return 0;

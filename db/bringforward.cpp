@@ -69,4 +69,17 @@ void bringForward(Connection& connection, const Progress& progress) {
     transaction.commit();
 }
 
+void requireCurrentSchema(DataSources& sources) {
+    const Recorder none;
+    for (const auto& [name, source] : sources.sources()) {
+        if (source.engine != "sqlite") continue;
+        Connection connection(name, sources.pool(name), none);
+        const auto version = versionOf(connection);
+        if (version != schemaVersion)
+            throw Error(Category::other, name + ": its schema has version " + std::to_string(version) +
+                                             ", this program's is " + std::to_string(schemaVersion) +
+                                             ": run \"vorel database create\" or a newer program");
+    }
+}
+
 }  // namespace db

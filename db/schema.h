@@ -24,6 +24,9 @@ void createDatabases(const std::filesystem::path& directory, const Progress& pro
 /// Error, also for a database that is newer than this program; it is then as it was.
 void bringForward(Connection& connection, const Progress& progress = {});
 
+/// Throws Error where an embedded database has another schema than this program's; opens each of them on the way.
+void requireCurrentSchema(DataSources& sources);
+
 /// Creates the whole schema and the first rows in one database that is already open, for tests in memory.
 void createSchema(Connection& connection);
 

@@ -185,7 +185,7 @@ TEST_F(Dialect, RefusesWhatIsNoStatement) {
                              "select 1; select 2",
                              "select nosuch(1)",
                              "select top 5 percent * from hPatients",
-                             "drop table x",
+                             "truncate table x",
                              "update hPatients",
                              "insert hPatients",
                              "delete from",

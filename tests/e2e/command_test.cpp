@@ -7,9 +7,13 @@
 
 #include <algorithm>
 
+#include "db/databases.h"
+#include "db/recordset.h"
 #include "tests/e2e/program.h"
 
 namespace {
+
+using db::operator""_sql;
 
 using e2e::Directory;
 using e2e::run;
@@ -33,6 +37,32 @@ TEST(Command, DataDirectoriesThatCannotServe) {
     broken.write("Hospital.db", "this is no database, and it is long enough to be looked at as one");
     expectOneLine(run({"serve", "--data", broken.path().string(), "--port", "0"}), "Hospital");
     expectOneLine(run({"database", "demo", "--data", broken.path().string()}), "Hospital");
+}
+
+/// A new hospital, shown, checked, aged by hand and brought forward.
+TEST(Command, DatabasesFromCreateToBringForward) {
+    const Directory data;
+    const std::string directory = data.path().string();
+    const auto database = [&](std::vector<std::string> words) {
+        words.insert(words.begin(), "database");
+        words.insert(words.begin() + 2, {"--data", directory});
+        return run(words);
+    };
+    EXPECT_EQ(database({"create"}).status, 0);
+    EXPECT_EQ(database({"check"}).status, 0);
+    expectOneLine(database({"demo", "--patients", "59"}), "60");
+    EXPECT_EQ(database({"demo", "--patients", "60", "--seed", "7"}).status, 0);
+    EXPECT_EQ(database({"check"}).status, 0);
+    expectOneLine(database({"demo"}), "holds rows");
+    {
+        db::DataSources sources(db::DataSources::embedded(data.path()));
+        db::Databases databases(sources);
+        databases.named("Hospital").execute("update SchemaVersion set version = 1"_sql);
+    }
+    expectOneLine(run({"serve", "--data", directory, "--port", "0"}), "version 1");
+    expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "x", "--role", "NURSING"}),
+                  "version 1");
+    EXPECT_NE(database({"check"}).status, 0);
 }
 
 TEST(Command, ADataDirectoryThatNobodyCanWrite) {

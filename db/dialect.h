@@ -15,6 +15,8 @@ struct Translated {
     std::vector<std::string> databases;
     /// The one table or view that a query reads from, or that a change is made to; "" where there are several.
     std::string object;
+    /// Where the list of a plain query over one table ends in the text, so that a column may be added; 0 for others.
+    std::size_t listEnd = 0;
     /// The column that an `alter table ... alter column` is about; the text is then its new definition alone.
     std::string column = {};
 };

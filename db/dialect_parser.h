@@ -123,6 +123,7 @@ private:
     std::size_t position_ = 0;
     int depth_ = 0;
     int sourceCount_ = 0;
+    std::size_t listEnd_ = 0;   ///< of the query read last
     bool combined_ = false;     ///< a union, a group or a join: no single table stands behind the rows
     bool definesView_ = false;  ///< names and types of items outlive the statement
     std::string outputRow_;     ///< "inserted" or "deleted" while an output clause is read

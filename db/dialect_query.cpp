@@ -26,6 +26,8 @@ std::string Parser::query(bool nested) {
         combined_ = combinedBefore;
     } else if (sourceCount_ != 1 || combined_) {
         result_.object.clear();
+    } else {
+        result_.listEnd = listEnd_;
     }
     return text;
 }
@@ -39,13 +41,15 @@ std::string Parser::selectCore(std::string& limit) {
     }
     expect("select");
     std::string text = "select ";
-    if (accept("distinct"))
+    const bool distinct = accept("distinct");
+    if (distinct)
         text += "distinct ";
     else
         accept("all");
     if (accept("top")) limit = top();
     text += selectItem();
     while (accept(",")) text += ", " + selectItem();
+    listEnd_ = distinct ? 0 : text.size();
     if (accept("from")) text += " from " + sources();
     text += optionalWhere();
     if (accept("group")) {

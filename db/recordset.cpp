@@ -159,8 +159,8 @@ NamedCells Recordset::State::keyOfRow(const Table& table) const {
     NamedCells key;
     for (const auto& column : table.columns) {
         if (!column.key) continue;
-        const auto field = rows.column(column.name);
-        if (field == rows.columnCount()) noKey();
+        const auto field = rows.anyColumn(column.name);
+        if (field == rows.width()) noKey();
         key.add(column.name, stored(pendingRow, field));
     }
     if (key.columns.empty()) noKey();

@@ -36,8 +36,15 @@ std::size_t RowBuffer::column(std::string_view name) const noexcept {
     return column;
 }
 
+std::size_t RowBuffer::anyColumn(std::string_view name) const noexcept {
+    if (const auto shown = column(name); shown < names_.size()) return shown;
+    std::size_t hidden = 0;
+    while (hidden < hidden_.size() && !sameName(hidden_[hidden], name)) ++hidden;
+    return names_.size() + hidden;
+}
+
 Value RowBuffer::value(std::size_t row, std::size_t column) const {
-    const auto& cell = cells_[row * names_.size() + column];
+    const auto& cell = cells_[row * width() + column];
     const auto reading = readings_[column];
     switch (cell.kind) {
         case Kind::integer:

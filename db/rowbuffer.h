@@ -20,6 +20,11 @@ public:
         names_.push_back(std::move(name));
         readings_.push_back(reading);
     }
+    /// A column behind all others that nobody asked for: a part of the row's key, which an update needs.
+    void addHidden(std::string name, Reading reading) {
+        hidden_.push_back(std::move(name));
+        readings_.push_back(reading);
+    }
     /// For a column whose reading shows only in its first value.
     void setReading(std::size_t column, Reading reading) { readings_[column] = reading; }
     /// Room for cells and for the bytes of their texts.
@@ -45,9 +50,12 @@ public:
 
     [[nodiscard]] const std::vector<std::string>& names() const noexcept { return names_; }
     [[nodiscard]] std::size_t columnCount() const noexcept { return names_.size(); }
-    [[nodiscard]] std::size_t rowCount() const noexcept { return names_.empty() ? 0 : cells_.size() / names_.size(); }
+    [[nodiscard]] std::size_t rowCount() const noexcept { return names_.empty() ? 0 : cells_.size() / width(); }
     /// The column of this name in any letter case, or columnCount().
     [[nodiscard]] std::size_t column(std::string_view name) const noexcept;
+    /// The same with the hidden columns, which `value` gives too; `width()` for a name that is none of them.
+    [[nodiscard]] std::size_t anyColumn(std::string_view name) const noexcept;
+    [[nodiscard]] std::size_t width() const noexcept { return names_.size() + hidden_.size(); }
     [[nodiscard]] Value value(std::size_t row, std::size_t column) const;
     /// The table that all columns come from, or "": what an update of the result set writes to.
     std::string table;
@@ -72,7 +80,8 @@ private:
     }
 
     std::vector<std::string> names_;
-    std::vector<Reading> readings_;
+    std::vector<std::string> hidden_;
+    std::vector<Reading> readings_;  ///< of both
     std::vector<Cell> cells_;
     std::string arena_;
 };

@@ -11,15 +11,7 @@ namespace db::sqlite {
 /// views over other databases, are texts in tables of the database, in T-SQL as they were written.
 void SqliteEngine::define(const dialect::Definition& definition, const std::string& statement) {
     const bool creates = definition.verb == "create";
-    if (definition.kind == "procedure") {
-        if (creates)
-            for (const auto& part : dialect::parseProcedure(statement).statements) dialect::toSqlite(part, database_);
-        else if (definition.verb != "drop" || !dropText(definition))
-            throw Error(Category::syntax, "There is no procedure '" + definition.name + "' to " + definition.verb + ".",
-                        definition.verb);
-        if (creates) keepText(definition, statement);
-        return;
-    }
+    if (definition.kind == "procedure") return defineProcedure(definition, statement);
     const auto translated = dialect::toSqlite(statement, database_);
     if (creates && !translated.databases.empty()) return keepText(definition, statement);
     if (definition.verb == "drop" && definition.kind == "view" && dropText(definition)) return;
@@ -30,6 +22,17 @@ void SqliteEngine::define(const dialect::Definition& definition, const std::stri
             redefine(translated);
     });
     if (!creates) tables_.clear();
+}
+
+void SqliteEngine::defineProcedure(const dialect::Definition& definition, const std::string& statement) {
+    if (definition.verb == "create") {
+        const auto parsed = dialect::parseProcedure(statement);
+        for (const auto& part : parsed.statements) dialect::toSqlite(part, database_);
+        return keepText(definition, statement);
+    }
+    if (definition.verb != "drop" || !dropText(definition))
+        throw Error(Category::syntax, "There is no procedure '" + definition.name + "' to " + definition.verb + ".",
+                    definition.verb);
 }
 
 /// SQLite alters no column: the new definition takes the old one's place in the table's own text, by the procedure that

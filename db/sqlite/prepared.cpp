@@ -123,7 +123,10 @@ void describe(Prepared& prepared) {
     prepared.expressions.clear();
     for (int i = 0; i < sqlite3_column_count(statement); ++i) {
         const auto* declared = sqlite3_column_decltype(statement, i);
-        prepared.header.addColumn(sqlite3_column_name(statement, i), reading(declared));
+        if (i < sqlite3_column_count(statement) - prepared.hidden)
+            prepared.header.addColumn(sqlite3_column_name(statement, i), reading(declared));
+        else
+            prepared.header.addHidden(sqlite3_column_name(statement, i), reading(declared));
         prepared.expressions.push_back(declared == nullptr ? 1 : 0);
     }
     prepared.preparations = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);

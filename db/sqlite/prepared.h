@@ -23,6 +23,7 @@ struct Prepared {
     std::unique_ptr<sqlite3_stmt, Finalizer> statement;
     std::string object;  ///< the one table or view that it concerns, or ""
     bool writes = false;
+    int hidden = 0;                 ///< columns at the end that were added for the row's key
     bool countsRows = false;        ///< an insert into a table with an identity
     bool described = false;         ///< whether the three below hold
     int preparations = 0;           ///< how often the engine had prepared it when it was described

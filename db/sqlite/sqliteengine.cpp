@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "db/dialect_lexer.h"
 #include "db/error.h"
 #include "db/letters.h"
 #include "db/sqlite/engine.h"
@@ -65,7 +66,8 @@ Prepared& SqliteEngine::prepared(const std::string& statement) {
     auto translated = dialect::toSqlite(statement, database_);
     for (const auto& database : translated.databases) attach(database);
     auto fresh = prepareWithViews(translated.text);
-    fresh.object = std::move(translated.object);
+    fresh.object = translated.object;
+    if (translated.listEnd > 0) addKey(fresh, translated);
     fresh.countsRows = translated.text.starts_with("insert") && hasIdentity(fresh.object);
     return statements_.add(statement, std::move(fresh));
 }
@@ -79,6 +81,31 @@ Prepared SqliteEngine::prepare(const std::string& sql) {
     line_.check(code, "prepare");
     fresh.writes = sqlite3_stmt_readonly(statement) == 0;
     return fresh;
+}
+
+/// A query over columns of one table that leaves its key out gets the key as hidden columns: a result set can then
+/// update the row it stands on.
+void SqliteEngine::addKey(Prepared& fresh, const dialect::Translated& translated) {
+    if (updatedTable(fresh).empty()) return;
+    auto* statement = fresh.statement.get();
+    const auto selected = [&](const Column& column) {
+        for (int i = 0; i < sqlite3_column_count(statement); ++i)
+            if (sameName(sqlite3_column_name(statement, i), column.name)) return true;
+        return false;
+    };
+    std::string keys;
+    int count = 0;
+    for (const auto& column : tableInfo(fresh.object)->table.columns) {
+        if (!column.key || selected(column)) continue;
+        keys += ", " + dialect::quoted(column.name);
+        ++count;
+    }
+    if (count == 0) return;
+    auto text = translated.text;
+    auto withKey = prepare(text.insert(translated.listEnd, keys));
+    withKey.object = fresh.object;
+    withKey.hidden = count;
+    fresh = std::move(withKey);
 }
 
 /// Views over other databases live on a line and not in a file: they come into being at the first statement that misses

@@ -57,6 +57,7 @@ private:
                           const std::vector<std::string>& keys, Text text);
     static char kindOf(const TableInfo& info, const std::string& column);
     Prepared prepare(const std::string& sql);
+    void addKey(Prepared& fresh, const dialect::Translated& translated);
     Prepared prepareWithViews(const std::string& sql);
     std::string updatedTable(const Prepared& prepared);
     void bindAll(sqlite3_stmt* statement, const std::vector<Value>& parameters);
@@ -69,6 +70,7 @@ private:
 
     // Definitions.
     void define(const dialect::Definition& definition, const std::string& statement);
+    void defineProcedure(const dialect::Definition& definition, const std::string& statement);
     void redefine(const dialect::Translated& altered);
     void keepText(const dialect::Definition& definition, const std::string& text);
     bool dropText(const dialect::Definition& definition);

@@ -53,12 +53,14 @@ void checkObjects(const Line& line, const std::string& database, std::vector<std
     const auto has = [&](const std::string& kind, const std::string& name) {
         return present.contains({kind, lowered(name)});
     };
-    for (const auto& [kind, name] : wantedObjects(database)) {
+    for (const auto& object : wantedObjects(database)) {
+        const auto& [kind, name] = object;
         if (kind == "column" && !has("table", name.substr(0, name.find('.')))) continue;  // said already
+        const auto subject = database + ": the " + kind + " " + name;
         if (!has(kind, name))
-            wrong.push_back(database + ": the " + kind + " " + name + " is missing");
+            wrong.push_back(subject + " is missing");
         else if (kind == "view")
-            saying(database + ": the view " + name, wrong, [&] { line->read({"select top 1 * from " + name, {}}); });
+            saying(subject, wrong, [&] { line->read({"select top 1 * from " + object.name, {}}); });
     }
 }
 

@@ -42,7 +42,8 @@ std::string nineDigits(int number) {
 /// More than half pay themselves; the others are spread over those who pay for them.
 const Client& payer(const std::vector<Client>& clients, Random& chance) {
     if (chance.percent(55)) return clients.front();
-    return clients[static_cast<std::size_t>(1 + chance.below(static_cast<int>(clients.size()) - 1))];
+    const auto others = static_cast<int>(clients.size()) - 1;
+    return *(clients.begin() + 1 + chance.below(others));
 }
 
 /// Ages as a hospital sees them: many small children, many young adults, few very old.

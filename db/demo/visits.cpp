@@ -68,13 +68,16 @@ void planPast(Hospital& hospital) {
         const auto day = hospital.today.plusDays(-daysAgo);
         const bool sunday = day.daysUntil(DateTime::of(2026, 11, 22)) % 7 == 0;  // a Sunday
         owed += sunday ? aDay / 3 : aDay * 1.1;
-        const int known = owed >= 1 ? registeredBefore(hospital, daysAgo) : 0;
-        for (; owed >= 1; owed -= 1) {
+        const int visits = static_cast<int>(owed);
+        owed -= visits;
+        const int known = visits > 0 ? registeredBefore(hospital, daysAgo) : 0;
+        for (int i = 0; i < visits; ++i) {
             const auto road = chance.percent(95)   ? Visit::Road::consulted
                               : chance.percent(50) ? Visit::Road::seenByNurse
                                                    : Visit::Road::registered;
             const auto patient = hospital.patient(1 + chance.below(known));
-            hospital.visits.push_back(visitOf(hospital, patient, minutesAfter(day, chance.between(450, 1140)), road));
+            const int minute = chance.between(450, 1140);
+            hospital.visits.push_back(visitOf(hospital, patient, minutesAfter(day, minute), road));
         }
     }
 }

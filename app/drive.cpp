@@ -2,10 +2,10 @@
 
 #include "app/commands.h"
 #include "app/datadirectory.h"
+#include "app/screens.h"
 #include "app/seat.h"
 #include "core/loadsession.h"
 #include "drive/driver.h"
-#include "shell/screens.h"
 
 namespace app {
 
@@ -35,16 +35,15 @@ int drive(const DriveOptions& options) {
     std::optional<ProgramDirectory> own;
     if (options.programDirectory.empty())
         own.emplace(sessionsDirectory(options.data), suiteFiles(config, options.user));
-    core::Settings settings;
+    auto settings = settingsOf(config);
     settings.programDirectory = own ? own->path() : std::filesystem::path(options.programDirectory);
     settings.computerName = environmentText(environment, "computername");
     settings.osUserName = environmentText(environment, "username");
-    settings.encodingTable = encodingTable(config);
 
     db::DataSources sources(dataSources(options.data, config));
     ui::EventLoop loop;
     core::Workplace place(sources, loop, settings);
-    shell::provideScreens(place);
+    provideScreens(place);
     return drive::Driver(place, &core::LoadSession, std::cin, std::cout).run();
 }
 

@@ -1,19 +1,27 @@
 #include "app/seat.h"
 
+#include "app/screens.h"
 #include "core/loadsession.h"
-#include "shell/screens.h"
 #include "ui/samples.h"
 
 namespace app {
 
+core::Settings settingsOf(const web::Config& config) {
+    core::Settings settings;
+    settings.encodingTable = encodingTable(config);
+    settings.autoCardNo = config.autoCardNo;
+    settings.nhisServiceNo = config.nhisServiceNo;
+    settings.nhisRegServiceNo = config.nhisRegServiceNo;
+    return settings;
+}
+
 namespace {
 
 core::Settings settings(const web::Config& config, const ui::SignedIn& who, const std::filesystem::path& directory) {
-    core::Settings settings;
+    auto settings = settingsOf(config);
     settings.programDirectory = directory;
     settings.computerName = who.workstation;
     settings.osUserName = who.user;
-    settings.encodingTable = encodingTable(config);
     return settings;
 }
 
@@ -24,7 +32,7 @@ NurseSeat::NurseSeat(db::DataSources& sources, const web::Config& config, const 
     : directory_(sessions, suiteFiles(config, who.user)),
       place_(sources, loop, settings(config, who, directory_.path())),
       samples_(samples) {
-    shell::provideScreens(place_);
+    provideScreens(place_);
     if (samples_) place_.desktop.provide("frmSamples", [this] { return ui::makeSamples(place_.desktop); });
 }
 

@@ -7,6 +7,9 @@
 
 namespace app {
 
+/// What the configuration sets for every session.
+core::Settings settingsOf(const web::Config& config);
+
 /// A nurse's session in the host: her program directory and her work place.
 class NurseSeat : public ui::Seat {
 public:

@@ -1,6 +1,9 @@
 #include "core/form.h"
 
+#include <algorithm>
 #include <exception>
+
+#include "core/utility.h"
 
 namespace core {
 
@@ -18,6 +21,29 @@ bool trapped(Workplace& place, const std::function<void()>& work) {
     if (!joined) place.showHeldErrors();
     if (!wentThrough) place.showError(description);
     return wentThrough;
+}
+
+bool Form::passes(const std::vector<Check>& checks) const {
+    const auto failed = std::find_if(checks.begin(), checks.end(), [](const Check& check) { return check.failed; });
+    if (failed == checks.end()) return true;
+    message(failed->text, ui::Icon::none, failed->title);
+    if (failed->control) desktop().focus(*failed->control);
+    return false;
+}
+
+bool Form::saves(ui::Button& button, const std::function<void()>& work) const {
+    const auto caption = button.caption();
+    button.setEnabled(false);
+    button.setCaption("Saving ...");
+    desktop().flushChanges();
+    const bool wentThrough = trapped(work);
+    button.setCaption(caption);
+    button.setEnabled(true);
+    return wentThrough;
+}
+
+void Form::audit(const std::string& action, const std::string& code, const std::string& remarks) const {
+    AuditTrail(place_, session().gUserName, action, code, remarks, session().gComputerName);
 }
 
 }  // namespace core

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "core/workplace.h"
 #include "db/error.h"
@@ -34,6 +35,17 @@ protected:
     void message(const std::string& text, ui::Icon icon = ui::Icon::none, const std::string& title = {}) const {
         desktop().message(text, icon, title);
     }
+    /// An audit row for the signed-in nurse, from her workstation.
+    void audit(const std::string& action, const std::string& code, const std::string& remarks = {}) const;
+    /// One check of a save: whether it failed, what is said then, and the control, if any, that then gets the cursor.
+    struct Check {
+        bool failed;
+        std::string text;
+        ui::Control* control = nullptr;
+        std::string title = {};  ///< of the box; empty for the program's
+    };
+    /// Walks the checks of a save: the first that failed says so and the rest stays unsaid. True when all hold.
+    [[nodiscard]] bool passes(const std::vector<Check>& checks) const;
     /// A check that failed: its message, then the cursor stands in the control, on its page.
     void refuse(const std::string& text, ui::Control& control) const {
         desktop().message(text);
@@ -42,6 +54,8 @@ protected:
     [[nodiscard]] bool confirmed(const std::string& text, const std::string& title) const {
         return desktop().askYesNo(text, title);
     }
+    /// Runs a save under the trap. Meanwhile its button says so and takes no further click. False after an error.
+    [[nodiscard]] bool saves(ui::Button& button, const std::function<void()>& work) const;
     /// The question that every save asks after its checks.
     [[nodiscard]] bool confirmedSave() const { return confirmed("Are you sure to save", "Check before save"); }
 

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "core/defaults.h"
+#include "core/entries.h"
 #include "core/utility.h"
 #include "db/error.h"
 
@@ -32,12 +33,6 @@ void readLines(Workplace& place, const std::string& name, const TakeLine& takeLi
 
 void requireFile(Workplace& place, const std::string& name, const std::string& whenMissing) {
     if (!std::filesystem::exists(place.programFile(name))) fatal(place, whenMissing);
-}
-
-std::string trimmed(const std::string& text) {
-    const auto begin = text.find_first_not_of(' ');
-    if (begin == std::string::npos) return {};
-    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
 void buildConnectionStrings(Session& session) {

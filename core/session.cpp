@@ -86,6 +86,32 @@ void Session::forEach(const std::function<void(const char* name, const db::Value
     VOREL_FIELD(gPatientHasBalance);
     VOREL_FIELD(gNextId);
 
+    VOREL_FIELD(gClientRetainID);
+    VOREL_FIELD(gClientName);
+    VOREL_FIELD(gBillingCat);
+    VOREL_FIELD(gClientType);
+    VOREL_FIELD(gPatClassCat);
+    VOREL_FIELD(gAttendPurpose);
+    VOREL_FIELD(gScreeningAmount);
+    VOREL_FIELD(gConsultAmount);
+    VOREL_FIELD(gClinicName);
+    VOREL_FIELD(gApptDate);
+    VOREL_FIELD(gApptTime);
+    VOREL_FIELD(gRenewPending);
+    VOREL_FIELD(gRenewCaller);
+    VOREL_FIELD(gCurPNo);
+    VOREL_FIELD(gCurPatientName);
+    VOREL_FIELD(gCurConsultPNo);
+    VOREL_FIELD(gCommentConsultID);
+    VOREL_FIELD(gWaitDate);
+    VOREL_FIELD(gWaitDocName);
+    VOREL_FIELD(gWaitEmpID);
+    VOREL_FIELD(gWaitClinicID);
+    VOREL_FIELD(gPhotoStore);
+    VOREL_FIELD(gAutoCardNo);
+    VOREL_FIELD(gNhisServiceNo);
+    VOREL_FIELD(gNhisRegServiceNo);
+
     VOREL_FIELD(gPatientsWaiting);
     VOREL_FIELD(gAdmissionsWaiting);
     VOREL_FIELD(gNotificationsWaiting);

@@ -98,6 +98,33 @@ struct Session {
     bool gPatientHasBalance = false;
     std::string gNextId;
 
+    // -- the front door --
+    std::string gClientRetainID;  ///< the client picked: a retainID
+    std::string gClientName;
+    std::string gBillingCat;     ///< the billing category picked: "PRIVATE", "HMO", ...
+    std::string gClientType;     ///< the client type of that category
+    std::string gPatClassCat;    ///< "PRIVATE" or "COMPANY"
+    std::string gAttendPurpose;  ///< how the purpose of a visit is routed: "SCREENING" or the purpose itself
+    std::string gScreeningAmount = "0";
+    std::string gConsultAmount;
+    std::string gClinicName;
+    db::Value gApptDate;  ///< of the appointment under way; null without one
+    db::Value gApptTime;
+    bool gRenewPending = false;  ///< a card was renewed: the next save posts the fee
+    std::string gRenewCaller;    ///< "REG" or "RECORDS"
+    std::string gCurPNo;         ///< the patient that one screen leaves for the next
+    std::string gCurPatientName;
+    std::string gCurConsultPNo;
+    std::string gCommentConsultID;  ///< the visit that a comment is about
+    std::string gWaitDate;          ///< the row picked in a doctors' queue
+    std::string gWaitDocName;
+    std::string gWaitEmpID;
+    std::string gWaitClinicID;
+    std::string gPhotoStore;        ///< "FILE" keeps photographs below gPatientsPath, anything else in the database
+    std::string gAutoCardNo;        ///< "YES" makes card numbers from system numbers
+    std::string gNhisServiceNo;     ///< row of hServiceNHIS whose price is the consultation's
+    std::string gNhisRegServiceNo;  ///< the same for the registration's
+
     // -- main window --
     bool gPatientsWaiting = false;
     bool gAdmissionsWaiting = false;

@@ -8,12 +8,6 @@ namespace {
 
 using namespace db::literals;
 
-/// A time of day as the "short time" form has it: no seconds.
-db::DateTime shortTime(db::DateTime moment) {
-    const auto seconds = moment.timeOfDay().seconds();
-    return db::DateTime::fromSeconds(seconds - seconds % 60);
-}
-
 void stampLogout(const Session& session, db::Recordset& activity) {
     activity.set("LogoutDate", session.gServerNow.date());
     activity.set("LogoutTime", shortTime(session.gServerNow));
@@ -37,6 +31,11 @@ void writeLoginTrail(db::Connection& connection, const std::string& userName, co
 db::DateTime GetServerNow(Workplace& place) {
     const auto clock = place.hospital().read("select sysDT from qrySysDateTime"_sql);
     return clock.empty() ? db::DateTime() : clock["sysdt"].moment();
+}
+
+db::DateTime shortTime(db::DateTime moment) {
+    const auto seconds = moment.timeOfDay().seconds();
+    return db::DateTime::fromSeconds(seconds - seconds % 60);
 }
 
 void splitServerClock(Session& session) {

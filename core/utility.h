@@ -22,6 +22,8 @@ public:
 
 /// The server's date and time; the zero date when the view gives no row. Throws db::Error.
 db::DateTime GetServerNow(Workplace& place);
+/// A moment's time of day as the "short time" form has it: without seconds, on the zero date.
+db::DateTime shortTime(db::DateTime moment);
 /// `gServerDate` and `gServerTime` (to the minute) from `gServerNow`.
 void splitServerClock(Session& session);
 /// GetServerNow into `gServerNow`, `gServerDate` and `gServerTime`.

@@ -9,7 +9,11 @@ Version programVersion() {
 }
 
 Workplace::Workplace(db::DataSources& sources, ui::EventLoop& loop, Settings hostSettings)
-    : settings(std::move(hostSettings)), databases(sources), desktop(loop, "Vorel Nursing") {}
+    : settings(std::move(hostSettings)), databases(sources), desktop(loop, "Vorel Nursing") {
+    session.gAutoCardNo = settings.autoCardNo;
+    session.gNhisServiceNo = settings.nhisServiceNo;
+    session.gNhisRegServiceNo = settings.nhisRegServiceNo;
+}
 
 Workplace::~Workplace() {
     databases.rollbackAll();

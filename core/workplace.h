@@ -31,6 +31,9 @@ struct Settings {
     std::string osUserName;    ///< the same for "username"
     /// 94 characters, one for each of the codes 33 to 126: see EncodeText.
     std::string encodingTable = std::string(builtInEncodingTable());
+    std::string autoCardNo;  ///< the start values of gAutoCardNo, gNhisServiceNo and gNhisRegServiceNo
+    std::string nhisServiceNo;
+    std::string nhisRegServiceNo;
     Version version = programVersion();
     /// The workstation's clock; tests set it.
     std::function<db::DateTime()> clock = &db::DateTime::now;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -233,8 +234,9 @@ struct GridColumn {
 class DataGrid : public Control {
 public:
     DataGrid(Screen& screen, std::string name);
-    /// Shows the result set, which the grid keeps; the current row is the first.
-    void bind(db::Recordset rows);
+    /// Shows the result set, which the grid keeps. The current row is the first, or that one of which `row` says the
+    /// place, from 0; a place behind the last row means the last. Raises nothing.
+    void bind(db::Recordset rows, int row = 0);
     /// Unbinds: no columns, no rows.
     void clear();
     [[nodiscard]] const db::Recordset& rows() const noexcept { return rows_; }
@@ -245,6 +247,8 @@ public:
     /// A cell of the current row as shown ("" for null). Throws db::Error(other) without a current row or such a field.
     [[nodiscard]] std::string text(std::string_view field) const;
     void hideColumn(std::string_view name);
+    /// Hides these columns and shows all others: for a grid that shows now one list, now another.
+    void hideOnly(std::initializer_list<std::string_view> names);
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
     [[nodiscard]] std::string_view kind() const override { return "dataGrid"; }

@@ -40,6 +40,7 @@ public:
         std::string title;
         std::string preset;  ///< of an input box
         Icon icon = Icon::none;
+        std::string accept = {};  ///< of a file pick: the media type that is wanted ("image/jpeg"), or "" for any
     };
 
     Desktop(EventLoop& loop, std::string programTitle);
@@ -82,7 +83,9 @@ public:
     /// Nothing when it was cancelled.
     [[nodiscard]] std::optional<std::string> askInput(const std::string& text, const std::string& title,
                                                       const std::string& preset = {});
-    [[nodiscard]] std::optional<std::filesystem::path> pickFile(const std::string& title);
+    /// `accept` is a hint for the page: a tablet then offers its camera for pictures.
+    [[nodiscard]] std::optional<std::filesystem::path> pickFile(const std::string& title,
+                                                                const std::string& accept = {});
     /// Runs before any box opens; tests refuse there boxes that keep other writers waiting.
     void setBeforeBox(std::function<void(const Question&)> beforeBox) { beforeBox_ = std::move(beforeBox); }
     /// Boxes with OK only answer themselves (scripts), instead of waiting.

@@ -79,6 +79,7 @@ nlohmann::json wireForm(const Desktop::Question& question) {
     nlohmann::json form = {{"kind", nameOf(question.kind)}, {"text", question.text}, {"title", question.title}};
     if (question.kind == Kind::message) form["icon"] = nameOf(question.icon);
     if (question.kind == Kind::input) form["default"] = question.preset;
+    if (!question.accept.empty()) form["accept"] = question.accept;
     return form;
 }
 
@@ -105,8 +106,9 @@ std::optional<std::string> Desktop::askInput(const std::string& text, const std:
     return answer.is_object() ? answer["text"].get<std::string>() : answer.get<std::string>();
 }
 
-std::optional<std::filesystem::path> Desktop::pickFile(const std::string& title) {
-    const nlohmann::json answer = ask({Question::Kind::file, {}, title.empty() ? programTitle_ : title, {}});
+std::optional<std::filesystem::path> Desktop::pickFile(const std::string& title, const std::string& accept) {
+    const nlohmann::json answer =
+        ask({Question::Kind::file, {}, title.empty() ? programTitle_ : title, {}, Icon::none, accept});
     if (answer == "cancel") return std::nullopt;
     return std::filesystem::path(answer["file"].get<std::string>());
 }

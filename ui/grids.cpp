@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "db/error.h"
 #include "ui/content.h"
 #include "ui/controls.h"
@@ -19,10 +21,10 @@ nlohmann::json columnForm(std::string_view name, bool visible) {
 
 DataGrid::DataGrid(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
 
-void DataGrid::bind(db::Recordset rows) {
+void DataGrid::bind(db::Recordset rows, int row) {
     rows_ = std::move(rows);
-    rows_.moveFirst();
-    row_ = rows_.empty() ? -1 : 0;
+    row_ = std::min(row, static_cast<int>(rows_.rowCount()) - 1);
+    rows_.moveTo(row_ < 0 ? 0 : static_cast<std::size_t>(row_));
     for (const char* property : {"columns", "rows", "row"}) touch(property);
 }
 
@@ -49,6 +51,14 @@ std::string DataGrid::text(std::string_view field) const {
 
 void DataGrid::hideColumn(std::string_view name) {
     hidden_.push_back(lowerName(name));
+    touch("columns");
+}
+
+void DataGrid::hideOnly(std::initializer_list<std::string_view> names) {
+    std::vector<std::string> hidden;
+    for (const auto name : names) hidden.push_back(lowerName(name));
+    if (hidden == hidden_) return;
+    hidden_ = std::move(hidden);
     touch("columns");
 }
 

@@ -122,6 +122,8 @@ private:
     Button cmdInput{*this, "cmdInput", "&Input", [this] { askText(); }};
     Button cmdFile{*this, "cmdFile", "File", [this] { pickFile(); }};
     Button cmdModal{*this, "cmdModal", "Modal screen", [this] { showModal(); }};
+    TextBox txtScreen{*this, "txtScreen"};
+    Button cmdShow{*this, "cmdShow", "Open a screen", [this] { desktop().show(txtScreen.text()); }};
     Button cmdFocus{*this, "cmdFocus", "Go to the order", [this] { desktop().focus(cmdAddLine); }};
     Button cmdRing{*this, "cmdRing", "Ring", [this] { desktop().sound("ring1.wav"); }};
     Button cmdReport{*this, "cmdReport", "Report", [this] { report(); }};

@@ -46,6 +46,16 @@ const char* levelFault(const std::string& text) {
     return levelNamed(text) ? nullptr : "must be debug, info, warning, error or off";
 }
 
+const char* yesFault(const std::string& text) {
+    return text.empty() || text == "YES" || text == "NO" ? nullptr : "must be YES or NO";
+}
+
+const char* rowFault(const std::string& text) {
+    return text.find_first_not_of("0123456789") == std::string::npos && text.size() < 10
+               ? nullptr
+               : "must be the SNo of a row of hServiceNHIS";
+}
+
 const Key keys[] = {
     {"address",
      [](Config& c) -> Slot {
@@ -60,6 +70,18 @@ const Key keys[] = {
     {"tls.key", [](Config& c) -> Slot { return Text{&c.key}; }},
     {"hospital.number", [](Config& c) -> Slot { return Text{&c.hospitalNumber}; }},
     {"hospital.server", [](Config& c) -> Slot { return Text{&c.serverName}; }},
+    {"registration.auto_card_no",
+     [](Config& c) -> Slot {
+         return Text{&c.autoCardNo, &yesFault};
+     }},
+    {"registration.consultation_service",
+     [](Config& c) -> Slot {
+         return Text{&c.nhisServiceNo, &rowFault};
+     }},
+    {"registration.registration_service",
+     [](Config& c) -> Slot {
+         return Text{&c.nhisRegServiceNo, &rowFault};
+     }},
     {"encoding_table",
      [](Config& c) -> Slot {
          return Text{&c.encodingTable, &tableFault};

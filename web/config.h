@@ -35,7 +35,10 @@ struct Config {
 
     std::string hospitalNumber = "001";
     std::string serverName = "SERVER";
-    std::string encodingTable;  ///< 94 characters for the codes 33 to 126; empty for the built-in one
+    std::string autoCardNo;        ///< "YES" makes card numbers from system numbers
+    std::string nhisServiceNo;     ///< row of the service price list that a consultation at the desk costs
+    std::string nhisRegServiceNo;  ///< the same for a registration
+    std::string encodingTable;     ///< 94 characters for the codes 33 to 126; empty for the built-in one
 
     int sessionWaitMinutes = 10;  ///< how long a session whose page is gone waits for it
     int mostSessions = 1000;

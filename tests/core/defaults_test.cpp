@@ -12,7 +12,7 @@ using test::Ward;
 /// The session variables by name, as texts.
 std::map<std::string, std::string> variables(const core::Session& session) {
     std::map<std::string, std::string> texts;
-    session.forEach([&](const char* name, const db::Value& value) { texts[name] = value.text(); });
+    session.forEach([&](const char* name, const db::Value& value) { texts[name] = value.textOr(); });
     return texts;
 }
 

@@ -86,7 +86,7 @@ bool TestHospital::ends(const std::function<void()>& work) {
 void TestHospital::boxOpens(const ui::Desktop::Question& box) {
     boxes_.push_back(box);
     if (place.databases.holdsWriteLock()) ADD_FAILURE() << "A box opens while other writers wait: " << box.text;
-    if (box.kind != ui::Desktop::Question::Kind::message) return;
+    if (box.kind != ui::Desktop::Question::Kind::message || takesMessages_) return;
     if (messages_.empty()) {
         ADD_FAILURE() << "Unexpected message: " << box.text;
         return;

@@ -45,6 +45,8 @@ public:
     // -- the script --
     /// The next box with OK only. An empty title is the program's.
     void expectMessage(std::string text, std::string title = {});
+    /// While set, boxes with OK only need not be foretold: for tests of what a failure leaves, whatever it says.
+    void setTakesMessages(bool takes) noexcept { takesMessages_ = takes; }
     /// The answer to the next question: "yes", "no", "cancel", the text of an input box.
     void answer(nlohmann::json answer) { answers_.push_back(std::move(answer)); }
     /// What the nurse does when the session next waits for her with no box open: her work in a modal screen.
@@ -97,6 +99,7 @@ private:
     struct Message {
         std::string text, title;
     };
+    bool takesMessages_ = false;
     std::deque<Message> messages_;
     std::deque<nlohmann::json> answers_;
     std::deque<std::function<void()>> steps_;

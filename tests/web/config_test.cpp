@@ -42,6 +42,8 @@ TEST(Config, BrokenFilesAreToldByFileLineAndKey) {
         {"no address", "\naddress = \"localhost.example\"\n", "vorel.toml:2: address: must be an IP address"},
         {"value for a table", "tls = 5\n", "tls: must be a table"},
         {"short encoding table", "encoding_table = \"abc\"\n", "encoding_table: must have 94"},
+        {"card numbers", "[registration]\nauto_card_no = \"maybe\"\n", "registration.auto_card_no: must be YES or NO"},
+        {"service row", "[registration]\nconsultation_service = \"x\"\n", "registration.consultation_service: must be"},
         {"log level", "[log]\nlevel = \"loud\"\n", "vorel.toml:2: log.level: must be"},
         {"origins", "origins = [1]\n", "origins: must be a list of texts"},
         {"source key", "[sources.Hospital]\nfile = \"x\"\n", "sources.Hospital.file: unknown key"},

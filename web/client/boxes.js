@@ -78,7 +78,8 @@ export class Boxes {
     }
 
     _file(question, textId) {
-        const input = h("input", {type: "file", class: "form-control", "data-first": true, "aria-labelledby": textId});
+        const input = h("input", {type: "file", class: "form-control", "data-first": true, "aria-labelledby": textId,
+                                  accept: question.accept ?? null});
         const problem = h("p", {class: "v-box-problem", role: "alert"});
         const ok = h("button", {type: "button", class: "btn btn-primary", onclick: async () => {
             if (input.files.length === 0) return (problem.textContent = "Choose a file first.");

@@ -5,13 +5,16 @@ const cache = new Map();
 /** The layout of a screen as the renderer wants it; a screen without a file gets all its controls in their order. */
 export async function layoutOf(name, state) {
     if (!cache.has(name)) cache.set(name, await load(name));
-    return complete(normalise(cache.get(name)), state);
+    const layout = normalise(cache.get(name));
+    return complete(layout.like ? onlyOwn(layout, state) : layout, state);
 }
 
+/** A layout may be like another screen's: it then has that one's keys, but for those of its own. */
 async function load(name) {
     try {
         const answer = await fetch(`/layouts/${encodeURIComponent(name)}.json`);
-        return answer.ok ? await answer.json() : {};
+        const layout = answer.ok ? await answer.json() : {};
+        return layout.like ? {...(await load(layout.like)), ...layout} : layout;
     } catch {
         return {};
     }
@@ -66,6 +69,19 @@ const sectionOf = (controls) => ({
         items: [{control: name, ...(wide.has(kind) ? {width: "full"} : {})}],
     })),
 });
+
+/** The other screen's controls that this one does not have are left out, and its marks that do not hold here. */
+function onlyOwn(layout, state) {
+    const names = new Set(Object.keys(state.controls).map((name) => name.toLowerCase()));
+    const optional = new Set(layout.optional ?? []);
+    const has = (item) => names.has(item.control.toLowerCase());
+    const marked = (item) => optional.has(item.control) ? {...item, required: false} : item;
+    const section = (part) => part.tabs
+        ? {...part, pages: part.pages.map((page) => page.map(section))}
+        : {...part, rows: part.rows.map((row) => ({...row, items: row.items.filter(has).map(marked)}))
+                              .filter((row) => row.items.length > 0)};
+    return {...layout, sections: layout.sections.map(section), buttons: layout.buttons.filter(has)};
+}
 
 /** Adds what the file does not name, in the order of declaration, so that no control is ever lost to the user. */
 function complete(layout, state) {

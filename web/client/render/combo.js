@@ -124,9 +124,12 @@ class Combo {
             event.preventDefault();
             if (event.altKey) this.#show(event.key === "ArrowDown");
             else this.#move(steps[event.key]);
-        } else if (event.key === "Enter" && this.#open && this.#mark >= 0) {
+        } else if (event.key === "Enter" && this.#open) {
+            // What is typed is taken, or the one entry that it leaves: this Enter saves nothing yet.
             event.preventDefault();
-            this.#pick(this.#shown[this.#mark]);
+            if (this.#mark >= 0) this.#pick(this.#shown[this.#mark]);
+            else if (this.#filter !== "" && this.#shown.length === 1) this.#pick(this.#shown[0]);
+            else this.#show(false);
         } else if (event.key === "Escape" && this.#open) {
             event.preventDefault();
             event.stopPropagation();

@@ -3,6 +3,8 @@ import {GridModel} from "./gridmodel.js";
 
 const usualPage = 50;
 const rowsWithoutFilter = 8;
+/** A text up to this length stays on one line: names, dates and readings; a wide table scrolls instead. */
+const longestLine = 24;
 
 /** Both grids: a table with a current row, sorted, narrowed and paged here. */
 export const grid = (link) => new Grid(link);
@@ -30,6 +32,9 @@ class Grid {
                          h("div", {class: "v-grid-bar"}, this.filter, this.count, this.open, this.back, this.forward),
                          h("div", {class: "v-grid-scroll"}, this.table));
         this.input = this.table;
+        this.table.tabIndex = -1;
+        this.table.addEventListener("focus", () => this.focusTarget()?.focus());  // an access key came here
+        this.head.addEventListener("keydown", (event) => this.#headKey(event));
         this.rows.addEventListener("click", (event) => this.#clicked(event));
         this.rows.addEventListener("dblclick", (event) => event.target.closest("[data-row]") && link.fire("DblClick"));
         this.rows.addEventListener("keydown", (event) => this.#key(event));
@@ -84,11 +89,14 @@ class Grid {
         return this.link.state.columns.flatMap((column, place) => (column.visible ? [place] : []));
     }
 
+    /** All of the headings are one stop of the Tab key; the arrow keys move among them. */
     #drawHead() {
         const {sortColumn, descending} = this.model;
-        this.head.replaceChildren(...this.#visibleColumns().map((place) => {
+        const columns = this.#visibleColumns();
+        const stop = columns.includes(sortColumn) ? sortColumn : columns[0];
+        this.head.replaceChildren(...columns.map((place) => {
             const sorted = place === sortColumn;
-            const name = h("button", {type: "button", class: "v-sort", onclick: () => this.#sort(place)},
+            const name = h("button", {type: "button", class: "v-sort", tabindex: place === stop ? "0" : "-1", onclick: () => this.#sort(place)},
                            this.link.state.columns[place].name, sorted ? h("span", {"aria-hidden": "true"}, descending ? " ▼" : " ▲") : null);
             const order = sorted ? (descending ? "descending" : "ascending") : "none";
             return h("th", {scope: "col", "aria-sort": order}, name);
@@ -98,7 +106,11 @@ class Grid {
     #row(row, cells, columns, stop) {
         const chosen = row === this.current;
         return h("tr", {"data-row": row, tabindex: stop && this.#enabled ? "0" : "-1", "aria-selected": String(chosen),
-                        class: chosen ? "v-current" : null}, ...columns.map((column) => h("td", {}, cells[column])));
+                        class: chosen ? "v-current" : null}, ...columns.map((column) => this.#cell(cells[column])));
+    }
+
+    #cell(text) {
+        return h("td", {class: text.length <= longestLine ? "v-short" : null}, text);
     }
 
     #emptyRow(width) {
@@ -144,6 +156,16 @@ class Grid {
         this.link.set({row});
         this.update();
         this.focusTarget()?.focus();
+    }
+
+    #headKey(event) {
+        const names = [...this.head.querySelectorAll("button")];
+        const at = names.indexOf(event.target);
+        const next = {ArrowRight: at + 1, ArrowLeft: at - 1, Home: 0, End: names.length - 1}[event.key];
+        if (!names[next]) return;
+        event.preventDefault();
+        for (const name of names) name.tabIndex = name === names[next] ? 0 : -1;
+        names[next].focus();
     }
 
     #key(event) {

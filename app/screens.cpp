@@ -1,0 +1,15 @@
+#include "app/screens.h"
+
+#include "outpatient/screens.h"
+#include "registration/screens.h"
+#include "shell/screens.h"
+
+namespace app {
+
+void provideScreens(core::Workplace& place) {
+    shell::provideScreens(place);
+    registration::provideScreens(place);
+    outpatient::provideScreens(place);
+}
+
+}  // namespace app

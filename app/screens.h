@@ -1,0 +1,10 @@
+#pragma once
+
+#include "core/workplace.h"
+
+namespace app {
+
+/// Makes the screens of all rooms known to the session's desktop.
+void provideScreens(core::Workplace& place);
+
+}  // namespace app

@@ -1,0 +1,59 @@
+#include "core/entries.h"
+
+#include <algorithm>
+
+namespace core {
+
+std::string trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+std::string quotesDoubled(std::string_view text) {
+    std::string result;
+    for (const char letter : text) result.append(letter == '\'' ? 2 : 1, letter);
+    return result;
+}
+
+Entry entryOf(std::string_view text) {
+    const auto bracket = text.find('[');
+    if (bracket == std::string_view::npos) return {trimmed(text), {}};
+    const auto key = text.substr(bracket + 1);
+    return {trimmed(text.substr(0, bracket)), std::string(key.substr(0, key.empty() ? 0 : key.size() - 1))};
+}
+
+std::string entryText(std::string_view name, std::string_view key) {
+    return std::string(name).append(" [").append(key).append("]");
+}
+
+void addEntries(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql,
+                const std::function<std::string(const db::Recordset&)>& text) {
+    for (auto rows = connection.read(sql); !rows.eof(); rows.moveNext()) list.add(text(rows));
+}
+
+void addColumn(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql, std::string_view column) {
+    addEntries(list, connection, sql, [&](const db::Recordset& row) { return row[column].textOr(); });
+}
+
+void showEntry(ui::ComboBox& list, const std::string& text) {
+    list.clearText();
+    if (text.empty()) return;
+    const auto& items = list.items();
+    if (std::none_of(items.begin(), items.end(), [&](const ui::ListItem& item) { return item.text == text; }))
+        list.add(text);
+    list.setText(text);
+}
+
+void setCells(db::Recordset& rows, const Cells& cells) {
+    for (const auto& [column, value] : cells) rows.set(column, value);
+}
+
+void addRow(db::Connection& connection, const db::Sql& emptySet, const Cells& cells) {
+    db::Recordset rows(connection, emptySet);
+    rows.addNew();
+    setCells(rows, cells);
+    rows.update();
+}
+
+}  // namespace core

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "db/connection.h"
+#include "ui/controls.h"
+
+namespace core {
+
+/// An entry of a list, "ADA OBI [N001]": what is shown, and the key in the brackets.
+struct Entry {
+    std::string name;  ///< the text before the first "[", trimmed; all of it where there is none
+    std::string key;   ///< the text behind the first "[" without the last character; "" where there is none
+};
+Entry entryOf(std::string_view text);
+/// "ADA OBI [N001]".
+std::string entryText(std::string_view name, std::string_view key);
+
+/// Appends an item for each row that the statement finds, as `text` makes it from the row. Throws db::Error.
+void addEntries(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql,
+                const std::function<std::string(const db::Recordset&)>& text);
+/// The same with the text of one column, null as "".
+void addColumn(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql, std::string_view column);
+
+/// Shows a stored text in a list: picks its entry, which is added where the list does not have it (any more), and
+/// raises Click. An empty text picks nothing.
+void showEntry(ui::ComboBox& list, const std::string& text);
+
+/// The columns that a save sets, in their order.
+using Cells = std::vector<std::pair<const char*, db::Value>>;
+/// Sets them in the current or the new row of a result set.
+void setCells(db::Recordset& rows, const Cells& cells);
+/// Adds one row to the table that an empty result set ("select * from T where 1=2") opens. Throws db::Error.
+void addRow(db::Connection& connection, const db::Sql& emptySet, const Cells& cells);
+
+/// The text as it stands between the quotes of a statement: every "'" doubled.
+std::string quotesDoubled(std::string_view text);
+/// A text without the blanks at its ends.
+std::string trimmed(std::string_view text);
+
+}  // namespace core

@@ -1,0 +1,11 @@
+#include "outpatient/screens.h"
+
+#include "outpatient/frmpreconsult.h"
+
+namespace outpatient {
+
+void provideScreens(core::Workplace& place) {
+    place.desktop.provide("frmPreConsult", [&place] { return std::make_unique<frmPreConsult>(place); });
+}
+
+}  // namespace outpatient

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/workplace.h"
+#include "ui/controls.h"
+
+namespace registration {
+
+/// Whether a private patient's card has run out. A card that ends today counts as expired.
+bool cardExpired(const core::Session& session, const std::optional<db::DateTime>& expiry);
+
+/// Tells that the card has expired, marks the patient and offers the renewal. Throws db::Error.
+void refuseExpiredCard(core::Workplace& place, const std::string& pno, ui::Button& cmdRenew);
+
+/// What a client pays for the renewal of a card, rounded to 2 places; 0 where nothing is set. Throws db::Error.
+double cardRenewalFee(db::Connection& hospital, const std::string& retainID);
+
+}  // namespace registration

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "core/workplace.h"
+#include "ui/controls.h"
+
+namespace registration {
+
+/// Shows the photograph that is stored with the patient, or nothing. Throws db::Error.
+void showPhotograph(core::Workplace& place, ui::Picture& picture, const std::string& pno);
+
+/// A patient's photograph: a JPEG in the patient's row, or a file where the hospital keeps them so.
+class Photograph {
+public:
+    Photograph(core::Workplace& place, ui::TextBox& txtPix, ui::Picture& imgPix)
+        : place_(place), txtPix_(txtPix), imgPix_(imgPix) {}
+
+    /// Lets the nurse choose a file and shows it. What is no JPEG, or larger than 5 MB, is refused with a box.
+    void choose();
+    /// Stores the chosen file with the patient and removes it; nothing without one. Throws db::Error.
+    void save(const std::string& pno);
+    /// Shows what is stored, or nothing. Throws db::Error.
+    void load(const std::string& pno) { showPhotograph(place_, imgPix_, pno); }
+    void clear();
+
+private:
+    core::Workplace& place_;
+    ui::TextBox& txtPix_;
+    ui::Picture& imgPix_;
+};
+
+}  // namespace registration

@@ -1,0 +1,185 @@
+#include "registration/registrationform.h"
+
+#include "core/utility.h"
+
+namespace registration {
+
+using db::operator""_sql;
+
+namespace {
+
+void fill(ui::ComboBox& list, std::initializer_list<const char*> texts) {
+    list.clear();
+    for (const auto* text : texts) list.add(text);
+}
+
+}  // namespace
+
+RegistrationForm::RegistrationForm(core::Workplace& place, std::string name, std::string caption)
+    : Form(place, std::move(name), std::move(caption)),
+      photograph_(place, txtPix, imgPix),
+      client_(place, {cboPat, cboClient, txtPolicy, txtEmp},
+              {session().gClientRetainID, session().gClientName, session().gBillingCat, session().gClientType}) {
+    title_ = this->caption();
+    bindEvents();
+    placeOnPages();
+}
+
+void RegistrationForm::bindEvents() {
+    const auto bind = [this](ui::Control& control, const char* event, void (RegistrationForm::*operation)()) {
+        control.on(event, [this, operation] { trapped([this, operation] { (this->*operation)(); }); });
+    };
+    bind(cboPat, "Click", &RegistrationForm::cboPat_Click);
+    bind(cboClient, "Click", &RegistrationForm::cboClient_Click);
+    bind(cboCard, "Click", &RegistrationForm::cboCard_Click);
+    bind(cboFile, "Click", &RegistrationForm::cboFile_Click);
+    bind(cboMat, "Click", &RegistrationForm::cboMat_Click);
+    bind(cboIntro, "Click", &RegistrationForm::cboIntro_Click);
+    bind(cboPurpose, "Click", &RegistrationForm::routeThePurpose);
+    bind(chkReg, "Click", &RegistrationForm::chkReg_Click);
+    bind(dtDate, "Change", &RegistrationForm::dtDate_Change);
+    bind(txtAge, "Change", &RegistrationForm::txtAge_Change);
+    bind(lblDebt, "DblClick", &RegistrationForm::lblDebt_DblClick);
+    bind(txtName, "Change", &RegistrationForm::txtName_Change);
+    bind(grdData, "DblClick", &RegistrationForm::grdData_DblClick);
+    bind(txtsurNAme, "LostFocus", &RegistrationForm::txtsurNAme_LostFocus);
+    cboClin.on("Click", [this] { trapped([this] { cboClin_Click(); }); });
+    chkAll.on("Click", [this] {
+        trapped([this] {
+            if (chkAll.checked()) client_.offerAllCategories();
+        });
+    });
+}
+
+void RegistrationForm::placeOnPages() {
+    for (ui::Control* control :
+         std::initializer_list<ui::Control*>{&txtName, &cmdOK, &cmdCard, &cmdSys, &lblFound, &grdData})
+        control->onPage(SSTab1, 0);
+    for (ui::Control* control : std::initializer_list<ui::Control*>{
+             &txtPhone, &cboMat, &txtHomeAddress, &txtOfficeAddress, &txtEmail, &cboMStatus, &txtBG, &txtGeno, &txtOccu,
+             &cboStatus, &cboIntro, &txtKin, &txtNOKPhone, &txtKinRel, &txtKinAddress})
+        control->onPage(SSTab1, 1);
+    for (ui::Control* control : std::initializer_list<ui::Control*>{&chkReg, &fraAttd, &cboClin, &cboPurpose, &dtNext,
+                                                                    &dtRefTime, &cmdAttend, &grdAttend})
+        control->onPage(SSTab1, 2);
+    for (ui::Control* control : std::initializer_list<ui::Control*>{&cboClin, &cboPurpose, &dtNext, &dtRefTime})
+        control->heldBy(fraAttd);
+}
+
+void RegistrationForm::load() {
+    const auto today = place().now().date();
+    session().gRenewPending = false;
+    fraAttd.setEnabled(false);
+    dtDate.setValue({});
+    dtExpDate.setValue(today);
+    dtRegDate.setValue(today);
+    txtSupp.setEnabled(false);
+    txtPix.setVisible(false);
+    for (auto* button : {&cmdPatDep, &cmdANC, &cmdRenew}) button->setEnabled(false);
+    showBrowsing(true);
+    fillFixedLists();
+    trapped([this] {
+        LoadLookups();
+        ShowTodaysRegistrations();
+        showQueues();
+    });
+    desktop().focus(txtName);
+}
+
+void RegistrationForm::unload() {
+    editMode_ = false;
+    ++searchTurn_;
+}
+
+void RegistrationForm::fillFixedLists() {
+    fill(cboTitle, {"", "MR", "MRS", "MISS", "MASTER", "DR", "PROF", "ALHAJI", "ALHAJA", "PASTOR", "CHIEF"});
+    fill(txtKinRel, {"", "FATHER", "MOTHER", "UNCLE", "AUNT", "BROTHER", "SISTER", "COUSIN", "NIECE", "WIFE", "HUSBAND",
+                     "SON", "DAUGHTER", "OTHERS"});
+    fill(txtBG, {"", "O-NEGATIVE", "O-POSITIVE", "A-NEGATIVE", "A-POSITIVE", "B-NEGATIVE", "B-POSITIVE", "AB-NEGATIVE",
+                 "AB-POSITIVE"});
+    fill(txtGeno, {"", "AA", "AS", "SS", "AC"});
+    fill(cboStatus, {"", "CHRISTIANITY", "ISLAM", "OTHERS"});
+    fill(cboFile, {"", "WHILE STILL IN SERVICE", "ONE YEAR", "TILL END OF YEAR"});
+    fill(cboCard, {"", "SINGLE", "FAMILY"});
+    fill(cboMStatus, {"", "SINGLE", "MARRIED"});
+    fill(CboRef, {"", "YES", "NO"});
+    fill(cboRefHmo, {"", "YES", "NO"});
+    fill(cboNew, {"", "NEW", "EXISTING"});
+    fill(txtSex, {"", "MALE", "FEMALE"});
+    fill(cboMat, {"ADULT", "ADOLESCENT", "CHILD", "NEONATE"});
+}
+
+void RegistrationForm::LoadLookups() {
+    client_.loadClients(true);
+    cboPurpose.clear();
+    core::addColumn(cboPurpose, hospital(), "select Distinct Purpose from hClinicPurpose"_sql, "Purpose");
+    cboArea.clear();
+    core::addColumn(cboArea, hospital(), "select distinct AreaName from hPatientArea order by AreaName"_sql,
+                    "AreaName");
+    cboClin.clear();
+    cboClin.add("");
+    core::addColumn(cboClin, hospital(), "select distinct ClinicName,ClinicID from clinicTypes order by ClinicName"_sql,
+                    "ClinicID");
+    cboIntro.clear();
+    cboIntro.add("");
+    core::addEntries(
+        cboIntro, hospital(), "select distinct empID,lastname,firstname from employees order by lastname,firstname"_sql,
+        [](const db::Recordset& row) {
+            return core::entryText(row["lastname"].textOr() + " " + row["firstname"].textOr(), row["empID"].textOr());
+        });
+}
+
+void RegistrationForm::ClearPatientForm() {
+    filling_ = true;
+    for (auto* box : {&txtsurNAme, &txtfirstNAme, &txtAge, &txtSupp, &txtOLD, &txtEmp, &txtPhone, &txtHomeAddress,
+                      &txtOfficeAddress, &txtEmail, &txtOccu, &txtKin, &txtNOKPhone, &txtKinAddress})
+        box->clear();
+    for (auto* list : {&cboNew,  &cboTitle,  &txtSex,    &cboPat,    &cboClient, &txtPolicy,  &cboCard,
+                       &cboFile, &CboRef,    &cboRefHmo, &cboArea,   &cboMat,    &cboMStatus, &txtBG,
+                       &txtGeno, &cboStatus, &cboIntro,  &txtKinRel, &cboClin,   &cboPurpose})
+        list->clearText();
+    for (auto* date : {&dtDate, &dtNext, &dtRefTime, &dtExpDate}) date->setValue({});
+    filling_ = false;
+    dtRegDate.setValue(place().now().date());
+    txtAdmitLimit.setText("0");
+    chkReg.setChecked(false);
+    fraAttd.setEnabled(false);
+    lblDebt.setCaption("0");
+    photograph_.clear();
+    grdAttend.clear();
+    setCaption(title_);
+    currentPNo_.clear();
+    introducedById_.clear();
+    patCatLoaded_.clear();
+    auto& variables = session();
+    variables.gClientRetainID.clear();
+    variables.gAttendPurpose.clear();
+    variables.gPatientBalance = 0;
+    variables.gRenewPending = false;
+    variables.gPatientHasBalance = false;
+    dependantMode_ = rowLoading_ = false;
+    for (auto* button : {&cmdPatDep, &cmdANC, &cmdRenew}) button->setEnabled(false);
+    if (place().mainWindow != nullptr) place().mainWindow->showDebt("");
+}
+
+void RegistrationForm::showBrowsing(bool browsing) {
+    for (auto* button : {&cmdAdd, &cmdEdit, &cmdDel}) button->setVisible(browsing);
+    for (auto* button : {&OKButton, &cmdCancel}) button->setVisible(!browsing);
+    OKButton.setEnabled(!browsing);
+}
+
+std::string RegistrationForm::fullName() const {
+    return storedName(txtsurNAme.text()) + " " + storedName(txtfirstNAme.text());
+}
+
+std::string RegistrationForm::storedName(const std::string& typed) {
+    auto name = core::trimmed(typed);
+    std::erase_if(name, [](char letter) { return letter == '[' || letter == ']'; });
+    return name;
+}
+
+std::string RegistrationForm::dated(const ui::DatePicker& date) {
+    return date.value() ? date.value()->shortDate() : std::string();
+}
+
+}  // namespace registration

@@ -1,0 +1,240 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/entries.h"
+#include "core/form.h"
+#include "registration/clientpick.h"
+#include "registration/patientsearch.h"
+#include "registration/photograph.h"
+#include "registration/purposes.h"
+
+namespace registration {
+
+/// The registration of a patient, as the front desk's screen and the nurses' screen share it: one record, its search,
+/// its client, photograph and dependants. Each way in which the two differ is one of the virtual members below.
+class RegistrationForm : public core::Form {
+public:
+    ui::TabStrip SSTab1{*this, "SSTab1", {"Find", "Contacts and kin", "Attendance"}};
+
+    // -- finding --
+    ui::TextBox txtName{*this, "txtName"};
+    ui::Button cmdOK{*this, "cmdOK", "By &Name", [this] { find(SearchKind::name); }};
+    ui::Button cmdCard{*this, "cmdCard", "Card No", [this] { find(SearchKind::cardNo); }};
+    ui::Button cmdSys{*this, "cmdSys", "Tel No", [this] { find(SearchKind::sysNo); }};
+    ui::Label lblFound{*this, "lblFound"};
+    ui::DataGrid grdData{*this, "grdData"};
+
+    // -- the patient --
+    ui::ComboBox cboNew{*this, "cboNew", ui::ComboBox::Style::listOnly};
+    ui::ComboBox cboTitle{*this, "cboTitle"};
+    ui::TextBox txtsurNAme{*this, "txtsurNAme", ui::upperCase};
+    ui::TextBox txtfirstNAme{*this, "txtfirstNAme", ui::upperCase};
+    ui::ComboBox txtSex{*this, "txtSex", ui::ComboBox::Style::listOnly};
+    ui::DatePicker dtDate{*this, "dtDate"};
+    ui::TextBox txtAge{*this, "txtAge"};
+    ui::TextBox txtSupp{*this, "txtSupp"};
+    ui::TextBox txtOLD{*this, "txtOLD"};
+    ui::ComboBox cboPat{*this, "cboPat"};
+    ui::ComboBox cboClient{*this, "cboClient", ui::ComboBox::Style::listOnly};
+    ui::CheckBox chkAll{*this, "chkAll", "Show All"};
+    ui::ComboBox txtPolicy{*this, "txtPolicy"};
+    ui::TextBox txtEmp{*this, "txtEmp"};
+    ui::ComboBox cboCard{*this, "cboCard", ui::ComboBox::Style::listOnly};
+    ui::ComboBox cboFile{*this, "cboFile", ui::ComboBox::Style::listOnly};
+    ui::DatePicker dtRegDate{*this, "dtRegDate"};
+    ui::DatePicker dtExpDate{*this, "dtExpDate"};
+    ui::ComboBox CboRef{*this, "CboRef", ui::ComboBox::Style::listOnly};
+    ui::ComboBox cboRefHmo{*this, "cboRefHmo", ui::ComboBox::Style::listOnly};
+    ui::ComboBox cboArea{*this, "cboArea"};
+    ui::TextBox txtAdmitLimit{*this, "txtAdmitLimit", ui::decimalOnly};
+    ui::Label lblDebtCap{*this, "lblDebtCap", "Carry Over Debt"};
+    ui::Label lblDebt{*this, "lblDebt", "0"};
+    ui::TextBox txtPix{*this, "txtPix"};
+    ui::Picture imgPix{*this, "imgPix"};
+    ui::Button cmdPix{*this, "cmdPix", "P&hotograph...", [this] { cmdPix_Click(); }};
+
+    // -- contacts and kin --
+    ui::TextBox txtPhone{*this, "txtPhone", ui::digitsOnly};
+    ui::ComboBox cboMat{*this, "cboMat", ui::ComboBox::Style::listOnly};
+    ui::TextBox txtHomeAddress{*this, "txtHomeAddress"};
+    ui::TextBox txtOfficeAddress{*this, "txtOfficeAddress"};
+    ui::TextBox txtEmail{*this, "txtEmail"};
+    ui::ComboBox cboMStatus{*this, "cboMStatus", ui::ComboBox::Style::listOnly};
+    ui::ComboBox txtBG{*this, "txtBG", ui::ComboBox::Style::listOnly};
+    ui::ComboBox txtGeno{*this, "txtGeno", ui::ComboBox::Style::listOnly};
+    ui::TextBox txtOccu{*this, "txtOccu"};
+    ui::ComboBox cboStatus{*this, "cboStatus", ui::ComboBox::Style::listOnly};
+    ui::ComboBox cboIntro{*this, "cboIntro"};
+    ui::TextBox txtKin{*this, "txtKin"};
+    ui::TextBox txtNOKPhone{*this, "txtNOKPhone"};
+    ui::ComboBox txtKinRel{*this, "txtKinRel"};
+    ui::TextBox txtKinAddress{*this, "txtKinAddress"};
+
+    // -- the attendance at registration --
+    ui::CheckBox chkReg{*this, "chkReg", "Automatic &Attendance"};
+    ui::Picture fraAttd{*this, "fraAttd"};
+    ui::ComboBox cboClin{*this, "cboClin"};
+    ui::ComboBox cboPurpose{*this, "cboPurpose"};
+    ui::DatePicker dtNext{*this, "dtNext"};
+    ui::DatePicker dtRefTime{*this, "dtRefTime", ui::DatePicker::Format::time};
+    ui::Button cmdAttend{*this, "cmdAttend", "Past &visits", [this] { cmdAttend_Click(); }};
+    ui::DataGrid grdAttend{*this, "grdAttend"};
+
+    ui::Button cmdAdd{*this, "cmdAdd", "&Add", [this] { cmdAdd_Click(); }};
+    ui::Button cmdEdit{*this, "cmdEdit", "&Edit", [this] { trapped([this] { cmdEdit_Click(); }); }};
+    ui::Button cmdDel{*this, "cmdDel", "&Delete", [this] { cmdDel_Click(); }};
+    ui::Button OKButton{*this, "OKButton", "&Save", [this] { OKButton_Click(); }};
+    ui::Button cmdCancel{*this, "cmdCancel", "&Cancel", [this] { cmdCancel_Click(); }};
+    ui::Button cmdRefresh{*this, "cmdRefresh", "&Refresh", [this] { cmdRefresh_Click(); }};
+    ui::Button cmdRenew{*this, "cmdRenew", "Rene&w card", [this] { cmdRenew_Click(); }};
+    ui::Button cmdPatDep{*this, "cmdPatDep", "Depen&dant", [this] { cmdPatDep_Click(); }};
+    ui::Button cmdPlan{*this, "cmdPlan", "&Plan...", [this] { cmdPlan_Click(); }};
+    ui::Button cmdANC{*this, "cmdANC", "Ante&natal", [this] { cmdANC_Click(); }};
+    ui::Button cmdComm{*this, "cmdComm", "C&onsultations", [this] { cmdComm_Click(); }};
+    ui::Button CancelButton{*this, "CancelButton", "Close", [this] { close(); }};
+
+    void load() override;
+    void unload() override;
+
+protected:
+    RegistrationForm(core::Workplace& place, std::string name, std::string caption);
+
+    // -- where the two screens differ --
+    /// The checks of a save, in their order.
+    [[nodiscard]] virtual std::vector<Check> checks() = 0;
+    /// Whether this session may take an attendance along with a registration.
+    [[nodiscard]] virtual bool mayTakeAttendance() const = 0;
+    virtual void cboClin_Click() = 0;
+    /// Where the price of a consultation comes from.
+    [[nodiscard]] virtual ConsultPrice consultPrice() const = 0;
+    /// What a purpose does beyond its routing.
+    virtual void purposePicked() {}
+    /// What picking a billing category sets beyond the lists.
+    virtual void categoryPicked() {}
+    [[nodiscard]] virtual db::Recordset search(SearchKind kind, const std::string& text) = 0;
+    /// What an empty search box says to the third search button.
+    [[nodiscard]] virtual const char* sysPrompt() const = 0;
+    /// `Principal` and `pCatID` of a new patient.
+    [[nodiscard]] virtual core::Cells kinshipCells() const = 0;
+    /// The visit of a save with `chkReg` ticked, inside its transaction.
+    virtual void TakeAttendance() = 0;
+    /// What a new patient's save writes behind the row, the visit's number and the visit.
+    virtual void writeBehindNewPatient() = 0;
+    virtual void cmdPatDep_Click() = 0;
+    virtual void cmdPix_Click() = 0;
+    [[nodiscard]] virtual const char* deleteRefusal() const = 0;
+    /// Lists that stand beside the patients'.
+    virtual void showQueues() {}
+    /// After a save: another dependant, or an empty form.
+    virtual void saveFinished() { ClearPatientForm(); }
+
+    // -- what both work with --
+    [[nodiscard]] bool isPrivate() const { return client_.isPrivate(); }
+    [[nodiscard]] std::string fullName() const;
+    /// A name as it is stored: without brackets, which mark keys in lists.
+    [[nodiscard]] static std::string storedName(const std::string& typed);
+    [[nodiscard]] static std::string dated(const ui::DatePicker& date);
+    void cmdAdd_Click();
+    void cmdEdit_Click();
+    void choosePhotograph() { photograph_.choose(); }
+    /// Whether the running search is the quick one while typing, which is limited to `gSearchValue` rows.
+    [[nodiscard]] bool limitedSearch() const noexcept { return quickSearch_; }
+    void ClearPatientForm();
+    void ShowTodaysRegistrations();
+    void routeThePurpose();
+    /// Refuses a private patient's clinic without a card's date, or with one that has passed; false then.
+    bool cardIsGood();
+    /// `billAccum`'s line for a fee of this patient and visit; further cells as the fee has them.
+    void addFee(const std::string& name, double amount, const std::string& revType, const core::Cells& further) const;
+    /// The fee of a client's row ("RegAmount", "CardRenewAmount"), rounded to 2 places; 0 for none.
+    [[nodiscard]] double clientFee(const db::Sql& sql, std::string_view column) const;
+    /// The class of a fee: a general one is the card's type.
+    [[nodiscard]] std::string feeClass(const std::string& patientClass) const;
+    /// The cells of a visit's row that both screens write.
+    [[nodiscard]] core::Cells visitCells() const;
+    /// The appointment of a visit for "APPOINTMENT".
+    void writeAppointment();
+
+    bool editMode_ = false;
+    bool addMode_ = false;
+    bool rowLoading_ = false;
+    bool dependantMode_ = false;
+    std::string currentPNo_;
+    std::string consultId_;
+    std::string principalPNo_;
+    std::string patCatLoaded_;
+    std::string defaultClass_ = "(GENERAL)";
+
+private:
+    struct Reference {
+        std::string code, name;
+    };
+    enum class Saved { no, yes };
+
+    // Lists and picks.
+    void bindEvents();
+    void placeOnPages();
+    void fillFixedLists();
+    void LoadLookups();
+    void cboPat_Click();
+    void cboClient_Click();
+    void cboCard_Click();
+    void cboFile_Click();
+    void cboMat_Click();
+    void cboIntro_Click();
+    void chkReg_Click();
+    void dtDate_Change();
+    void txtAge_Change();
+    void lblDebt_DblClick();
+
+    // Finding.
+    void find(SearchKind kind);
+    void showSearch(SearchKind kind);
+    void txtName_Change();
+    void grdData_DblClick();
+    void LoadPatientFromGrid();
+    void showClientOfRow();
+    static void showInList(ui::ComboBox& list, const std::string& text);
+    [[nodiscard]] std::optional<db::DateTime> dateOfRow(std::string_view column) const;
+    void txtsurNAme_LostFocus();
+    void cmdAttend_Click();
+
+    // Commands.
+    void showBrowsing(bool browsing);
+    void cmdCancel_Click();
+    void cmdRefresh_Click();
+    void cmdDel_Click();
+    void deleteLoaded(const std::string& pno);
+    void cmdRenew_Click();
+    void cmdPlan_Click();
+    void cmdANC_Click();
+    void cmdComm_Click();
+
+    // Saving.
+    void OKButton_Click();
+    [[nodiscard]] Saved save();
+    [[nodiscard]] Saved saveEdited();
+    [[nodiscard]] Saved saveNew();
+    [[nodiscard]] core::Cells patientCells() const;
+    [[nodiscard]] core::Cells newPatientCells() const;
+    bool NewPatientNumber();
+    bool NewConsultId();
+    void PostCardRenewalFee();
+    void auditEdit() const;
+    void queueMessage(const std::string& extra);
+    void afterSave();
+
+    Photograph photograph_;
+    ClientPick client_;
+    Reference old_;  ///< the client as it was loaded
+    std::string introducedById_;
+    bool filling_ = false;  ///< a row is being shown: its picks fill in no defaults
+    bool quickSearch_ = false;
+    std::string title_;   ///< the caption while no patient is shown
+    int searchTurn_ = 0;  ///< a keystroke during the wait of an earlier one starts it afresh
+};
+
+}  // namespace registration

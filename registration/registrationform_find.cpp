@@ -1,0 +1,162 @@
+#include <algorithm>
+
+#include "core/utility.h"
+#include "registration/frmverify.h"
+#include "registration/registrationform.h"
+
+namespace registration {
+
+using db::operator""_sql;
+
+void RegistrationForm::find(SearchKind kind) {
+    if (core::trimmed(txtName.text()).empty()) {
+        const char* prompts[] = {"To locate a patient, Enter few Letters and click OK Button",
+                                 "To locate a patient, Enter Card No and click 'Card No' Button", sysPrompt()};
+        return refuse(prompts[static_cast<std::size_t>(kind)], txtName);
+    }
+    trapped([&] { showSearch(kind); });
+}
+
+void RegistrationForm::showSearch(SearchKind kind) {
+    const auto text = core::trimmed(txtName.text());
+    if (text.empty()) return;
+    showFound(grdData, lblFound, search(kind, text), {"Surname", "expired", "coyname"});
+}
+
+/// Searches while the nurse types. Digits of a number fire no search by name, and each keystroke starts the wait anew.
+void RegistrationForm::txtName_Change() {
+    const int turn = ++searchTurn_;
+    const auto& text = txtName.text();
+    if (text.empty()) {
+        grdData.clear();
+        return lblFound.setCaption("0 Records Found");
+    }
+    if (text.size() < 3 || text.find_first_of("10") != std::string::npos) return;
+    const std::chrono::milliseconds wait(session().gSearchWaitTime);
+    core::WaitWithEvents(place(), wait, {[&] { return turn != searchTurn_; }});
+    if (turn != searchTurn_) return;
+    setCaption("Retrieving data...Please wait");
+    desktop().flushChanges();
+    quickSearch_ = true;
+    trapped([this] { showSearch(SearchKind::name); });
+    quickSearch_ = false;
+    setCaption(title_);
+}
+
+void RegistrationForm::ShowTodaysRegistrations() {
+    const auto today = session().gServerDate.date();
+    showFound(grdData, lblFound,
+              hospital().read("select  * from vwhpatients where RegDate='"_sql + today + "' order by fullname"),
+              {"expired", "coyname"});
+}
+
+void RegistrationForm::grdData_DblClick() {
+    if (grdData.row() < 0) return;
+    rowLoading_ = true;
+    LoadPatientFromGrid();
+    cmdPatDep.setEnabled(true);
+    cmdEdit_Click();
+    core::ShowAncInfo(place(), currentPNo_);
+    core::RefreshDebtInfo(place(), currentPNo_);
+}
+
+/// Fills every field from the row; no pick fills in its defaults meanwhile, so that the patient can be saved at once.
+void RegistrationForm::LoadPatientFromGrid() {
+    const auto& grid = grdData;
+    const auto text = [&](const char* column) { return grid.text(column); };
+    filling_ = true;
+    currentPNo_ = text("pno");
+    setCaption(text("FullName"));
+    const std::pair<ui::TextBox*, const char*> boxes[] = {{&txtSupp, "pno"},
+                                                          {&txtOLD, "oldPno"},
+                                                          {&txtsurNAme, "Surname"},
+                                                          {&txtfirstNAme, "Firstname"},
+                                                          {&txtHomeAddress, "homeAddress"},
+                                                          {&txtOfficeAddress, "OfficeAddress"},
+                                                          {&txtPhone, "PhoneNo"},
+                                                          {&txtEmail, "email"},
+                                                          {&txtEmp, "empNo"},
+                                                          {&txtOccu, "occupation"},
+                                                          {&txtKin, "nextOfKin"},
+                                                          {&txtNOKPhone, "nokPhone"},
+                                                          {&txtKinAddress, "kinAddress"},
+                                                          {&txtAdmitLimit, "AdmissionDaysLimit"}};
+    for (const auto& [box, column] : boxes) box->setText(text(column));
+    const std::pair<ui::ComboBox*, const char*> lists[] = {
+        {&cboTitle, "title"},          {&txtSex, "Sex"},           {&cboArea, "Area"},     {&cboCard, "CardType"},
+        {&cboMStatus, "Marital"},      {&txtBG, "bloodGroup"},     {&txtGeno, "genotype"}, {&cboStatus, "religion"},
+        {&txtKinRel, "relationToKin"}, {&cboIntro, "introducedBy"}};
+    for (const auto& [list, column] : lists) showInList(*list, text(column));
+    if (!text("fileDuration").empty()) showInList(cboFile, text("fileDuration"));
+    if (!text("Maturity").empty()) showInList(cboMat, text("Maturity"));
+    showInList(CboRef, text("ref").empty() ? "NO" : text("ref"));
+    showInList(cboRefHmo, text("HmoRef").empty() ? "NO" : text("HmoRef"));
+    showInList(cboNew, text("newReg") == "YES" ? "NEW" : "EXISTING");
+    dtDate.setValue(dateOfRow("DOB"));
+    dtDate_Change();
+    dtRegDate.setValue(dateOfRow("regDate"));
+    dtExpDate.setValue(dateOfRow("ExpiryDate"));
+    patCatLoaded_ = text("patcat");
+    introducedById_ = text("introducedBy");
+    showClientOfRow();
+    filling_ = false;
+    cmdANC.setEnabled(session().gModuleRole == "NURSING" && text("Sex") == "FEMALE");
+    photograph_.load(currentPNo_);
+}
+
+std::optional<db::DateTime> RegistrationForm::dateOfRow(std::string_view column) const {
+    const auto text = grdData.text(column);
+    return text.empty() ? std::optional<db::DateTime>() : db::Value(text).moment();
+}
+
+void RegistrationForm::showClientOfRow() {
+    const auto id = grdData.text("coyname");
+    const auto name = grdData.text("Client");
+    auto& variables = session();
+    variables.gClientRetainID = id;
+    variables.gClientName = name;
+    variables.gBillingCat = grdData.text("BillingCat");
+    variables.gClientType = grdData.text("coyType");
+    old_ = {id, name};
+    if (!name.empty()) showInList(cboPat, core::entryText(name, id));
+    if (!variables.gBillingCat.empty()) {
+        client_.offerCategoriesOf(id);
+        showInList(cboClient, variables.gBillingCat);
+    }
+    if (isManagedCare(variables.gBillingCat)) client_.loadPlans();
+    showInList(txtPolicy, grdData.text("policyType"));
+}
+
+void RegistrationForm::showInList(ui::ComboBox& list, const std::string& text) {
+    list.clearText();
+    if (text.empty()) return;
+    const auto& items = list.items();
+    if (std::none_of(items.begin(), items.end(), [&](const ui::ListItem& item) { return item.text == text; }))
+        list.add(text);  // an entry of an older list stays what it was
+    list.setText(text);
+}
+
+/// Warns of a namesake and blocks nothing.
+void RegistrationForm::txtsurNAme_LostFocus() {
+    const auto surname = core::trimmed(txtsurNAme.text());
+    if (surname.empty()) return;
+    auto same = hospital().read(
+        "select distinct psurname as Surname,pfirstname as Firstname,pno as NewFileNo,oldpno as [Old FileNo],homeAddress from hpatients where psurname = '"_sql +
+        core::quotesDoubled(surname) + "'");
+    if (same.empty()) return;
+    message("One or more Surnames match !!! Please Confirm for Duplicates");
+    desktop().show("frmVerify");
+    if (auto* verify = dynamic_cast<frmVerify*>(desktop().loaded("frmVerify"))) verify->show(std::move(same));
+}
+
+void RegistrationForm::cmdAttend_Click() {
+    const auto pno = core::trimmed(txtSupp.text());
+    if (pno.empty()) return message("No Patient! Please select a Patient");
+    trapped([&] {
+        grdAttend.bind(hospital().read(
+            "select distinct recDate as Date,htime as AttendTime,FullName,ClinicType as Clinic,Remarks as Purpose,RetainName as Company,ConsultID from vwhRecords where pno='"_sql +
+            pno + "' order by RecDate desc"));
+    });
+}
+
+}  // namespace registration

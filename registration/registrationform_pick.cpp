@@ -1,0 +1,132 @@
+#include <cmath>
+
+#include "billing/billlines.h"
+#include "core/utility.h"
+#include "registration/cards.h"
+#include "registration/registrationform.h"
+
+namespace registration {
+
+void RegistrationForm::cboPat_Click() {
+    if (filling_ || !client_.pickClient()) return;
+    dtExpDate.setValue({});
+    if (isPrivate()) {
+        cboFile.setText("ONE YEAR");
+        cboClient.setText("PRIVATE");
+        txtEmp.setText("NIL");
+        txtPolicy.setText("NIL");
+        CboRef.setText("YES");
+        cboRefHmo.setText("NO");
+    } else {
+        for (auto* list : {&cboFile, &cboClient, &txtPolicy, &CboRef, &cboRefHmo}) list->setIndex(-1);
+        txtEmp.clear();
+    }
+    cboCard.setText("SINGLE");
+}
+
+void RegistrationForm::cboClient_Click() {
+    if (filling_) return;
+    client_.pickCategory();
+    if (!cboClient.text().empty()) categoryPicked();
+}
+
+/// A family's card leads to dependants at once.
+void RegistrationForm::cboCard_Click() {
+    if (!filling_ && !editMode_ && cboCard.text() == "FAMILY") dependantMode_ = true;
+}
+
+void RegistrationForm::cboFile_Click() {
+    if (filling_ || rowLoading_ || cboFile.index() < 0) return;
+    const auto today = place().now().date();
+    dtExpDate.setValue({});
+    if (editMode_) return;  // the nurse sets the date of an existing card by hand
+    if (cboFile.text() == "ONE YEAR" && dtRegDate.value()) dtExpDate.setValue(dtRegDate.value()->plusMonths(12));
+    if (cboFile.text() == "TILL END OF YEAR") dtExpDate.setValue(db::DateTime::of(today.parts().year, 12, 31));
+}
+
+void RegistrationForm::cboMat_Click() {
+    if (filling_) return;
+    if (cboMat.text() == "NEONATE")
+        cboClin.setText("(IN-PATIENT)");
+    else
+        cboClin.clearText();
+}
+
+void RegistrationForm::cboIntro_Click() {
+    introducedById_ = core::entryOf(cboIntro.text()).key;
+}
+
+void RegistrationForm::chkReg_Click() {
+    if (chkReg.checked() && !mayTakeAttendance()) {
+        chkReg.setChecked(false);
+        return message("Only FrontDesk Module can take Attendance! Edit Allowed");
+    }
+    fraAttd.setEnabled(chkReg.checked());
+}
+
+void RegistrationForm::dtDate_Change() {
+    txtAge.setText(dtDate.value() ? core::AgeText(*dtDate.value(), place().now().date()) : std::string());
+}
+
+/// A number of years makes a birth date while a patient is added; the age then shows in words.
+void RegistrationForm::txtAge_Change() {
+    const auto years = db::parseInteger(txtAge.text());
+    if (!addMode_ || !years || *years < 0 || *years > 150) return;
+    dtDate.setValue(place().now().date().plusMonths(static_cast<int>(-12 * *years)));
+}
+
+void RegistrationForm::lblDebt_DblClick() {
+    if (editMode_) return message("Debt Information Cannot be Edited Here! Only Carry Over Debt can be Entered");
+    const auto answer = desktop().askInput("Carry Over Debt", "Debt", "0");
+    if (!answer) return;
+    session().gPatientBalance = db::Value(*answer).number();
+    lblDebt.setCaption(core::moneyText(session().gPatientBalance));
+}
+
+void RegistrationForm::routeThePurpose() {
+    if (filling_) return;
+    routePurpose(place(), cboPurpose.text(), session().gClientRetainID, consultPrice());
+    if (!cboPurpose.text().empty()) purposePicked();
+}
+
+bool RegistrationForm::cardIsGood() {
+    cmdRenew.setEnabled(false);
+    if (!isPrivate()) return true;
+    if (!dtExpDate.value()) {
+        cboClin.clearText();
+        refuse(" Please Specify Expiration Date for this Private Patient", dtExpDate);
+        return false;
+    }
+    if (!cardExpired(session(), dtExpDate.value())) return true;
+    cboClin.clearText();
+    refuseExpiredCard(place(), core::trimmed(txtSupp.text()), cmdRenew);
+    return false;
+}
+
+void RegistrationForm::addFee(const std::string& name, double amount, const std::string& revType,
+                              const core::Cells& further) const {
+    billing::addServiceLine(hospital(),
+                            {.date = session().gServerNow.date(),
+                             .name = name,
+                             .amount = amount,
+                             .pno = core::trimmed(txtSupp.text()),
+                             .consultID = consultId_,
+                             .conID = billing::classValue(feeClass(defaultClass_)),
+                             .coyName = session().gClientRetainID,
+                             .billTo = client_.retainCode(),
+                             .revType = revType},
+                            further);
+}
+
+std::string RegistrationForm::feeClass(const std::string& patientClass) const {
+    const bool general = patientClass == "GENERAL" || patientClass == "OUT-PATIENT" || patientClass == "(GENERAL)";
+    const bool ofCard = cboCard.text() == "SINGLE" || cboCard.text() == "FAMILY";
+    return general && ofCard ? cboCard.text() : patientClass;
+}
+
+double RegistrationForm::clientFee(const db::Sql& sql, std::string_view column) const {
+    const auto rows = hospital().read(sql);
+    return rows.empty() ? 0 : std::round(rows[column].numberOr(0) * 100) / 100;
+}
+
+}  // namespace registration

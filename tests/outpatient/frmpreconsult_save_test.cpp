@@ -1,0 +1,251 @@
+#include "tests/outpatient/preconsult.h"
+
+using namespace db::literals;
+
+namespace test {
+namespace {
+
+TEST_F(PreConsult, ChecksComeInOrderAndThePlaceToMendGetsTheCursor) {
+    struct Case {
+        const char* says;
+        const char* field;
+        std::function<void()> mend;
+    };
+    const Case cases[] = {
+        {" Consultation ID is needed for this Patient !!! see Records", "", [&] { set("cboVehNo", adaWaits); }},
+        {" please specify Name of Doctor", "CboRef", [&] { set("CboRef", "Zainab Audu [D2]"); }},
+        {"Please select a valid Patient Name", "cboVehNo",
+         [&] {
+             set("cboVehNo", adaWaits);
+             set("cboType", "");
+         }},
+        {"Please select Clinic", "cboType", [&] { set("cboType", "EYE"); }},
+        {" please specify Temp of Patient", "txtTemp", [&] { set("txtTemp", "0"); }},
+        {"please specify Pressure of Patient or Enter zero", "txtPressure", [&] { set("txtPressure", "0"); }},
+        {"please specify second Pressure Value of Patient or Enter zero", "txtPressure2",
+         [&] { set("txtPressure2", "0"); }},
+        {"please specify Pulse of Patient or Enter zero", "txtPause", [&] { set("txtPause", "0"); }},
+        {"please specify Respiratory Ratio of Patient or Enter zero", "txtResp", [&] { set("txtResp", "0"); }},
+        {"please specify Height of Patient or Enter zero", "txtHt", [&] { set("txtHt", "0"); }},
+        {"please specify Weight of Patient or Enter zero", "txtWt", [&] { set("txtWt", "0"); }},
+    };
+    const auto before = rows();
+    fire("cmdAdd");
+    for (const auto& [says, field, mend] : cases) {
+        // A fresh list takes the picked entry away, as only the name's own check sees.
+        if (std::string(field) == "cboVehNo") set("chkAll", true);
+        hospital.forget();
+        hospital.expectMessage(says);
+        fire("OKButton");
+        EXPECT_EQ(focus(), *field ? "frmPreConsult." + std::string(field) : "") << says;
+        EXPECT_TRUE(hospital.log().empty()) << says;
+        mend();
+    }
+    hospital.answer("no");
+    fire("OKButton");
+    EXPECT_EQ(hospital.boxes().back().text, "Are you sure to save");
+    EXPECT_EQ(hospital.boxes().back().title, "Check before save");
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(screen().txtWt.text(), "0");
+    save("Record Succesfully saved");
+    EXPECT_EQ(hospital.value("select Pressure from hPreConsult"_sql), db::Value("0/0"));
+}
+
+TEST_F(PreConsult, ASaveWritesTheReadingsTheirTwinTheFeeAndThePassingOn) {
+    take(adaWaits);
+    hospital.sources.clock().stopAt(db::DateTime::of(2026, 11, 25, 0, 1, 59));
+    hospital.forget();
+    save("Record Succesfully saved");
+    EXPECT_EQ(
+        hospital.dump("select ID, preDate, preTime, PNo, examinedby, Remarks, temp, Pressure, pulse, Weight, Height, "
+                      "urineAlb, urineSug, respRatio, clientCat, consultID, Status, SPO2, RBS, Positioning, Stool, "
+                      "Urine, Sdrainage, Comment from hPreConsult"_sql),
+        "1|25-Nov-2026|00:01:00|P1|E001|OUT-PATIENT|36.8|120/80|72|64.5|1.68|NIL|+|18|HMO|C1|HEADACHE|98|5.4|Sitting|"
+        "null|null|null|null\n");
+    EXPECT_EQ(
+        hospital.dump("select ID, consultID, preDate, preTime, temp, Pressure1, Pressure2, pulse, Weight, Height, "
+                      "respRatio from hPreConsultChart"_sql),
+        "1|C1|25-Nov-2026|00:01:00|36.8|120|80|72|64.5|1.68|18\n");
+    EXPECT_EQ(
+        hospital.dump("select dtDate, drgName, Price, Qty, SubTotal, PNo, consultID, billType, conID, CoyName, BillTo, "
+                      "attendedto, isbilled, revType, AppVersion from billAccum"_sql),
+        "25-Nov-2026|NURSING FEE|0|1|0|P1|C1|SERVICE|null|0007|AXM|0|0|CONSULTATION|7\n");
+    EXPECT_EQ(
+        hospital.dump("select attendedto, attendedToByNurse, PatVal, DocAssigned, clinicType, attendedtoByDoc from "
+                      "hRecords where consultID='C1'"_sql),
+        "1|1|1|D1|GENERAL|0\n");
+    EXPECT_EQ(hospital.dump("select consultID, ServicePoint, EntryOrExit from hPatientsTimeline"_sql),
+              "C1|VITALS|null\n");
+    EXPECT_EQ(
+        hospital.dump(
+            "select userName, userAction, ActionDate, ActionTime, TranCode, Remarks, Src from hAuditTrail"_sql),
+        "nurse|Insert Vitals of: Obi Ada Mrs @24-Nov-2026 08:15:00 GENERAL |25-Nov-2026|00:01:00|C1|By Nurse|WARD-3: "
+        "from NURSING\n");
+    for (const char* statement :
+         {"select * from hPreconsult where 1=2", "select top 1 ID from hPreconsult order by ID desc",
+          "select *  from billAccum where 1=2",
+          "Update hrecords set  attendedto=1,attendedtoByNurse=1,PatVal = 1,DocAssigned='D1',clinicType='GENERAL' "
+          "where consultID = 'C1'"})
+        EXPECT_TRUE(ran(statement)) << statement;
+}
+
+TEST_F(PreConsult, AfterASaveTheScreenWaitsForTheNextPatient) {
+    saveOne();
+    EXPECT_TRUE(screen().cmdAdd.visible() && screen().cmdRefresh.visible());
+    EXPECT_FALSE(screen().OKButton.visible() || screen().cboVehNo.enabled() || screen().txtTemp.enabled());
+    for (const auto& field : typed) EXPECT_EQ(text(field.first), "") << field.first;
+    EXPECT_EQ(text("cboVehNo") + text("CboRef") + text("cboType"), "");
+    EXPECT_EQ(screen().Label5.caption(), "Vital Signs");
+    EXPECT_EQ(screen().lblBill.caption() + screen().lblNo.caption() + screen().lblRem.caption(), "");
+    EXPECT_EQ(screen().caption(), "Vital Signs: 1");
+    EXPECT_EQ(screen().grdData.text("FullName"), "Obi Ada");
+    for (const auto& column : shown()["controls"]["grdData"]["columns"])
+        EXPECT_EQ(column["visible"], column["name"] != "ID" && column["name"] != "PNo") << column["name"];
+    EXPECT_EQ(screen().grdDoc.text("DocName") + screen().grdDoc.text("NumOfPat"), "Ojo Tunde1");
+    // Ada has left the list; Show All still has her, and a second set is a second row and a second line.
+    fire("cmdAdd");
+    EXPECT_EQ(texts(screen().cboVehNo), (std::vector<std::string>{"", musaWaits}));
+    fire("cmdCancel");
+    set("chkAll", true);
+    take(adaWaits);
+    save("Record Succesfully saved");
+    EXPECT_EQ(hospital.dump("select ID from hPreConsultChart where consultID='C1'"_sql), "1\n2\n");
+    EXPECT_EQ(hospital.value("select count(*) from billAccum where drgName='NURSING FEE'"_sql), db::Value(2));
+    EXPECT_FALSE(screen().chkAll.checked());
+    EXPECT_EQ(screen().grdData.text("ID"), "2") << "what was just saved can be corrected at once";
+}
+
+TEST_F(PreConsult, ACorrectionOverwritesTheRowAndItsTwin) {
+    saveOne();
+    hospital.sources.clock().stopAt(db::DateTime::of(2026, 11, 25, 8, 0));
+    fire("cmdEdit");
+    EXPECT_EQ(texts(screen().cboVehNo), std::vector<std::string>{"Obi Ada [C1]"});
+    EXPECT_EQ(screen().Label5.caption(), "Obi Ada");
+    EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(2026, 11, 24));
+    for (const auto& [field, reading] : typed)
+        EXPECT_EQ(text(field), field == std::string("txtRem") ? "OUT-PATIENT" : core::trimmed(reading)) << field;
+    EXPECT_EQ(text("cboVehNo") + text("cboType") + text("CboRef"), "Obi Ada [C1]GENERAL");
+    EXPECT_FALSE(screen().chkAll.enabled());
+    set("txtTemp", "37.2");
+    set("txtPressure2", "85");
+    set("CboRef", "Zainab Audu [D2]");
+    set("cboType", "O'CLOCK");
+    hospital.forget();
+    save("Record Succesfully updated");
+    EXPECT_EQ(
+        hospital.dump("select preDate, preTime, temp, Pressure, Remarks, Status, Positioning from hPreConsult"_sql),
+        "25-Nov-2026|09:30:00|37.2|120/85|OUT-PATIENT|HEADACHE|Sitting\n");
+    EXPECT_EQ(
+        hospital.dump("select ID, consultID, preDate, preTime, temp, Pressure1, Pressure2, pulse, Weight, Height, "
+                      "respRatio from hPreConsultChart"_sql),
+        "1|C1|24-Nov-2026|09:30:00|37.2|120|85|72|64.5|1.68|18\n")
+        << "the date of the screen, and the time of the session's last clock reading";
+    EXPECT_EQ(hospital.dump("select DocAssigned, clinicType from hRecords where consultID='C1'"_sql), "D2|O'CLOCK\n");
+    EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql), db::Value(1))
+        << "a correction is no second service";
+    EXPECT_EQ(hospital.value("select top 1 userAction from hAuditTrail order by SNo desc"_sql),
+              db::Value("Edit Vitals of: Obi Ada"));
+    for (const char* statement : {"select consultID from hconsulting where consultID='C1'",
+                                  "select * from hPreconsult where ID=1", "Delete From hPreConsultChart where ID=1",
+                                  "Update hrecords set  attendedto=1,attendedtoByNurse=1,PatVal = 1,"
+                                  "DocAssigned='D2',clinicType='O''CLOCK' where consultID = 'C1'"})
+        EXPECT_TRUE(ran(statement)) << statement;
+    EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(2026, 11, 24)) << "the workstation's today";
+}
+
+TEST_F(PreConsult, ReadingsThatADoctorUsedAreNotCorrectedButGoWhenDeleted) {
+    saveOne();
+    hospital.execute("insert into hConsulting (consultID, PNo, CDate) values ('C1', 'P1', '24-Nov-2026')"_sql);
+    correct("Tunde Ojo [D1]");
+    set("txtTemp", "40");
+    const auto before = rows();
+    save("Cannot Edit this record! Already used by Doctor for Consultation");
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(screen().txtTemp.text(), "40");
+    EXPECT_TRUE(screen().OKButton.visible());
+    fire("cmdCancel");
+
+    hospital.answer("no");
+    fire("cmdDel");
+    EXPECT_EQ(hospital.boxes().back().text, "Are you sure to Delete Record");
+    EXPECT_EQ(hospital.boxes().back().title, "Delete");
+    EXPECT_EQ(rows(), before);
+    hospital.answer("yes");
+    hospital.expectMessage(" Record successfully deleted ");
+    fire("cmdDel");
+    EXPECT_TRUE(ran("delete from hpreconsult where id =1"));
+    EXPECT_EQ(hospital.dump("select * from hPreConsult"_sql), "");
+    EXPECT_EQ(hospital.dump("select ID from hPreConsultChart"_sql), "1\n") << "the twin stays";
+    EXPECT_EQ(hospital.value("select attendedto from hRecords where consultID='C1'"_sql), db::Value(1));
+    EXPECT_EQ(screen().caption(), "Vital Signs:");
+}
+
+TEST_F(PreConsult, AFaultAtAnyWriteLeavesTheRowsAndTheScreenAsTheyWere) {
+    saveOne(musaWaits);
+    struct Case {
+        const char* name;
+        std::function<void()> prepare;
+        int writes;
+    };
+    const Case cases[] = {{"add", [&] { take(adaWaits); }, 5}, {"correct", [&] { correct("Zainab Audu [D2]"); }, 4}};
+    for (const auto& [name, prepare, writes] : cases) {
+        const auto before = rows();
+        prepare();
+        const auto screenBefore = shown();
+        for (int write = 1; write <= writes; ++write) {
+            hospital.failWrite(write);
+            hospital.answer("yes");
+            hospital.expectMessage("Injected failure");
+            fire("OKButton");
+            EXPECT_EQ(rows(), before) << name << ", write " << write;
+            EXPECT_EQ(shown(), screenBefore) << name << ", write " << write;
+        }
+        fire("cmdCancel");
+    }
+    // What follows the commit cannot take the readings back.
+    take(adaWaits);
+    hospital.failStatement("SpAudiTrail");
+    hospital.answer("yes");
+    hospital.expectMessage("Record Succesfully saved");
+    hospital.expectMessage("Injected failure");
+    fire("OKButton");
+    EXPECT_EQ(hospital.value("select count(*) from hPreConsult where consultID='C1'"_sql), db::Value(1));
+    EXPECT_TRUE(screen().cmdAdd.visible());
+}
+
+TEST_F(PreConsult, ARowThatSomebodyDeletedMeanwhileIsNotWrittenAgain) {
+    saveOne();
+    correct("Tunde Ojo [D1]");
+    hospital.execute("delete from hPreConsult"_sql);
+    const auto before = rows();
+    save("Either BOF or EOF is True, or the current record has been deleted.");
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(screen().txtTemp.text(), "36.8");
+}
+
+TEST_F(PreConsult, HostileTextsAreStoredAsTheyAreOrRefusedWhole) {
+    const std::string hostile = "O'Brien]; drop table [x]-- \xF0\x9F\xA9\xBA \xD7\xA9\xD7\x9C";
+    take(adaWaits);
+    set("txtAlb", hostile);
+    set("cboPosition", hostile);
+    save("Record Succesfully saved");
+    EXPECT_EQ(hospital.dump("select urineAlb, Positioning from hPreConsult"_sql), hostile + "|" + hostile + "\n");
+
+    const auto before = rows();
+    const std::string endless(10000, '7');
+    take(musaWaits);
+    for (const char* field : {"txtTemp", "txtPressure", "txtPressure2", "txtHt", "txtAlb", "txtSPO2", "cboPosition"}) {
+        const std::string kept = text(field);
+        set(field, endless);
+        hospital.answer("yes");
+        hospital.expectMessage("String or binary data would be truncated.");
+        fire("OKButton");
+        EXPECT_EQ(rows(), before) << field;
+        EXPECT_EQ(text(field), endless) << field;
+        set(field, kept);
+    }
+    save("Record Succesfully saved");
+}
+
+}  // namespace
+}  // namespace test

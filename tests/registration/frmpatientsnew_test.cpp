@@ -1,0 +1,390 @@
+#include "tests/registration/registration.h"
+
+using namespace db::literals;
+
+namespace test {
+namespace {
+
+class PatientsNew : public Registration {
+protected:
+    PatientsNew() : Registration("frmPatientsNew") {}
+};
+
+TEST_F(PatientsNew, ChecksComeInOrderAndThePlaceToMendGetsTheCursor) {
+    struct Case {
+        const char* says;
+        const char* title;
+        const char* field;
+        std::function<void()> mend;
+    };
+    session().gAdmissionLimitExists = "YES";
+    const Case cases[] = {
+        {"Specify if Registration is new OR Existing", "", "cboNew", [&] { set("cboNew", "NEW"); }},
+        {"Specify Patient Title/Salutation", "", "cboTitle", [&] { set("cboTitle", "MR"); }},
+        {" Company Name cannot be empty", "", "cboPat", [&] { set("cboPat", "Nobody"); }},
+        {" Select Company Name", "Empty Company Code not Allowed", "cboPat",
+         [&] {
+             set("cboPat", "Axa Mansard [0007]");
+             session().gClientRetainID = "12345678";
+         }},
+        {" Re-Select Company Name", "Invalid Company Code", "cboPat",
+         [&] {
+             session().gClientRetainID = "1234567";
+             set("cboClient", "HMO");
+         }},
+        {"HMO Enrolle No Needed", "", "txtEmp", [&] { set("txtEmp", "77"); }},
+        {"Specify Maximum No of hrs to Stay in Admission, if Admitted! (AdmissionLimit) Enter zero if Unlimited", "",
+         "txtAdmitLimit",
+         [&] {
+             set("txtAdmitLimit", "0");
+             set("cboCard", "");
+         }},
+        {" Card Category cannot be empty", "", "cboCard",
+         [&] {
+             set("cboCard", "SINGLE");
+             session().gClientRetainID = "0001";
+             set("dtExpDate", nullptr);
+         }},
+        {" Please Specify Expiration Date for this Private Patient", "", "dtExpDate",
+         [&] {
+             set("dtExpDate", "2026-11-24");
+             set("dtRegDate", nullptr);
+         }},
+        {" Please Specify Date Patient Registered", "", "dtRegDate", [&] { set("dtRegDate", "2026-11-24"); }},
+        {" Patient Maturity  Cannot be Blank", "", "cboMat", [&] { set("cboMat", "ADULT"); }},
+        {"Fee for Service Field  Cannot be Blank", "", "CboRef",
+         [&] {
+             set("CboRef", "NO");
+             set("cboRefHmo", "");
+         }},
+        {"HMO Referal Field  Cannot be Blank", "", "cboRefHmo", [&] { set("cboRefHmo", "NO"); }},
+        {"Specify Patient Residential Area", "", "cboArea", [&] { set("cboArea", "Ikeja"); }},
+        {" Surname cannot be empty", "", "txtsurNAme", [&] { set("txtsurNAme", "x"); }},
+        {" Firstname cannot be empty", "", "txtfirstNAme",
+         [&] {
+             set("txtfirstNAme", "y");
+             set("cboClient", "");
+         }},
+        {"Billing Cat (Client Tariff) cannot be empty", "", "cboClient", [&] { set("cboClient", "HMO"); }},
+        {"Patient's Phone No Required! 11 Digits Onlt!! GSM Only. eg 08031234567", "", "txtPhone",
+         [&] { set("txtPhone", "1"); }},
+        {"Next of Kin Required", "", "txtKin", [&] { set("txtKin", "k"); }},
+        {"Next of Kin Phone No Required", "", "txtNOKPhone", [&] { set("txtNOKPhone", "2"); }},
+    };
+    fire("cmdAdd");
+    const auto before = rows();
+    for (const auto& [says, title, field, mend] : cases) {
+        hospital.forget();
+        hospital.expectMessage(says, title);
+        fire("OKButton");
+        EXPECT_EQ(focus(), "frmPatientsNew." + std::string(field)) << says;
+        EXPECT_TRUE(screen().OKButton.enabled());
+        mend();
+    }
+    hospital.answer("no");
+    fire("OKButton");
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(screen().txtNOKPhone.text(), "2") << "nothing is lost";
+    session().gClientRetainID = "0007";
+    save();
+    EXPECT_EQ(hospital.value("select count(*) from hPatients"_sql).int32(), 1);
+}
+
+TEST_F(PatientsNew, ANewPrivatePatientIsStoredWithFeeAndNumbers) {
+    type();
+    EXPECT_EQ(screen().dtExpDate.value(), db::DateTime::of(2027, 11, 24)) << "a year from the registration";
+    hospital.forget();
+    save();
+    EXPECT_EQ(
+        hospital.dump("select PNo, OldPNo, Title, psurname, pfirstName, homeAddress, Area, pPhoneNo, DOB, sex, "
+                      "Maturity, ref, HMORef, clientCatID, coyType, CoyName, empNo, PolicyType, CardType, "
+                      "fileduration, regDate, expirydate, genotype, nextOfKin, NOKPhone, relationToKin, "
+                      "AdmissionDaysLimit, Principal, pCatID, username, NewReg, Debt, introducedby from hPatients"_sql),
+        "000000001/001|A/12|MRS|O'BRIEN X|ADA|3 Palm St|Ikeja|08031234567|01-May-1990|FEMALE|ADULT|YES|NO|PRIVATE|"
+        "PRIVATE|0001|NIL|NIL|SINGLE|ONE YEAR|24-Nov-2026|24-Nov-2027|AS|Tunde|0809|HUSBAND|0|000000001/001|"
+        "PRINCIPAL|E001|YES|null|null\n");
+    EXPECT_EQ(hospital.dump("select dtDate, drgName, Price, SubTotal, Qty, PNo, consultID, billType, conID, Category, "
+                            "attendedto, suppres, Capitated, isbilled, CoyName, BillTo, revType from billAccum"_sql),
+              "24-Nov-2026|REGISTRATION|5000|5000|1|000000001/001|001000000001|SERVICE|null|REGISTRATION|0|0|NO|0|0001|"
+              "PRIVATE|REGISTRATION\n");
+    EXPECT_TRUE(ran("select RegAmount from hRetainership where retainID='0001'"));
+    EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql).int32(), 0) << "a nurse takes no attendance here";
+    EXPECT_EQ(hospital.dump("select userAction, TranCode from hAuditTrail"_sql),
+              "Reg Fee for O'BRIEN X ADA|001000000001\nInsert Reg for O'BRIEN X ADA|000000001/001\n");
+    EXPECT_EQ(screen().txtsurNAme.text(), "");
+    EXPECT_TRUE(screen().cmdAdd.visible());
+    EXPECT_EQ(screen().lblFound.caption(), "1 Records Found");
+}
+
+TEST_F(PatientsNew, ASchemePatientKeepsNoExpiryAndPaysHisClientsFee) {
+    type("Axa Mansard [0007]");
+    set("dtExpDate", "2027-01-01");
+    set("txtAdmitLimit", "48");
+    save();
+    EXPECT_EQ(
+        hospital.dump("select clientCatID, coyType, CoyName, empNo, PolicyType, expirydate, AdmissionDaysLimit from "
+                      "hPatients"_sql),
+        "HMO|HMO|0007|E-77|Gold [1]|null|48\n");
+    EXPECT_EQ(hospital.dump("select Price, BillTo from billAccum"_sql), "750.5|AXM\n");
+}
+
+TEST_F(PatientsNew, EachFailingWriteLeavesNothingAndTheForm) {
+    const std::string failed = "Injected failure";
+    const std::string done = "Record Succesfully saved";
+    // A failed audit tells of itself and stops nothing.
+    const std::vector<std::vector<std::string>> says = {
+        {failed, "Unable to generate No!!! Function getIDNo Failed"},
+        {failed},
+        {"Unable to generate No!!! Function getIDNo Failed! ConsultID", failed},
+        {failed},
+        {failed, done},
+        {failed, done},
+    };
+    for (std::size_t n = 0; n < says.size(); ++n) {
+        type();
+        const auto before = rows();
+        const bool saves = n >= 4;
+        hospital.failWrite(static_cast<int>(n) + 1);
+        hospital.answer("yes");
+        for (const auto& text : says[n]) hospital.expectMessage(text);
+        fire("OKButton");
+        EXPECT_FALSE(hospital.failurePending()) << n;
+        EXPECT_EQ(rows() == before, !saves) << n;
+        EXPECT_EQ(screen().txtsurNAme.text(), saves ? "" : "O'BRIEN [X]") << n;
+        EXPECT_EQ(screen().txtSupp.text(), "") << n;
+        if (saves) continue;
+        EXPECT_TRUE(screen().OKButton.enabled()) << n;
+        EXPECT_EQ(screen().OKButton.caption(), "&Save");
+        fire("cmdCancel");
+    }
+    EXPECT_EQ(hospital.value("select count(distinct PNo) from hPatients"_sql).int32(), 2);
+}
+
+TEST_F(PatientsNew, AnEditWritesItsColumnsAndNoOthers) {
+    addPatient("P1");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    EXPECT_EQ(screen().caption(), "BELLO MUSA");
+    EXPECT_EQ(screen().cboPat.text(), "PRIVATE [0001]");
+    EXPECT_EQ(screen().cboClient.text(), "PRIVATE");
+    EXPECT_EQ(session().gClientRetainID, "0001");
+    EXPECT_FALSE(screen().chkReg.checked());
+    set("txtsurNAme", "garba");
+    set("cboPat", "Axa Mansard [0007]");
+    set("cboClient", "HMO");
+    set("txtEmp", "9");
+    set("CboRef", "NO");
+    set("cboRefHmo", "YES");
+    set("txtAdmitLimit", "24");
+    hospital.forget();
+    save("Record Succesfully Edited and Updated");
+    EXPECT_EQ(
+        hospital.dump("select psurname, CoyName, clientCatID, HMORef, pCatID, NewReg, username from hPatients"_sql),
+        "GARBA|0007|HMO|YES|PRINCIPAL|null|null\n");
+    EXPECT_EQ(hospital.dump("select userAction, TranCode, Remarks from hAuditTrail"_sql),
+              "Edit Reg: GARBA MUSA|P1|Changed Company from 0001:PRIVATE to 0007:Axa Mansard\n");
+    EXPECT_TRUE(ran("select * from hpatients where pNO='P1'"));
+}
+
+TEST_F(PatientsNew, SearchesAsTold) {
+    addPatient("P1");
+    struct Case {
+        const char* button;
+        const char* text;
+        const char* statement;
+        const char* found;
+    };
+    const Case cases[] = {
+        {"cmdOK", "ello", "select  * from vwhpatients where fullname like '%ello%'  order by fullname", "1"},
+        {"cmdCard", "C-P1", "select  * from vwhpatients where oldPno = 'C-P1'  order by fullname", "1"},
+        {"cmdCard", "O'K", "select  * from vwhpatients where oldPno = 'O''K'  order by fullname", "0"},
+        {"cmdSys", "080", "select  * from vwhpatients where PhoneNo like '%080%' order by fullname", "1"},
+    };
+    session().gSearchWaitTime = 1;
+    const std::string broken = "Unclosed quotation mark after the character string.";
+    for (const auto& row : cases) {
+        if (std::string(row.text) == "O'K") hospital.expectMessage(broken);  // the quick search takes it as typed
+        set("txtName", row.text);
+        hospital.forget();
+        fire(row.button);
+        EXPECT_TRUE(ran(row.statement)) << row.statement;
+        EXPECT_EQ(screen().lblFound.caption(), std::string(row.found) + " Records Found") << row.statement;
+    }
+    hospital.expectMessage(broken);
+    set("txtName", "O'K");
+    hospital.expectMessage(broken);
+    fire("cmdOK");
+    set("txtName", "");
+    hospital.expectMessage("To locate a patient, Enter few Letters and click OK Button");
+    fire("cmdOK");
+    hospital.expectMessage("To locate a patient, Enter Card No and click 'Card No' Button");
+    fire("cmdCard");
+    hospital.expectMessage("To locate a patient, Enter Patient Tel No and click 'Tel No' Button");
+    fire("cmdSys");
+}
+
+TEST_F(PatientsNew, TypingSearchesAfterTheWait) {
+    addPatient("P1");
+    session().gSearchWaitTime = 1;
+    for (const auto* nothing : {"BE", "BE1", "B0L"}) {
+        hospital.forget();
+        set("txtName", nothing);
+        EXPECT_TRUE(hospital.log().empty()) << nothing;
+    }
+    set("txtName", "BEL");
+    EXPECT_TRUE(ran("select top 20  * from vwhpatients where fullname like '%BEL%'  order by fullname"));
+    EXPECT_EQ(screen().caption(), "Patient Attendance / Registration");
+    set("txtName", "");
+    EXPECT_EQ(screen().lblFound.caption(), "0 Records Found");
+    EXPECT_EQ(screen().grdData.row(), -1);
+}
+
+TEST_F(PatientsNew, DeletesOnlyForManagementAndOnlyWithoutCare) {
+    addPatient("P1");
+    hospital.expectMessage("You dont have Permission to Reverse an Entry");
+    fire("cmdDel");
+    hospital.addUser("nurse", "MANAGEMENT");
+    hospital.answer("no");
+    fire("cmdDel");
+    hospital.execute("insert into hPreConsult (PNo) values ('P1')"_sql);
+    hospital.answer("yes");
+    hospital.expectMessage("Patient Cannot be Deleted!!! Has Vital Signs Information");
+    fire("cmdDel");
+    hospital.execute("delete from hPreConsult"_sql);
+    hospital.execute("insert into hConsulting (PNo) values ('P1')"_sql);
+    hospital.answer("yes");
+    hospital.expectMessage("Patient Cannot be Deleted!!! Has Consultation Information");
+    fire("cmdDel");
+    hospital.execute("delete from hConsulting"_sql);
+    const auto row = hospital.dump("select * from hPatients"_sql);
+    for (int n = 1; n <= 2; ++n) {
+        hospital.failWrite(n);
+        hospital.answer("yes");
+        hospital.expectMessage("Injected failure");
+        fire("cmdDel");
+        EXPECT_EQ(hospital.dump("select * from hPatients"_sql), row) << n;
+        EXPECT_EQ(hospital.dump("select * from hpatientsArchive"_sql), "") << n;
+    }
+    hospital.answer("yes");
+    hospital.expectMessage(" Record successfully deleted ");
+    fire("cmdDel");
+    EXPECT_EQ(hospital.dump("select * from hpatientsArchive"_sql), row);
+    EXPECT_EQ(hospital.dump("select * from hPatients"_sql), "");
+    EXPECT_EQ(hospital.dump("select userAction, TranCode from hAuditTrail"_sql), "Delete Patient: BELLO MUSA|P1\n");
+}
+
+TEST_F(PatientsNew, CardsAgesAndDependants) {
+    fire("cmdAdd");
+    set("dtRegDate", "2024-02-29");
+    set("cboFile", "ONE YEAR");
+    EXPECT_EQ(screen().dtExpDate.value(), db::DateTime::of(2025, 2, 28));
+    set("cboFile", "TILL END OF YEAR");
+    EXPECT_EQ(screen().dtExpDate.value(), db::DateTime::of(2026, 12, 31));
+    set("cboFile", "WHILE STILL IN SERVICE");
+    EXPECT_FALSE(screen().dtExpDate.value());
+    set("txtAge", "30");
+    EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(1996, 11, 24));
+    EXPECT_EQ(screen().txtAge.text(), "30 yrs, 0 mths and 0 days");
+    fire("cmdCancel");
+
+    addPatient("P1");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    fire("cmdPatDep");
+    EXPECT_EQ(screen().txtsurNAme.text(), "BELLO");
+    EXPECT_EQ(screen().txtfirstNAme.text(), "");
+    type();
+    set("dtExpDate", "2027-11-24");  // a card that was loaded takes its date by hand
+    hospital.answer("yes");
+    hospital.expectMessage("Record Succesfully saved");
+    hospital.answer("yes");  // any other dependant?
+    fire("OKButton");
+    EXPECT_EQ(hospital.dump("select Principal, pCatID from hPatients where PNo <> 'P1'"_sql), "P1|DEPENDANT\n");
+    EXPECT_TRUE(screen().OKButton.visible()) << "the next one is being added";
+    fire("cmdCancel");
+    hospital.execute("update hPatients set pCatID='DEPENDANT' where PNo='P1'"_sql);
+    hospital.execute("delete from hPatients where PNo<>'P1'"_sql);
+    fire("cmdRefresh");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    hospital.expectMessage("Select a Principal Patient! Cannot Add Dependants to existing Dependant!!");
+    fire("cmdPatDep");
+}
+
+TEST_F(PatientsNew, ANamesakeIsShownAndBlocksNothing) {
+    addPatient("P1");
+    fire("cmdAdd");
+    set("txtsurNAme", "bello");
+    hospital.expectMessage("One or more Surnames match !!! Please Confirm for Duplicates");
+    fire("txtsurNAme.LostFocus");
+    EXPECT_NE(place.desktop.loaded("frmVerify"), nullptr);
+    EXPECT_TRUE(
+        ran("select distinct psurname as Surname,pfirstname as Firstname,pno as NewFileNo,oldpno as [Old "
+            "FileNo],homeAddress from hpatients where psurname = 'BELLO'"));
+    set("txtsurNAme", "nobody's");
+    fire("txtsurNAme.LostFocus");
+}
+
+/// The front desk takes the attendance along with the registration.
+TEST_F(PatientsNew, TheFrontDeskTakesTheAttendanceToo) {
+    session().gModuleRole = "RECORDS";
+    type();
+    set("chkReg", true);
+    set("cboClin", "EYE");
+    set("cboPurpose", "(CONSULTATION)");
+    EXPECT_EQ(session().gConsultAmount, "3000");
+    screen().lblDebt.setCaption("1,200.50");
+    hospital.forget();
+    save();
+    EXPECT_EQ(hospital.dump(
+                  "select recDate, PNo, consultID, empID, clinicType, Remarks, htime, HMORef, referal, DocAssigned, "
+                  "suppres, attendedto, attendedtoByDoc, attendedToByNurse, BillDate, clientCat, CoyName, Debt, "
+                  "LastConsultID from hRecords"_sql),
+              "24-Nov-2026|000000001/001|001000000001|E001|EYE|(CONSULTATION)|09:30:00|NO|YES|null|0|0|0|0|24-Nov-2026|"
+              "PRIVATE|0001|0|null\n");
+    EXPECT_EQ(hospital.dump("select drgName, Price, revType, AppVersion from billAccum order by SNO"_sql),
+              "ATTENDANCE|0|CONSULTATION|7\nOPENING_BALANCE_DEBT|1200.5|CONSULTATION|7\nREGISTRATION|5000|REGISTRATION|"
+              "null\n");
+    EXPECT_EQ(hospital.dump("select LastPurpose, LastClinicVisited, LastAttndDate, LastConsultID from hPatients"_sql),
+              "(CONSULTATION)|EYE|24-Nov-2026|001000000001\n");
+    EXPECT_EQ(hospital.dump("select consultID, ServicePoint, EntryOrExit from hPatientsTimeline"_sql),
+              "001000000001|ATTENDANCE|ENTRY|EXIT\n");
+    EXPECT_EQ(hospital.dump("select Catname, Remarks2, Code from MessageOut"_sql, "SmsCenter"),
+              "ATTEND|ATTENDANCE|001000000001\n");
+}
+
+TEST_F(PatientsNew, LocksRefuseWhenTheClinicIsPicked) {
+    session().gModuleRole = "RECORDS";
+    addPatient("P1");
+    fire("grdData.DblClick");
+    hospital.execute("insert into hAdmission (PNo, consultID, wardID) values ('P1', 'C9', 'W')"_sql);
+    hospital.expectMessage("This Patient is Still On Admission!! Discharge Patient Before Attendance can be Taken",
+                           "LockAttendanceForInPatients");
+    set("cboClin", "EYE");
+    EXPECT_EQ(screen().cboClin.text(), "");
+    session().gLockAttendanceForInPatients = "NO";
+    hospital.execute("insert into hRecords (PNo, consultID, recDate) values ('P1', 'C1', '24-Nov-2026')"_sql);
+    hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor",
+                           "LockMultipleAttendnace");
+    set("cboClin", "EYE");
+    session().gLockMultipleAttendance = "NO";
+    set("dtExpDate", "2026-11-24");
+    hospital.expectMessage("Patient's Card has Expired");
+    set("cboClin", "EYE");
+    EXPECT_TRUE(screen().cmdRenew.enabled());
+    EXPECT_EQ(hospital.value("select expired from hPatients"_sql), db::Value(true));
+    set("dtExpDate", "2026-11-25");
+    set("cboClin", "EYE");
+    EXPECT_EQ(screen().cboClin.text(), "EYE");
+    EXPECT_FALSE(screen().cmdRenew.enabled());
+    set("dtExpDate", nullptr);
+    hospital.expectMessage(" Please Specify Expiration Date for this Private Patient");
+    set("cboClin", "EYE");
+    session().gAssignDoctorsToRooms = "YES";
+    hospital.expectMessage("Please Assign Doctors to Consulting Rooms before Attendance can be Taken", "OK");
+    hospital.expectMessage("This page is not there yet: frmSchedDoctor");
+    set("cboClin", "EYE");
+}
+
+}  // namespace
+}  // namespace test

@@ -1,0 +1,179 @@
+#include "tests/registration/registration.h"
+
+using namespace db::literals;
+
+namespace test {
+namespace {
+
+class PatientsNewNur : public Registration {
+protected:
+    PatientsNewNur() : Registration("frmPatientsNewNur") {
+        hospital.execute(
+            "insert into hServiceNHIS (drgName, Price, Company) values ('REGISTRATION', 1500.25, 'NHIS'), "
+            "('CONSULTATION', 900, 'NHIS')"_sql);
+        session().gNhisRegServiceNo = "1";
+        session().gNhisServiceNo = "2";
+    }
+    /// The least that a nurse has to know of a patient, with the visit.
+    void book(const std::string& client, const char* clinic, const char* purpose) {
+        fire("cmdAdd");
+        EXPECT_TRUE(screen().chkReg.checked()) << "everyone may take the attendance here";
+        set("cboNew", "NEW");
+        set("cboPat", client);
+        if (client != "(PRIVATE) [0001]") {
+            set("cboClient", "HMO");
+            set("dtExpDate", nullptr);
+        }
+        set("txtsurNAme", "OBI");
+        set("txtfirstNAme", "NGOZI");
+        if (std::string(clinic) == "(IN-PATIENT)") set("cboMat", "NEONATE");
+        set("cboClin", clinic);
+        set("cboPurpose", purpose);
+    }
+    std::string lines() {
+        return hospital.dump("select drgName, Price, SubTotal, revType, CoyName from billAccum order by SNO"_sql);
+    }
+};
+
+TEST_F(PatientsNewNur, AsksForLessAndInThisOrder) {
+    struct Case {
+        const char* says;
+        const char* field;
+        std::function<void()> mend;
+    };
+    const Case cases[] = {
+        {"Specify if Registration is new OR Existing", "cboNew", [&] { set("cboNew", "NEW"); }},
+        {" Company Name cannot be empty", "cboPat",
+         [&] {
+             set("cboPat", "Axa Mansard [0007]");
+             set("cboCard", "");
+         }},
+        {" Card Category cannot be empty", "cboCard",
+         [&] {
+             set("cboCard", "SINGLE");
+             set("dtRegDate", nullptr);
+         }},
+        {" Please Specify Date Patient Registered", "dtRegDate", [&] { set("dtRegDate", "2026-11-24"); }},
+        {" Surname cannot be empty", "txtsurNAme", [&] { set("txtsurNAme", "x"); }},
+        {" Firstname cannot be empty", "txtfirstNAme", [&] { set("txtfirstNAme", "y"); }},
+        {" Client Tariff cannot be empty", "cboClient", [&] { set("cboClient", "HMO"); }},
+        {"Specify Clinic for Attendance", "cboClin", [&] { set("cboClin", "EYE"); }},
+        {"Specify Purpose of Attendance", "cboPurpose",
+         [&] {
+             set("cboPurpose", "SCREENING");
+             session().gAttendPurpose.clear();
+         }},
+        {"Specify Purpose of Attendance", "cboPurpose", [&] { set("cboPurpose", "SCREENING"); }},
+    };
+    fire("cmdAdd");
+    for (const auto& [says, field, mend] : cases) {
+        hospital.forget();
+        hospital.expectMessage(says);
+        fire("OKButton");
+        EXPECT_EQ(focus(), "frmPatientsNewNur." + std::string(field)) << says;
+        mend();
+    }
+    save();
+}
+
+TEST_F(PatientsNewNur, ThePurposesFeeReachesTheBill) {
+    book("(PRIVATE) [0001]", "EYE", "(CONSULTATION)");
+    save();
+    EXPECT_EQ(lines(), "ATTENDANCE|900|900|CONSULTATION|0001\nREGISTRATION|1500.25|1500.25|REGISTRATION|0001\n");
+    EXPECT_EQ(hospital.dump("select pCatID, coyType, Principal, LastPurpose, LastConsultID from hPatients"_sql),
+              "PRIVATE|PRIVATE|000000001/001|null|001000000001\n");
+    EXPECT_EQ(hospital.dump("select PNo, regDate, Clinic, Remarks, expireDate, Active from hPatientClinics"_sql),
+              "000000001/001|24-Nov-2026|(GENERAL)|(GENERAL)|24-Nov-2027|1\n");
+    EXPECT_EQ(hospital.dump("select clinicType, Remarks, DocAssigned, PatVal from hRecords"_sql),
+              "EYE|(CONSULTATION)|null|null\n");
+    EXPECT_EQ(hospital.dump("select * from hPatientsTimeline"_sql), "");
+}
+
+TEST_F(PatientsNewNur, AClientsScreeningIsFreeOfTheRegistrationFee) {
+    hospital.execute("insert into hScreeningAmount (coycode, Amount) values ('0007', 4000)"_sql);
+    book("Axa Mansard [0007]", "EYE", "PRE-EMPLOYMENT");
+    save();
+    EXPECT_EQ(lines(), "ATTENDANCE|4000|4000|CONSULTATION|0007\n");
+    EXPECT_EQ(hospital.dump("select consultID, Remarks from hhScreeningAttnd"_sql), "001000000001|PRE-EMPLOYMENT\n");
+    EXPECT_EQ(hospital.dump("select pCatID, coyType from hPatients"_sql), "COMPANY|HMO\n");
+    EXPECT_EQ(hospital.dump("select expireDate from hPatientClinics"_sql), "null\n");
+}
+
+TEST_F(PatientsNewNur, ANewbornGoesToTheWardAndBalancesHaveTheirNames) {
+    for (const auto& [balance, line] : std::vector<std::pair<double, std::string>>{
+             {-250.5, "PREVIOUS DEBT|250.5|250.5"}, {300, "PREVIOUS CREDIT|-300|-300"}}) {
+        book("(PRIVATE) [0001]", "(IN-PATIENT)", "APPOINTMENT");
+        set("dtNext", "2026-12-01");
+        session().gPatientBalance = balance;
+        save();
+        EXPECT_NE(lines().find(line), std::string::npos) << lines();
+        fire("cmdRefresh");
+    }
+    EXPECT_EQ(hospital.dump("select top 1 consultID, clientCat, referto, refDate, refTime, refReason, PNo, entryDate, "
+                            "entryTime, attendedto from hreferal"_sql),
+              "001000000001|PRIVATE|(IN-PATIENT)|24-Nov-2026|09:30:00|DELIVERY|000000001/001|24-Nov-2026|09:30:00|0\n");
+    EXPECT_EQ(hospital.dump("select top 1 clinicType, ApptDate, ApptTime, Remarks, attendedto from happointment"_sql),
+              "(IN-PATIENT)|01-Dec-2026|null|(IN-PATIENT) Appointment|0\n");
+}
+
+TEST_F(PatientsNewNur, EachFailingWriteOfTheWholeSaveLeavesNothing) {
+    const auto before = rows();
+    hospital.setTakesMessages(true);
+    for (int n = 1; n <= 18; ++n) {
+        book("(PRIVATE) [0001]", "(IN-PATIENT)", "APPOINTMENT");
+        session().gPatientBalance = 100;
+        hospital.failWrite(n);
+        hospital.answer("yes");
+        fire("OKButton");
+        ASSERT_FALSE(hospital.failurePending()) << n;
+        if (hospital.value("select count(*) from hPatients"_sql).int32() == 1) {
+            EXPECT_GT(n, 4);  // the first write that may fail without harm is an audit row
+            EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql).int32(), 1) << n;
+            EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql).int32(), 3) << n;
+            EXPECT_EQ(hospital.value("select count(*) from hreferal"_sql).int32(), 1) << n;
+            for (const auto& table :
+                 {"delete from hPatients"_sql, "delete from hRecords"_sql, "delete from billAccum"_sql,
+                  "delete from hPatientClinics"_sql, "delete from hreferal"_sql, "delete from happointment"_sql,
+                  "delete from hAuditTrail"_sql})
+                hospital.execute(table);
+        } else {
+            EXPECT_EQ(rows(), before) << n;
+            EXPECT_EQ(screen().txtsurNAme.text(), "OBI") << n;
+            EXPECT_EQ(session().gPatientBalance, 100) << n;
+            fire("cmdCancel");
+        }
+    }
+}
+
+TEST_F(PatientsNewNur, OneVisitADayWhateverTheLocks) {
+    addPatient("P1");
+    session().gLockMultipleAttendance = "NO";
+    fire("grdData.DblClick");
+    hospital.execute("insert into hAdmission (PNo, consultID, wardID) values ('P1', 'C9', 'W')"_sql);
+    set("cboClin", "EYE");
+    EXPECT_EQ(screen().cboClin.text(), "EYE") << "a patient in a ward may attend";
+    hospital.execute("insert into hRecords (PNo, consultID, recDate) values ('P1', 'C1', '24-Nov-2026')"_sql);
+    hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor");
+    set("cboClin", "EYE");
+    EXPECT_EQ(screen().cboClin.text(), "");
+}
+
+TEST_F(PatientsNewNur, DiffersInItsWords) {
+    addPatient("000000123/001");
+    set("txtName", "123");
+    hospital.forget();
+    fire("cmdSys");
+    EXPECT_EQ(screen().txtName.text(), "000000123/001");
+    EXPECT_TRUE(ran("select  * from vwhpatients where Pno = '000000123/001' order by fullname"));
+    EXPECT_EQ(screen().lblFound.caption(), "1 Records Found");
+    set("txtName", "");
+    hospital.expectMessage("To locate a patient, Enter Patient Sys No and click 'System No' Button");
+    fire("cmdSys");
+    hospital.expectMessage("Invalid Sys No!");
+    fire("cmdPix");
+    hospital.expectMessage("You dont have Permission to Reverse a Receipt Entry");
+    fire("cmdDel");
+}
+
+}  // namespace
+}  // namespace test

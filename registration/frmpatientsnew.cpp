@@ -5,7 +5,7 @@
 
 namespace registration {
 
-using db::operator""_sql;
+using namespace db::literals;
 
 frmPatientsNew::frmPatientsNew(core::Workplace& place)
     : RegistrationForm(place, "frmPatientsNew", "Patient Attendance / Registration") {

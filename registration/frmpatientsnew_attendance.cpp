@@ -4,7 +4,7 @@
 
 namespace registration {
 
-using db::operator""_sql;
+using namespace db::literals;
 
 /// The locks and the card are looked at when a clinic is picked; each refusal takes the pick back.
 void frmPatientsNew::cboClin_Click() {

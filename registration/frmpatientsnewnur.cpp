@@ -4,7 +4,7 @@
 
 namespace registration {
 
-using db::operator""_sql;
+using namespace db::literals;
 
 std::vector<core::Form::Check> frmPatientsNewNur::checks() {
     const auto blank = [](const auto& control) { return core::trimmed(control.text()).empty(); };

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* noRow = "Please select a record from the list";
 
-/// A part of a visit's bill that was split off. Official visits have numbers of that length of their own.
+/// A part of a visit's bill that was split off, by the form of its number. "OFL" numbers are as long and are whole.
 bool isSplitBill(const std::string& consultID) {
     return consultID.size() == 13 && consultID.substr(3, 3) != "OFL";
 }

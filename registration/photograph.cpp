@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uintmax_t largest = 5 * 1024 * 1024;
+constexpr std::uintmax_t largest = std::uintmax_t{5} * 1024 * 1024;
 
 db::Bytes bytesOf(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);

@@ -4,7 +4,7 @@
 
 namespace registration {
 
-using db::operator""_sql;
+using namespace db::literals;
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 namespace registration {
 
-using db::operator""_sql;
+using namespace db::literals;
 
 void RegistrationForm::cmdAdd_Click() {
     txtAdmitLimit.setText(session().gAdmissionLimitExists == "YES" ? "" : "0");

@@ -6,7 +6,7 @@
 
 namespace registration {
 
-using db::operator""_sql;
+using namespace db::literals;
 
 void RegistrationForm::find(SearchKind kind) {
     if (core::trimmed(txtName.text()).empty()) {

@@ -4,7 +4,7 @@
 
 namespace registration {
 
-using db::operator""_sql;
+using namespace db::literals;
 
 void RegistrationForm::OKButton_Click() {
     if (!editMode_) txtSupp.clear();  // a new patient's number is drawn by the save

@@ -12,6 +12,7 @@ frmPatientsNew::frmPatientsNew(core::Workplace& place)
     cboDoc.onPage(SSTab1, 2);
     grdDoc.onPage(SSTab1, 2);
     cboDoc.heldBy(fraAttd);
+    grdDoc.hideColumn("EmpID");
     cboDoc.on("Click", [this] { cboDoc_Click(); });
     grdDoc.on("DblClick", [this] { trapped([this] { grdDoc_DblClick(); }); });
 }

@@ -140,7 +140,6 @@ void frmPatientsNew::showQueues() {
             "select distinct [Date],RoomNo,ClinicID,Doctor,NumOfPat,EmpID from vwDocWaitingListGrouped where date='"_sql +
             today + "' order by Doctor"),
         {"EmpID", "ClinicID", "RoomNo"});
-    grdDoc.hideColumn("EmpID");
     hospital().execute("Delete hConRoomAssign where SchdDate < '"_sql + today + "'");
 }
 

@@ -1,6 +1,7 @@
 #include "registration/frmpatientsnewnur.h"
 
 #include "core/utility.h"
+#include "registration/visits.h"
 
 namespace registration {
 
@@ -83,10 +84,7 @@ void frmPatientsNewNur::TakeAttendance() {
     core::addRow(hospital(), "select  * from hRecords where 1=2"_sql, visitCells());
     addFee("ATTENDANCE", purposeAmount(), session().gConsultRevtype, {{"AppVersion", place().settings.version.major}});
     addBalance();
-    if (session().gAttendPurpose == "SCREENING")
-        core::addRow(
-            hospital(), "select * from hhScreeningAttnd where 1=2"_sql,
-            {{"recDate", session().gServerNow.date()}, {"consultID", consultId_}, {"Remarks", cboPurpose.text()}});
+    if (session().gAttendPurpose == "SCREENING") addScreening(place(), consultId_, cboPurpose.text());
     referNewborn();
     session().gPatientBalance = 0;
     core::RefreshDebtInfo(place(), pno);

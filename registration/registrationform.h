@@ -197,7 +197,6 @@ private:
     void grdData_DblClick();
     void LoadPatientFromGrid();
     void showClientOfRow();
-    static void showInList(ui::ComboBox& list, const std::string& text);
     [[nodiscard]] std::optional<db::DateTime> dateOfRow(std::string_view column) const;
     void txtsurNAme_LostFocus();
     void cmdAttend_Click();

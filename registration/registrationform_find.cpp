@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "core/utility.h"
 #include "registration/frmverify.h"
 #include "registration/registrationform.h"
@@ -86,12 +84,12 @@ void RegistrationForm::LoadPatientFromGrid() {
         {&cboTitle, "title"},          {&txtSex, "Sex"},           {&cboArea, "Area"},     {&cboCard, "CardType"},
         {&cboMStatus, "Marital"},      {&txtBG, "bloodGroup"},     {&txtGeno, "genotype"}, {&cboStatus, "religion"},
         {&txtKinRel, "relationToKin"}, {&cboIntro, "introducedBy"}};
-    for (const auto& [list, column] : lists) showInList(*list, text(column));
-    if (!text("fileDuration").empty()) showInList(cboFile, text("fileDuration"));
-    if (!text("Maturity").empty()) showInList(cboMat, text("Maturity"));
-    showInList(CboRef, text("ref").empty() ? "NO" : text("ref"));
-    showInList(cboRefHmo, text("HmoRef").empty() ? "NO" : text("HmoRef"));
-    showInList(cboNew, text("newReg") == "YES" ? "NEW" : "EXISTING");
+    for (const auto& [list, column] : lists) core::showEntry(*list, text(column));
+    if (!text("fileDuration").empty()) core::showEntry(cboFile, text("fileDuration"));
+    if (!text("Maturity").empty()) core::showEntry(cboMat, text("Maturity"));
+    core::showEntry(CboRef, text("ref").empty() ? "NO" : text("ref"));
+    core::showEntry(cboRefHmo, text("HmoRef").empty() ? "NO" : text("HmoRef"));
+    core::showEntry(cboNew, text("newReg") == "YES" ? "NEW" : "EXISTING");
     dtDate.setValue(dateOfRow("DOB"));
     dtDate_Change();
     dtRegDate.setValue(dateOfRow("regDate"));
@@ -118,22 +116,13 @@ void RegistrationForm::showClientOfRow() {
     variables.gBillingCat = grdData.text("BillingCat");
     variables.gClientType = grdData.text("coyType");
     old_ = {id, name};
-    if (!name.empty()) showInList(cboPat, core::entryText(name, id));
+    if (!name.empty()) core::showEntry(cboPat, core::entryText(name, id));
     if (!variables.gBillingCat.empty()) {
         client_.offerCategoriesOf(id);
-        showInList(cboClient, variables.gBillingCat);
+        core::showEntry(cboClient, variables.gBillingCat);
     }
     if (isManagedCare(variables.gBillingCat)) client_.loadPlans();
-    showInList(txtPolicy, grdData.text("policyType"));
-}
-
-void RegistrationForm::showInList(ui::ComboBox& list, const std::string& text) {
-    list.clearText();
-    if (text.empty()) return;
-    const auto& items = list.items();
-    if (std::none_of(items.begin(), items.end(), [&](const ui::ListItem& item) { return item.text == text; }))
-        list.add(text);  // an entry of an older list stays what it was
-    list.setText(text);
+    core::showEntry(txtPolicy, grdData.text("policyType"));
 }
 
 /// Warns of a namesake and blocks nothing.

@@ -1,6 +1,8 @@
 #include "core/outbox.h"
 #include "core/utility.h"
+#include "registration/cards.h"
 #include "registration/registrationform.h"
+#include "registration/visits.h"
 
 namespace registration {
 
@@ -159,33 +161,21 @@ bool RegistrationForm::NewConsultId() {
 }
 
 void RegistrationForm::PostCardRenewalFee() {
-    const auto amount =
-        clientFee("select CardRenewAmount from hRetainership where retainID='"_sql + session().gClientRetainID + "'",
-                  "CardRenewAmount");
+    const auto amount = cardRenewalFee(hospital(), session().gClientRetainID);
     addFee("CARD RENEWAL FEE", amount, "REGISTRATION",
            {{"Category", "CARD_RENEW"}, {"suppres", 0}, {"Capitated", "NO"}});
     audit("Card Renew Fee for " + fullName(), consultId_);
 }
 
 core::Cells RegistrationForm::visitCells() const {
-    const auto& variables = session();
-    return {{"recDate", variables.gServerNow.date()},
-            {"PNo", core::trimmed(txtSupp.text())},
-            {"consultID", consultId_},
-            {"empID", variables.gEmpID},
-            {"clinicType", cboClin.text()},
-            {"Remarks", cboPurpose.text()},
-            {"htime", core::shortTime(variables.gServerNow)},
-            {"HMORef", cboRefHmo.text()},
-            {"referal", CboRef.text()},
-            {"suppres", 0},
-            {"attendedto", 0},
-            {"attendedtoByDoc", 0},
-            {"attendedToByNurse", 0},
-            {"BillDate", variables.gServerNow.date()},
-            {"clientCat", variables.gBillingCat},
-            {"CoyName", variables.gClientRetainID},
-            {"Debt", variables.gPatientBalance}};
+    return newVisitCells(session(), {.pno = core::trimmed(txtSupp.text()),
+                                     .consultID = consultId_,
+                                     .clinic = cboClin.text(),
+                                     .purpose = cboPurpose.text(),
+                                     .hmoReferal = cboRefHmo.text(),
+                                     .feeForService = CboRef.text(),
+                                     .category = session().gBillingCat,
+                                     .retainID = session().gClientRetainID});
 }
 
 void RegistrationForm::writeAppointment() {

@@ -21,9 +21,9 @@ public:
 
     // -- finding --
     ui::TextBox txtName{*this, "txtName"};
-    ui::Button cmdOK{*this, "cmdOK", "By &Name", [this] { find(SearchKind::name); }};
-    ui::Button cmdCard{*this, "cmdCard", "Card No", [this] { find(SearchKind::cardNo); }};
-    ui::Button cmdSys{*this, "cmdSys", "Tel No", [this] { find(SearchKind::sysNo); }};
+    ui::Button cmdOK{*this, "cmdOK", "By &Name", [this] { findPatient(SearchKind::name); }};
+    ui::Button cmdCard{*this, "cmdCard", "Card No", [this] { findPatient(SearchKind::cardNo); }};
+    ui::Button cmdSys{*this, "cmdSys", "Tel No", [this] { findPatient(SearchKind::sysNo); }};
     ui::Label lblFound{*this, "lblFound"};
     ui::DataGrid grdData{*this, "grdData"};
 
@@ -191,7 +191,7 @@ private:
     void lblDebt_DblClick();
 
     // Finding.
-    void find(SearchKind kind);
+    void findPatient(SearchKind kind);
     void showSearch(SearchKind kind);
     void txtName_Change();
     void grdData_DblClick();

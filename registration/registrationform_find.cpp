@@ -6,7 +6,7 @@ namespace registration {
 
 using namespace db::literals;
 
-void RegistrationForm::find(SearchKind kind) {
+void RegistrationForm::findPatient(SearchKind kind) {
     if (core::trimmed(txtName.text()).empty()) {
         const char* prompts[] = {"To locate a patient, Enter few Letters and click OK Button",
                                  "To locate a patient, Enter Card No and click 'Card No' Button", sysPrompt()};

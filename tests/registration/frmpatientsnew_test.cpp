@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "tests/registration/registration.h"
 
 using namespace db::literals;
@@ -384,6 +386,112 @@ TEST_F(PatientsNew, LocksRefuseWhenTheClinicIsPicked) {
     hospital.expectMessage("Please Assign Doctors to Consulting Rooms before Attendance can be Taken", "OK");
     hospital.expectMessage("This page is not there yet: frmSchedDoctor");
     set("cboClin", "EYE");
+}
+
+TEST_F(PatientsNew, PhotographsAreRealJpegsAndGoIntoTheRow) {
+    addPatient("P1");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    const auto choose = [&](const std::string& content) {
+        hospital.program.write("face.jpg", content);
+        hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
+        fire("cmdPix");
+    };
+    hospital.expectMessage("The file is not a JPG image");
+    choose("GIF89a, whatever its name says");
+    hospital.expectMessage("The photograph is larger than 5 MB");
+    choose("\xFF\xD8\xFF" + std::string(5 * 1024 * 1024, 'x') + "\xFF\xD9");
+    EXPECT_TRUE(screen().imgPix.image().empty());
+    const std::string jpeg = "\xFF\xD8\xFF\xE0 a face \xFF\xD9";
+    choose(jpeg);
+    EXPECT_EQ(screen().imgPix.image().size(), jpeg.size());
+    set("txtAdmitLimit", "0");
+    save("Record Succesfully Edited and Updated");
+    EXPECT_EQ(hospital.value("select patPix from hPatients"_sql).bytes().size(), jpeg.size());
+    EXPECT_FALSE(std::filesystem::exists(hospital.program.path() / "face.jpg")) << "the upload goes once it is stored";
+    EXPECT_TRUE(screen().imgPix.image().empty());
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    EXPECT_EQ(screen().imgPix.image().size(), jpeg.size());
+    fire("cmdCancel");
+}
+
+TEST_F(PatientsNew, StoresWhatIsTypedOrLosesNothing) {
+    const std::string texts[] = {"O'Neil \"[x]\"; drop table hPatients --",
+                                 "\xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D", "' or '1'='1"};
+    for (const auto& text : texts) {
+        type();
+        set("txtHomeAddress", text);
+        set("txtEmail", text);
+        save();
+        EXPECT_EQ(hospital.value("select top 1 homeAddress from hPatients order by PNo desc"_sql), db::Value(text));
+        EXPECT_EQ(hospital.value("select top 1 Email from hPatients order by PNo desc"_sql), db::Value(text));
+    }
+    const auto before = rows();
+    const std::string endless(10'000, 'x');
+    for (const auto* field : {"txtHomeAddress", "txtsurNAme", "txtKin", "txtAdmitLimit"}) {
+        type();
+        set(field, std::string(field) == "txtAdmitLimit" ? std::string(40, '9') : endless);
+        const auto typed = place.desktop.get(name + "." + field);
+        hospital.answer("yes");
+        hospital.setTakesMessages(true);
+        fire("OKButton");
+        hospital.setTakesMessages(false);
+        EXPECT_EQ(rows(), before) << field;
+        EXPECT_EQ(place.desktop.get(name + "." + field), typed) << field;
+        fire("cmdCancel");
+    }
+}
+
+/// Two doctors of one clinic, one of whom has a patient waiting.
+TEST_F(PatientsNew, AnAppointmentGoesToTheDoctorWithTheShortestQueue) {
+    session().gModuleRole = "RECORDS";
+    session().gAssignDoctorsToRooms = "YES";
+    hospital.execute(
+        "insert into employees (empID, lastname, firstname) values ('D1', 'OJO', 'TUNDE'), ('D2', 'AUDU', 'ZAINAB')"_sql);
+    hospital.execute("insert into hDoctorClinics (empID, ClinicID) values ('D1', 'EYE'), ('D2', 'EYE')"_sql);
+    hospital.execute(
+        "insert into hConRoomAssign (schdDate, ConRoomNo, docNo) values ('24-Nov-2026', 'ROOM 1', 'D1'), "
+        "('24-Nov-2026', 'ROOM 2', 'D2'), ('23-Nov-2026', 'ROOM 1', 'D1')"_sql);
+    hospital.execute("insert into hClinicDays (ClinicID, WeekDayNo) values ('EYE', 3)"_sql);
+    hospital.execute("insert into hPatients (PNo, psurname, pfirstName) values ('P9', 'EZE', 'ADA')"_sql);
+    hospital.execute(
+        "insert into hRecords (PNo, consultID, recDate, clinicType, DocAssigned, PatVal) values ('P9', 'C9', "
+        "'24-Nov-2026', 'EYE', 'D1', 1)"_sql);
+    fire("cmdRefresh");
+    EXPECT_EQ(hospital.value("select count(*) from hConRoomAssign"_sql).int32(), 2) << "yesterday's rooms are gone";
+    auto& queues = dynamic_cast<ui::DataGrid&>(*screen().find("grdDoc"));
+    ASSERT_EQ(queues.rows().rowCount(), 2U);
+    for (int row = 0; row < 2; ++row) {
+        set("grdDoc", {{"row", row}});
+        const bool waits = queues.text("EmpID") == "D1";
+        hospital.expectMessage(waits ? "This page is not there yet: frmDocWait"
+                                     : "This Doctor has No Patients on Queue");
+        fire("grdDoc.DblClick");
+        EXPECT_EQ(session().gWaitEmpID, waits ? "D1" : "");
+    }
+
+    type();
+    set("chkReg", true);
+    hospital.expectMessage("Specify Clinic");
+    set("cboPurpose", "APPOINTMENT");
+    set("cboClin", "EYE");
+    auto& doctors = dynamic_cast<ui::ComboBox&>(*screen().find("cboDoc"));
+    EXPECT_EQ(doctors.items().size(), 3U);
+    EXPECT_EQ(doctors.text(), "AUDU ZAINAB @ ROOM 2 [D2]");
+    hospital.expectMessage("This page is not there yet: frmClinicDates");
+    set("cboPurpose", "APPOINTMENT");
+    set("dtNext", "2026-12-02");
+    screen().dtRefTime.setValue(db::DateTime::of(1899, 12, 30, 9));
+    save();
+    EXPECT_EQ(
+        hospital.dump("select clinicType, ApptDate, ApptTime, Remarks, PNo, entryDate, entryTime, attendedto, conID "
+                      "from happointment"_sql),
+        "EYE|02-Dec-2026|09:00:00|EYE Appointment|000000001/001|24-Nov-2026|09:30:00|0|null\n");
+    EXPECT_EQ(hospital.dump("select DocAssigned, PatVal, LastConsultID from hRecords where PNo <> 'P9'"_sql),
+              "D2|1|null\n");
+    EXPECT_EQ(hospital.dump("select Catname, Remarks2, sendDate from MessageOut order by sendDate"_sql, "SmsCenter"),
+              "APPT|EYE|24-Nov-2026\nAPPT|EYE|01-Dec-2026\n");
 }
 
 }  // namespace

@@ -99,7 +99,8 @@ TEST_F(PreConsult, AfterASaveTheScreenWaitsForTheNextPatient) {
     EXPECT_EQ(screen().lblBill.caption() + screen().lblNo.caption() + screen().lblRem.caption(), "");
     EXPECT_EQ(screen().caption(), "Vital Signs: 1");
     EXPECT_EQ(screen().grdData.text("FullName"), "Obi Ada");
-    for (const auto& column : shown()["controls"]["grdData"]["columns"])
+    const auto state = shown();
+    for (const auto& column : state["controls"]["grdData"]["columns"])
         EXPECT_EQ(column["visible"], column["name"] != "ID" && column["name"] != "PNo") << column["name"];
     EXPECT_EQ(screen().grdDoc.text("DocName") + screen().grdDoc.text("NumOfPat"), "Ojo Tunde1");
     // Ada has left the list; Show All still has her, and a second set is a second row and a second line.

@@ -149,6 +149,7 @@ void RegistrationForm::ClearPatientForm() {
     grdAttend.clear();
     setCaption(title_);
     currentPNo_.clear();
+    consultId_.clear();  // a renewal without a visit must not hang on the last patient's
     introducedById_.clear();
     patCatLoaded_.clear();
     auto& variables = session();

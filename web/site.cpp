@@ -227,6 +227,8 @@ void Site::programFile(const Request& request, std::string_view rest, const Answ
 void Site::upload(const Request& request, std::string_view, const Answer& answer) {
     const auto session = sessionOf(request);
     if (!session) return answer(json(401, R"({"error":"Not signed in"})"));
+    if (session->programDirectory().empty())
+        return answer(json(503, R"({"error":"The session is still starting: send the file again"})"));
     const std::string token = session->keepUpload(formField(request.query, "name"), request.body);
     if (token.empty()) return answer(json(500, R"({"error":"The file could not be kept"})"));
     answer(json(200, R"({"file":")" + token + "\"}"));

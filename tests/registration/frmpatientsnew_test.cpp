@@ -188,6 +188,21 @@ TEST_F(PatientsNew, AnEditWritesItsColumnsAndNoOthers) {
     EXPECT_TRUE(ran("select * from hpatients where pNO='P1'"));
 }
 
+/// A card that is renewed without a visit: its fee waits for the next one, whoever was saved before.
+TEST_F(PatientsNew, ARenewalsFeeHangsOnNoOtherPatientsVisit) {
+    type();
+    save();
+    hospital.execute("delete from billAccum"_sql);
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    session().gRenewPending = true;
+    set("txtAdmitLimit", "0");
+    save("Record Succesfully Edited and Updated");
+    EXPECT_EQ(hospital.dump("select drgName, Category, Price, consultID, PNo, revType from billAccum"_sql),
+              "CARD RENEWAL FEE|CARD_RENEW|2000||000000001/001|REGISTRATION\n");
+    EXPECT_FALSE(session().gRenewPending);
+}
+
 TEST_F(PatientsNew, SearchesAsTold) {
     addPatient("P1");
     struct Case {

@@ -145,7 +145,9 @@ TEST_F(HostTest, APageThatDoesNotReadIsLetGoAndTheSessionStays) {
 }
 
 TEST_F(HostTest, RequestsThatAreTooLargeOrBrokenAreRefused) {
-    const std::string cookie = "Cookie: " + signIn() + "\r\n";
+    const std::string session = signIn();
+    const auto page = open(session);  // files are for a session that has started
+    const std::string cookie = "Cookie: " + session + "\r\n";
     const auto status = [&](const std::string& head, const std::string& body = {}) {
         return RawClient(host.port()).ask(head, body).substr(9, 3);
     };

@@ -55,7 +55,7 @@ protected:
         return desktop().askYesNo(text, title);
     }
     /// Runs a save under the trap. Meanwhile its button says so and takes no further click. False after an error.
-    [[nodiscard]] bool saves(ui::Button& button, const std::function<void()>& work) const;
+    bool saves(ui::Button& button, const std::function<void()>& work) const;
     /// The question that every save asks after its checks.
     [[nodiscard]] bool confirmedSave() const { return confirmed("Are you sure to save", "Check before save"); }
 

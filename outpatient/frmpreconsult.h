@@ -100,6 +100,7 @@ private:
     [[nodiscard]] bool usedByDoctor() const;
     void addReadings();
     void correctReadings();
+    void save();
     void passToDoctor();
     [[nodiscard]] core::Cells readings() const;
     [[nodiscard]] core::Cells chartedReadings(const db::Value& id, const db::Value& date, db::DateTime time) const;

@@ -29,28 +29,30 @@ bool frmPreConsult::complete() {
 
 void frmPreConsult::OKButton_Click() {
     if (!complete() || !confirmedSave()) return;
-    trapped([&] {
-        const bool editing = mode_ == Mode::editing;
-        db::Transaction transaction(hospital());
-        // The session's date and time stay those of its last reading: a corrected row's twin takes its time from them.
-        session().gServerNow = core::GetServerNow(place());
-        if (editing && usedByDoctor()) {
-            transaction.rollback();
-            return message("Cannot Edit this record! Already used by Doctor for Consultation");
-        }
-        if (editing)
-            correctReadings();
-        else
-            addReadings();
-        transaction.commit();
-        message(editing ? "Record Succesfully updated" : "Record Succesfully saved");
-        audit((editing ? "Edit Vitals of: " : "Insert Vitals of: ") + Label5.caption(), consultID_, "By Nurse");
-        const std::string saved = recordID_;
-        browse();
-        refreshGrid();
-        core::selectRow(grdData, "ID", saved);
-        refreshQueue();
-    });
+    saves(OKButton, [this] { save(); });
+}
+
+void frmPreConsult::save() {
+    const bool editing = mode_ == Mode::editing;
+    db::Transaction transaction(hospital());
+    // The session's date and time stay those of its last reading: a corrected row's twin takes its time from them.
+    session().gServerNow = core::GetServerNow(place());
+    if (editing && usedByDoctor()) {
+        transaction.rollback();
+        return message("Cannot Edit this record! Already used by Doctor for Consultation");
+    }
+    if (editing)
+        correctReadings();
+    else
+        addReadings();
+    transaction.commit();
+    message(editing ? "Record Succesfully updated" : "Record Succesfully saved");
+    audit((editing ? "Edit Vitals of: " : "Insert Vitals of: ") + Label5.caption(), consultID_, "By Nurse");
+    const std::string saved = recordID_;
+    browse();
+    refreshGrid();
+    core::selectRow(grdData, "ID", saved);
+    refreshQueue();
 }
 
 bool frmPreConsult::usedByDoctor() const {

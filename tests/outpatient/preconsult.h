@@ -98,16 +98,8 @@ protected:
     }
 
     // -- what came of it --
-    std::string focus() {
-        std::string last;
-        for (const auto& event : hospital.events())
-            if (event.contains("focus")) last = event["focus"].get<std::string>();
-        return last;
-    }
-    bool ran(const std::string& statement) {
-        const auto texts = hospital.statements();
-        return std::find(texts.begin(), texts.end(), statement) != texts.end();
-    }
+    std::string focus() { return hospital.focus(); }
+    bool ran(const std::string& statement) { return hospital.ran(statement); }
     static std::vector<std::string> texts(const ui::ItemControl& list) {
         std::vector<std::string> found;
         for (const auto& item : list.items()) found.push_back(item.text);

@@ -85,16 +85,8 @@ protected:
         fire("cmdRefresh");
         hospital.forget();
     }
-    std::string focus() {
-        std::string last;
-        for (const auto& event : hospital.events())
-            if (event.contains("focus")) last = event["focus"].get<std::string>();
-        return last;
-    }
-    bool ran(const std::string& statement) {
-        const auto texts = hospital.statements();
-        return std::find(texts.begin(), texts.end(), statement) != texts.end();
-    }
+    std::string focus() { return hospital.focus(); }
+    bool ran(const std::string& statement) { return hospital.ran(statement); }
     std::string rows() {
         using namespace db::literals;
         std::string all;

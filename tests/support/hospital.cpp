@@ -1,5 +1,7 @@
 #include "tests/support/hospital.h"
 
+#include <algorithm>
+
 #include <unistd.h>
 
 #include <cstdlib>
@@ -136,6 +138,18 @@ std::vector<std::string> TestHospital::statements() const {
     std::vector<std::string> texts;
     for (const auto& statement : log_) texts.push_back(statement.text);
     return texts;
+}
+
+bool TestHospital::ran(const std::string& statement) const {
+    const auto texts = statements();
+    return std::find(texts.begin(), texts.end(), statement) != texts.end();
+}
+
+std::string TestHospital::focus() const {
+    std::string last;
+    for (const auto& event : events_)
+        if (event.contains("focus")) last = event["focus"].get<std::string>();
+    return last;
 }
 
 void TestHospital::forget() {

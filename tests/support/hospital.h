@@ -62,6 +62,10 @@ public:
     /// The texts of all statements since the start or `forget`.
     [[nodiscard]] std::vector<std::string> statements() const;
     void forget();
+    /// Whether a statement of exactly this text ran since then.
+    [[nodiscard]] bool ran(const std::string& statement) const;
+    /// The control that the cursor was sent to last, "frmX.txtY"; "" without one.
+    [[nodiscard]] std::string focus() const;
     /// The `n`th write from now on fails with "Injected failure".
     void failWrite(int n) { writesUntilFailure_ = n; }
     /// The next statement that holds `part` fails in the same way.

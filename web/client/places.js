@@ -7,6 +7,7 @@ export class Places {
         this.work = work;
         document.addEventListener("focusin", () => this.#note());
         document.addEventListener("selectionchange", () => this.#note());
+        addEventListener("pagehide", () => this.#note());  // a caret that moved last is told of too late otherwise
         this.#stored = JSON.parse(sessionStorage.getItem(storageKey) ?? "null");
     }
 

@@ -44,10 +44,12 @@ public:
     explicit IndexesAside(Connection& connection) : connection_(connection) {
         for (const auto& statement : schemaStatements(connection.database())) {
             const auto definition = dialect::definition(statement);
-            if (definition.verb != "create" || definition.kind != "index") continue;
+            if (definition.verb != "create" || !definition.kind.ends_with("index")) continue;
             const auto on = statement.find(" on ") + 4;
             const auto table = statement.substr(on, statement.find(' ', on) - on);
-            connection.execute(scriptSql("drop index " + definition.name + " on " + table));
+            const bool named = definition.kind == "index";
+            connection.execute(scriptSql(named ? "drop index " + definition.name + " on " + table
+                                               : "drop fulltext index on " + table));
             statements_.push_back(statement);
         }
     }

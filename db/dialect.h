@@ -6,6 +6,21 @@
 
 namespace db::dialect {
 
+/// `create fulltext index on VIEW (COLUMN) key index KEY`: what a search inside the view's column may use. The view
+/// gives one row for each row of one table, and `KEY` is that table's key.
+struct TextIndex {
+    std::string view, column, key;
+};
+
+/// The condition "COLUMN like ?n" of a query over one table or view.
+struct Search {
+    std::string column;     ///< as it stands in the translated text; "" where a query has no such condition
+    std::string condition;  ///< likewise
+    std::string place;      ///< the pattern's: "?1"
+    /// " limit 20" where the query asks for nothing but the first rows of this search in the column's own order.
+    std::string limit;
+};
+
 /// A statement in the embedded engine's own SQL.
 struct Translated {
     /// One statement; for a `create table` several joined by ";\n" (the table, then what keeps its dates and amounts
@@ -19,6 +34,9 @@ struct Translated {
     std::size_t listEnd = 0;
     /// The column that an `alter table ... alter column` is about; the text is then its new definition alone.
     std::string column = {};
+    /// Of a `create fulltext index`; the text is then empty.
+    TextIndex textIndex = {};
+    Search search = {};
 };
 
 /// Turns one T-SQL statement (a query, a change, or a definition of a table, index or view) into SQLite's SQL.
@@ -43,8 +61,8 @@ Procedure parseProcedure(std::string_view text);
 /// What a statement defines or takes away: {"create", "view", "vwUsers"}.
 struct Definition {
     std::string verb;  ///< "create", "alter" or "drop"; "" for any other statement
-    std::string kind;  ///< "table", "view", "index" or "procedure"
-    std::string name;  ///< as it is written, without brackets
+    std::string kind;  ///< "table", "view", "index", "fulltext index" or "procedure"
+    std::string name;  ///< as it is written, without brackets; of a full-text index "on V", since it has no other
 };
 Definition definition(std::string_view statement);
 

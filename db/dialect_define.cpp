@@ -84,6 +84,7 @@ struct Parser::TableText {
 std::string Parser::create() {
     if (accept("table")) return createTable();
     if (accept("view")) return createView();
+    if (accept("fulltext")) return createTextIndex();
     const bool unique = accept("unique");
     if (!accept("clustered")) accept("nonclustered");
     expect("index");
@@ -110,6 +111,22 @@ std::string Parser::createIndex(bool unique) {
     text += " (" + nameList() + ")";
     if (accept("include")) nameList();
     return text + optionalWhere();
+}
+
+/// The engine makes its own of it: there is no text to run.
+std::string Parser::createTextIndex() {
+    expect("index");
+    expect("on");
+    object();
+    auto& index = result_.textIndex;
+    index.view = result_.object;
+    expect("(");
+    index.column = name();
+    expect(")");
+    expect("key");
+    expect("index");
+    index.key = name();
+    return {};
 }
 
 /// Names in brackets, each with its direction.
@@ -190,8 +207,14 @@ std::string Parser::alteredColumn(TableText& table) {
     return definition;
 }
 
-/// `drop table T`, `drop view V`, `drop index I on T`.
+/// `drop table T`, `drop view V`, `drop index I on T`, `drop fulltext index on V`.
 std::string Parser::drop() {
+    if (accept("fulltext")) {
+        expect("index");
+        expect("on");
+        object();
+        return {};
+    }
     if (accept("index")) {
         auto text = "drop index " + quoted(name());
         expect("on");

@@ -113,8 +113,12 @@ Expression Parser::membership(const Expression& left, bool negated) {
 }
 
 Expression Parser::like(const Expression& left, bool negated) {
-    auto text = left.sql + (negated ? " not like " : " like ") + sum().sql;
-    if (accept("escape")) text += " escape " + primary().sql;
+    const auto pattern = sum();
+    auto text = left.sql + (negated ? " not like " : " like ") + pattern.sql;
+    const bool escaped = accept("escape");
+    if (escaped) text += " escape " + primary().sql;
+    const bool isSearch = !negated && !escaped && left.column && pattern.sql.front() == '?';
+    if (isSearch && search_.column.empty()) search_ = {left.sql, text, pattern.sql, {}};
     return condition(text);
 }
 

@@ -77,6 +77,7 @@ private:
 
     // Queries.
     std::string query(bool nested);
+    void takeSearch(const std::string& list, const std::string& order, const std::string& limit);
     std::string selectCore(std::string& limit);
     std::string top();
     std::string selectItem();
@@ -109,6 +110,7 @@ private:
     std::string createTable();
     std::string createIndex(bool unique);
     std::string createView();
+    std::string createTextIndex();
     static std::string storing(const std::string& tableName, const std::string& label, const TableText& table);
     void columnDefinition(TableText& table);
     void columnRules(TableText& table, const std::string& column, bool& identity, bool& notNull);
@@ -124,7 +126,10 @@ private:
     int depth_ = 0;
     int sourceCount_ = 0;
     std::size_t listEnd_ = 0;   ///< of the query read last
+    std::string where_;         ///< of the query read last
+    Search search_;             ///< the first one found
     bool combined_ = false;     ///< a union, a group or a join: no single table stands behind the rows
+    bool nested_ = false;       ///< a query inside the query has been read
     bool definesView_ = false;  ///< names and types of items outlive the statement
     std::string outputRow_;     ///< "inserted" or "deleted" while an output clause is read
 };

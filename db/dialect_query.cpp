@@ -20,16 +20,27 @@ std::string Parser::query(bool nested) {
         if (!limit.empty()) fail();
         combined_ = true;
     }
-    text += orderBy() + limit;
+    const auto order = orderBy();
+    text += order + limit;
     if (nested) {
         sourceCount_ = sourcesBefore;
         combined_ = combinedBefore;
+        nested_ = true;
     } else if (sourceCount_ != 1 || combined_) {
         result_.object.clear();
     } else {
         result_.listEnd = listEnd_;
+        if (!nested_) takeSearch(text.substr(0, listEnd_), order, limit);
     }
     return text;
+}
+
+/// A search is the whole query where nothing else picks its rows, counts them or puts them into an order.
+void Parser::takeSearch(const std::string& list, const std::string& order, const std::string& limit) {
+    result_.search = search_;
+    const bool plain = !list.empty() && list.find('(') == std::string::npos;
+    const bool whole = plain && where_ == " where " + search_.condition && order == " order by " + search_.column;
+    if (whole) result_.search.limit = limit;
 }
 
 std::string Parser::selectCore(std::string& limit) {
@@ -51,7 +62,8 @@ std::string Parser::selectCore(std::string& limit) {
     while (accept(",")) text += ", " + selectItem();
     listEnd_ = distinct ? 0 : text.size();
     if (accept("from")) text += " from " + sources();
-    text += optionalWhere();
+    where_ = optionalWhere();
+    text += where_;
     if (accept("group")) {
         expect("by");
         text += " group by " + list();

@@ -26,8 +26,8 @@ struct Table {
 
 /// Something that a database holds.
 struct Object {
-    std::string kind;  ///< "table", "column", "index", "view" or "procedure"
-    std::string name;  ///< of a column "hPatients.PNo"
+    std::string kind;  ///< "table", "column", "index", "view", "procedure" or "fulltext index"
+    std::string name;  ///< of a column "hPatients.PNo", of a full-text index "on vwhpatients"
 };
 
 /// What `execute` did.
@@ -70,7 +70,8 @@ public:
     /// False once the database behind the line is gone; the line is then dropped and a new one opened.
     [[nodiscard]] virtual bool alive() noexcept = 0;
 
-    /// The tables, their columns, the indexes, views and stored procedures that the database holds, in that order.
+    /// The tables, their columns, the indexes, views, stored procedures and full-text indexes that the database holds,
+    /// in that order.
     virtual std::vector<Object> objects() = 0;
     /// What the engine's own integrity check finds wrong: one line each, none when all is well.
     virtual std::vector<std::string> integrity() = 0;

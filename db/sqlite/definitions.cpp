@@ -13,6 +13,8 @@ void SqliteEngine::define(const dialect::Definition& definition, const std::stri
     const bool creates = definition.verb == "create";
     if (definition.kind == "procedure") return defineProcedure(definition, statement);
     const auto translated = dialect::toSqlite(statement, database_);
+    if (definition.kind == "fulltext index")
+        return creates ? createTextIndex(translated.textIndex) : dropTextIndex(translated.object);
     if (creates && !translated.databases.empty()) return keepText(definition, statement);
     if (definition.verb == "drop" && definition.kind == "view" && dropText(definition)) return;
     whole([&] {
@@ -128,7 +130,7 @@ std::vector<Object> SqliteEngine::objects() {
     const auto add = [&](const std::string& kind, const std::string& query) {
         for (auto& name : texts(query)) result.push_back({kind, std::move(name)});
     };
-    const std::string own = " m.name not like 'sqlite[_]%' and m.name not in ('vorel_procedure', 'vorel_view')";
+    const std::string own = " m.name not like 'sqlite[_]%' and m.name not like 'vorel[_]%'";
     add("table", "select m.name from sqlite_master m where m.type = 'table' and" + own);
     add("column",
         "select m.name || '.' || c.name from sqlite_master m, pragma_table_xinfo(m.name) c"
@@ -138,6 +140,7 @@ std::vector<Object> SqliteEngine::objects() {
     add("view", "select m.name from sqlite_master m where m.type = 'view'");
     for (const auto* kind : {"view", "procedure"})
         for (auto& [name, text] : keptTexts(kind)) result.push_back({kind, std::move(name)});
+    for (const auto& index : textIndexes()) result.push_back({"fulltext index", "on " + index.view});
     return result;
 }
 

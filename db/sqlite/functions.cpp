@@ -139,6 +139,15 @@ void upperText(sqlite3_context* context, int count, sqlite3_value** values) {
     giveText(context, result);
 }
 
+/// tsql_phrase("%part%"): the part as a full-text index looks for it.
+void phrase(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (anyNull(count, values)) return;
+    auto pattern = textOf(values[0]);
+    std::string result = "\"";
+    for (const char c : lowered(pattern.substr(1, pattern.size() - 2))) result += c == '"' ? "\"\"" : std::string(1, c);
+    giveText(context, result += '"');
+}
+
 /// The characters of a text in their folded form, for searching.
 std::u32string foldedText(std::string_view text) {
     std::u32string result;
@@ -270,6 +279,7 @@ void registerFunctions(sqlite3* line, ServerClock& clock) {
     addFunction<length>(line, "tsql_len", 1);
     addFunction<lowerText>(line, "tsql_lower", 1);
     addFunction<upperText>(line, "tsql_upper", 1);
+    addFunction<phrase>(line, "tsql_phrase", 1);
     addFunction<replace>(line, "tsql_replace", 3);
     addFunction<replicate>(line, "tsql_replicate", 2);
     addFunction<charIndex>(line, "tsql_charindex", -1);

@@ -31,6 +31,9 @@ struct Prepared {
     std::vector<char> expressions;  ///< a 1 for each column that is none of a table
     RowBuffer::Size expected;       ///< how much the last run gave
     std::vector<char> kinds;        ///< of a row's insert or update: what each parameter is stored as
+    /// Where the query is a search that an index may serve: the same with the index, and the pattern's parameter.
+    std::unique_ptr<Prepared> indexed;
+    std::size_t pattern = 0;
 };
 
 /// Resets a statement when it goes, so that no line keeps an old state of the database open.

@@ -42,7 +42,7 @@ SqliteEngine::~SqliteEngine() {
 
 RowBuffer SqliteEngine::read(const Sql::Template& statement) {
     requireUsable();
-    auto& ready = prepared(statement.text);
+    auto& ready = prepared(statement);
     const Use use(ready.statement.get());
     bindAll(ready.statement.get(), statement.parameters);
     RowBuffer rows;
@@ -68,6 +68,7 @@ Prepared& SqliteEngine::prepared(const std::string& statement) {
     auto fresh = prepareWithViews(translated.text);
     fresh.object = translated.object;
     if (translated.listEnd > 0) addKey(fresh, translated);
+    addIndexed(fresh, translated);
     fresh.countsRows = translated.text.starts_with("insert") && hasIdentity(fresh.object);
     return statements_.add(statement, std::move(fresh));
 }
@@ -217,10 +218,7 @@ std::vector<std::string> SqliteEngine::integrity() {
 
 std::vector<std::string> SqliteEngine::plan(const Sql::Template& statement) {
     requireUsable();
-    const auto translated = dialect::toSqlite(statement.text, database_);
-    for (const auto& database : translated.databases) attach(database);
-    prepareWithViews(translated.text);
-    return texts("explain query plan " + translated.text, 3);
+    return texts("explain query plan " + std::string(sqlite3_sql(prepared(statement).statement.get())), 3);
 }
 
 }  // namespace db::sqlite

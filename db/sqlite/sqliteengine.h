@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -52,6 +53,7 @@ private:
 
     // Statements.
     Prepared& prepared(const std::string& statement);
+    Prepared& prepared(const Sql::Template& statement);
     template <typename Text>
     Prepared& preparedRow(const char* kind, const Table& table, const std::vector<std::string>& columns,
                           const std::vector<std::string>& keys, Text text);
@@ -77,6 +79,12 @@ private:
     std::vector<std::pair<std::string, std::string>> keptTexts(const std::string& kind);
     bool openViews();
 
+    // Full-text indexes.
+    void createTextIndex(const dialect::TextIndex& index);
+    void dropTextIndex(const std::string& view);
+    const std::vector<dialect::TextIndex>& textIndexes();
+    void addIndexed(Prepared& fresh, const dialect::Translated& translated);
+
     // Tables and procedures.
     TableInfo* tableInfo(std::string_view name);
     const dialect::Procedure& procedure(std::string_view name);
@@ -97,6 +105,7 @@ private:
     std::map<std::string, std::unique_ptr<TableInfo>, std::less<>> tables_;
     std::map<std::string, dialect::Procedure, std::less<>> procedures_;
     std::set<std::string> attached_;
+    std::optional<std::vector<dialect::TextIndex>> textIndexes_;
     bool viewsOpen_ = false;  ///< whether the views over other databases are there on this line
 };
 

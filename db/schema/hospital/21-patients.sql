@@ -155,6 +155,9 @@ select p.psurname + ' ' + p.pfirstName as FullName, p.AdmissionDaysLimit, p.Titl
 from hPatients p
 left join hRetainership c on c.retainID = p.CoyName
 GO
+-- select top 20  * from vwhpatients where fullname like '%ADE%'  order by fullname
+create fulltext index on vwhpatients (FullName) key index pno
+GO
 
 -- One row a private patient whose card has run out; numval is the number of days since, null without a date.
 create view qryhCardExpiredForPrivate as

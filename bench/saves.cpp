@@ -1,0 +1,329 @@
+// A registration and a set of vital signs, saved through their screens, against the same writes on the bare engine:
+// from the nurse's "yes" to the box that says it is saved, with all that the save reads on the way. Each iteration
+// saves through the screen, then writes the same rows with prepared statements, in the same transactions, into a copy
+// of the hospital beside it, with the same durability.
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/loadsession.h"
+#include "db/dialect.h"
+#include "db/schema.h"
+#include "db/sqlite/functions.h"
+#include "db/sqlite/prepared.h"
+#include "outpatient/screens.h"
+#include "registration/screens.h"
+#include "shell/screens.h"
+#include "shell/users.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
+
+/// A write that a screen made, and whether it belongs to the save's transaction.
+struct Write {
+    db::Statement statement;
+    bool joined;
+};
+
+/// The quoted literals of a statement as parameters, as a program on the bare engine would write it.
+std::pair<std::string, std::vector<db::Value>> templated(const std::string& text) {
+    std::pair<std::string, std::vector<db::Value>> result;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '\'') {
+            result.first += text[at];
+            continue;
+        }
+        std::string value;
+        while (text.at(++at) != '\'' || (at + 1 < text.size() && text[at + 1] == '\'')) {
+            value += text[at];
+            if (text[at] == '\'') ++at;
+        }
+        result.second.emplace_back(value);
+        result.first += "?" + std::to_string(result.second.size());
+    }
+    return result;
+}
+
+/// The bare engine on a file of its own.
+class Bare {
+public:
+    Bare(const fs::path& file, db::ServerClock& clock) {
+        if (sqlite3_open(file.c_str(), &line_) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(line_));
+        db::sqlite::registerFunctions(line_, clock);
+        run("pragma journal_mode = wal; pragma synchronous = full; pragma foreign_keys = on; pragma temp_store = "
+            "memory");
+    }
+    Bare(const Bare&) = delete;
+    Bare& operator=(const Bare&) = delete;
+    ~Bare() {
+        statements_.clear();
+        sqlite3_close_v2(line_);
+    }
+
+    Seconds replay(const std::vector<Write>& writes) {
+        struct Ready {
+            std::vector<std::pair<sqlite3_stmt*, std::vector<std::pair<int, db::Value>>>> statements;
+            bool joined;
+        };
+        std::vector<Ready> all;  // what a program of the bare engine keeps prepared
+        for (const auto& write : writes) all.push_back({prepared(write.statement), write.joined});
+        const auto start = Clock::now();
+        bool open = false;
+        for (const auto& ready : all) {
+            if (ready.joined && !std::exchange(open, true)) run("begin immediate");
+            if (!ready.joined && std::exchange(open, false)) run("commit");
+            for (const auto& [statement, values] : ready.statements) step(statement, values);
+        }
+        if (open) run("commit");
+        return Clock::now() - start;
+    }
+
+private:
+    using Bound = std::vector<std::pair<int, db::Value>>;
+
+    void run(const char* sql) {
+        if (sqlite3_exec(line_, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+            throw std::runtime_error(sqlite3_errmsg(line_));
+    }
+    sqlite3_stmt* kept(const std::string& sql) {
+        auto& kept = statements_[sql];
+        if (kept) return kept.get();
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v3(line_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
+            throw std::runtime_error(sql + ": " + sqlite3_errmsg(line_));
+        kept.reset(statement);
+        return statement;
+    }
+    void step(sqlite3_stmt* statement, const Bound& values) {
+        const db::sqlite::Use use(statement);
+        for (const auto& [place, value] : values) db::sqlite::bind(statement, place, value);
+        int code = SQLITE_OK;
+        while ((code = sqlite3_step(statement)) == SQLITE_ROW) benchmark::DoNotOptimize(copied(statement));
+        if (code != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(line_));
+    }
+    static std::string copied(sqlite3_stmt* statement) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
+        return text == nullptr ? "" : text;
+    }
+
+    std::vector<std::pair<sqlite3_stmt*, Bound>> prepared(const db::Statement& statement) {
+        using Kind = db::Statement::Kind;
+        if (statement.kind == Kind::call) return ofCall(statement);
+        Bound values;
+        if (statement.kind == Kind::insert) {
+            std::string columns;
+            std::string places;
+            for (const auto& [column, value] : statement.parameters) {
+                columns += (columns.empty() ? "" : ", ") + column;
+                places += places.empty() ? "?" : ", ?";
+                values.emplace_back(static_cast<int>(values.size()) + 1, value);
+            }
+            const auto table = statement.text.substr(statement.text.find(' ') + 1);
+            return {{kept("insert into " + table + " (" + columns + ") values (" + places + ")"), values}};
+        }
+        if (statement.kind != Kind::execute) throw std::runtime_error("no such write expected: " + statement.text);
+        const auto [text, literals] = templated(statement.text);
+        for (const auto& literal : literals) values.emplace_back(static_cast<int>(values.size()) + 1, literal);
+        return {{kept(db::dialect::toSqlite(text, "Hospital").text), values}};
+    }
+    /// The statements of a stored procedure, its arguments bound by their names.
+    std::vector<std::pair<sqlite3_stmt*, Bound>> ofCall(const db::Statement& call) {
+        std::vector<std::pair<sqlite3_stmt*, Bound>> result;
+        for (const auto& text : procedure(call.text).statements) {
+            auto* statement = kept(db::dialect::toSqlite(text, "Hospital").text);
+            Bound values;
+            for (const auto& [name, value] : call.parameters)
+                if (const auto place = sqlite3_bind_parameter_index(statement, name.c_str()); place > 0)
+                    values.emplace_back(place, value);
+            result.emplace_back(statement, values);
+        }
+        return result;
+    }
+    const db::dialect::Procedure& procedure(const std::string& name) {
+        auto& known = procedures_[name];
+        if (!known) {
+            auto* statement = kept("select text from vorel_procedure where name = ?1");
+            sqlite3_bind_text(statement, 1, name.c_str(), -1, SQLITE_STATIC);
+            if (sqlite3_step(statement) != SQLITE_ROW) throw std::runtime_error("no procedure " + name);
+            known = db::dialect::parseProcedure(copied(statement));
+            sqlite3_reset(statement);
+        }
+        return *known;
+    }
+
+    sqlite3* line_ = nullptr;
+    std::map<std::string, std::unique_ptr<sqlite3_stmt, db::sqlite::Finalizer>> statements_;
+    std::map<std::string, std::optional<db::dialect::Procedure>> procedures_;
+};
+
+/// A demonstration hospital with a nurse who answers every question with yes, and its copy.
+class Hospital {
+public:
+    Hospital() : directory_(fs::temp_directory_path() / ("vorel-bench-" + std::to_string(getpid()))) {
+        fs::create_directories(directory_);
+        db::createDatabases(directory_);
+        {
+            db::DataSources sources(db::DataSources::embedded(directory_));
+            sources.clock().stopAt(now());
+            db::Databases databases(sources);
+            db::createDemonstration(databases, {now().date(), 20'000});
+            shell::addUser(sources, {"nurse", "benchmark", {"NURSING"}, "Nurse Joy", "E001"},
+                           core::Settings::builtInEncodingTable());
+        }
+        std::ofstream(directory_ / "made.sys") << "SVR=SERVER\nHNO=001\n";
+        std::ofstream(directory_ / "sysdoc.sys") << "nurse\n";
+        fs::copy_file(directory_ / "Hospital.db", directory_ / "Copy.db");
+        sources_.clock().stopAt(now());
+        bare_ = std::make_unique<Bare>(directory_ / "Copy.db", sources_.clock());
+        start();
+    }
+    Hospital(const Hospital&) = delete;
+    Hospital& operator=(const Hospital&) = delete;
+    ~Hospital() {
+        place_.databases.setRecorder({});
+        bare_.reset();
+        fs::remove_all(directory_);
+    }
+
+    void show(const std::string& screen) { place_.desktop.show(screen); }
+    void fire(const std::string& path) { place_.desktop.fire(path, false); }
+    void set(const std::string& path, const nlohmann::json& content) { place_.desktop.set(path, content, false); }
+    [[nodiscard]] std::size_t entries(const std::string& path) { return place_.desktop.get(path)["items"].size(); }
+
+    /// Saves through the screen, then writes the same on the bare engine: what each took.
+    std::pair<Seconds, Seconds> save(const std::string& button) {
+        saved_.reset();
+        writes_.clear();
+        fire(button);
+        if (!saved_) throw std::runtime_error(button + ": " + said_);
+        return {*saved_, bare_->replay(writes_)};
+    }
+
+private:
+    static db::DateTime now() { return db::DateTime::of(2026, 11, 24, 11); }
+    [[nodiscard]] core::Settings settings() const {
+        core::Settings settings;
+        settings.programDirectory = directory_;
+        settings.computerName = "DESK-1";
+        settings.clock = &now;
+        return settings;
+    }
+    void start() {
+        shell::provideScreens(place_);
+        registration::provideScreens(place_);
+        outpatient::provideScreens(place_);
+        place_.desktop.setAcknowledges(true);
+        place_.desktop.setBeforeBox([this](const auto& box) { boxOpens(box); });
+        loop_.setBeforeWait([this] { loop_.post([this] { place_.desktop.answer("yes"); }); });
+        core::LoadSession(place_);
+        place_.databases.setRecorder([this](const db::Statement& statement) {
+            if (statement.writes() && !saved_) writes_.push_back({statement, place_.databases.inTransaction()});
+        });
+    }
+    void boxOpens(const ui::Desktop::Question& box) {
+        const auto moment = Clock::now();
+        said_ = box.text;
+        if (box.kind == ui::Desktop::Question::Kind::yesno) {
+            writes_.clear();
+            asked_ = moment;
+        } else if (box.text == "Record Succesfully saved") {
+            saved_ = moment - asked_;
+        }
+    }
+
+    fs::path directory_;
+    db::DataSources sources_{db::DataSources::embedded(directory_)};
+    ui::EventLoop loop_;
+    core::Workplace place_{sources_, loop_, settings()};
+    std::unique_ptr<Bare> bare_;
+    std::vector<Write> writes_;
+    Clock::time_point asked_;
+    std::optional<Seconds> saved_;
+    std::string said_;
+};
+
+Hospital& hospital() {
+    static Hospital hospital;
+    return hospital;
+}
+
+using Fields = std::vector<std::pair<const char*, const char*>>;
+
+void fill(const std::string& screen, const Fields& fields) {
+    for (const auto& [field, text] : fields) hospital().set(screen + "." + field, text);
+}
+
+/// What both sides took, over all iterations.
+template <typename Prepare>
+void saves(benchmark::State& state, const std::string& screen, Prepare prepare) {
+    hospital().show(screen);
+    Seconds ours{};
+    Seconds bare{};
+    std::size_t number = 0;
+    for (auto _ : state) {
+        prepare(number++);
+        const auto [mine, same] = hospital().save(screen + ".OKButton");
+        ours += mine;
+        bare += same;
+        state.SetIterationTime(mine.count());
+    }
+    state.counters["ratio"] = ours / bare;
+}
+
+void registration(benchmark::State& state) {
+    saves(state, "frmPatientsNew", [](std::size_t number) {
+        hospital().fire("frmPatientsNew.cmdAdd");
+        fill("frmPatientsNew", {{"cboPat", "(PRIVATE) [0001]"},
+                                {"cboNew", "NEW"},
+                                {"cboTitle", "MRS"},
+                                {"txtfirstNAme", "ADA NGOZI"},
+                                {"txtSex", "FEMALE"},
+                                {"cboCard", "SINGLE"},
+                                {"cboMat", "ADULT"},
+                                {"cboArea", "IKEJA"},
+                                {"txtPhone", "08031234567"},
+                                {"txtKin", "TUNDE"},
+                                {"txtNOKPhone", "08021234567"},
+                                {"dtDate", "1990-05-01"},
+                                {"dtExpDate", "2027-11-24"}});
+        hospital().set("frmPatientsNew.txtsurNAme", "BENCH" + std::to_string(number));
+    });
+}
+BENCHMARK(registration)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
+void vitalSigns(benchmark::State& state) {
+    saves(state, "frmPreConsult", [](std::size_t number) {
+        hospital().fire("frmPreConsult.cmdAdd");
+        hospital().set("frmPreConsult.chkAll", true);
+        const auto waiting = hospital().entries("frmPreConsult.cboVehNo") - 1;
+        hospital().set("frmPreConsult.cboVehNo", {{"row", number % waiting + 1}});
+        hospital().set("frmPreConsult.CboRef", {{"row", 1}});
+        fill("frmPreConsult", {{"txtTemp", "36.8"},
+                               {"txtPressure", "120"},
+                               {"txtPressure2", "80"},
+                               {"txtPause", "72"},
+                               {"txtResp", "18"},
+                               {"txtHt", "1.68"},
+                               {"txtWt", "64.5"},
+                               {"txtSPO2", "98"}});
+    });
+}
+BENCHMARK(vitalSigns)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -48,7 +48,13 @@ void Connection::drop() noexcept {
 }
 
 void Connection::record(Statement::Kind kind, std::string text, std::vector<std::pair<std::string, Value>> parameters) {
-    if (recorder_) recorder_({kind, std::move(text), database_, std::move(parameters)});
+    if (!recorder_) return;
+    try {
+        recorder_({kind, std::move(text), database_, std::move(parameters)});
+    } catch (const Error& error) {
+        if (error.category() == Category::lostConnection) drop();
+        throw;
+    }
 }
 
 std::int64_t Connection::execute(const Sql& sql) {

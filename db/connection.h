@@ -31,8 +31,8 @@ struct Statement {
     [[nodiscard]] bool writes() const noexcept { return kind != Kind::read; }
 };
 
-/// Sees every statement of a session first; a throw stops it before anything ran. So one hook serves trace, the
-/// statement checks of tests and injected failures.
+/// Sees every statement of a session first; a throw stops it before anything ran, and Error(lostConnection) loses the
+/// line as if it had broken there. So one hook serves trace, the statement checks of tests and injected failures.
 using Recorder = std::function<void(const Statement&)>;
 
 /// A session's line to one database. Cheap to have: the engine's line behind it is borrowed from the database's pool

@@ -27,12 +27,8 @@ public:
 /// A hospital whose nurse has a main window to come to.
 class Ward : public TestHospital {
 public:
-    Ward() {
-        place.desktop.provide("MdiVorel", [this] {
-            ++mainWindowsMade;
-            return std::make_unique<MainStub>(place);
-        });
-    }
+    Ward() { provideMainWindow(); }
+    explicit Ward(const HospitalFiles& files) : TestHospital(files) { provideMainWindow(); }
     /// Starts the session, and forgets what that did.
     void start() {
         core::LoadSession(place);
@@ -40,6 +36,14 @@ public:
     }
     [[nodiscard]] MainStub& main() const { return dynamic_cast<MainStub&>(*place.desktop.main()); }
     int mainWindowsMade = 0;
+
+private:
+    void provideMainWindow() {
+        place.desktop.provide("MdiVorel", [this] {
+            ++mainWindowsMade;
+            return std::make_unique<MainStub>(place);
+        });
+    }
 };
 
 }  // namespace test

@@ -214,6 +214,50 @@ TEST_F(PreConsult, AFaultAtAnyWriteLeavesTheRowsAndTheScreenAsTheyWere) {
     EXPECT_TRUE(screen().cmdAdd.visible());
 }
 
+class PreConsultInFiles : protected InFiles, public PreConsult {
+protected:
+    PreConsultInFiles() : PreConsult(files) {}
+    std::size_t breakTheLine(const std::function<void()>& prepare) {
+        return hospital.breakTheLineAtEachStatement("frmPreConsult", prepare, [this] { return rows(); }).size();
+    }
+};
+
+TEST_F(PreConsultInFiles, ABrokenLineLeavesNothing) {
+    EXPECT_GT(breakTheLine([&] { take(adaWaits); }), 9U);
+    EXPECT_EQ(hospital.value("select count(*) from hPreConsult"_sql), db::Value(1));
+    EXPECT_EQ(hospital.value("select count(*) from hPreConsultChart"_sql), db::Value(1));
+    EXPECT_EQ(hospital.value("select count(*) from hPatientsTimeline"_sql), db::Value(1));
+    EXPECT_GT(breakTheLine([&] {
+                  correct("Zainab Audu [D2]");
+                  set("txtTemp", "39");
+              }),
+              6U);
+    EXPECT_EQ(hospital.dump("select p.temp, c.temp from hPreConsult p, hPreConsultChart c where c.ID = p.ID"_sql),
+              "39|39\n");
+}
+
+TEST_F(PreConsultInFiles, TheLastOfTwoDesksWinsAndNeitherSeesAnError) {
+    saveOne();
+    Ward other(files);
+    other.start();
+    outpatient::provideScreens(other.place);
+    other.place.desktop.show("frmPreConsult");
+    const auto at = [](Ward& desk, const char* control, const char* text) {
+        desk.place.desktop.set(std::string("frmPreConsult.") + control, text, false);
+    };
+    for (auto* desk : {&hospital, &other}) desk->place.desktop.fire("frmPreConsult.grdData.DblClick", false);
+    for (auto* desk : {&other, &hospital}) {
+        at(*desk, "CboRef", desk == &other ? "Zainab Audu [D2]" : "Tunde Ojo [D1]");
+        at(*desk, "txtTemp", desk == &other ? "38" : "39");
+        desk->answer("yes");
+        desk->expectMessage("Record Succesfully updated");
+        desk->place.desktop.fire("frmPreConsult.OKButton", false);
+    }
+    EXPECT_EQ(hospital.dump("select p.temp, c.temp from hPreConsult p, hPreConsultChart c where c.ID = p.ID"_sql),
+              "39|39\n");
+    EXPECT_EQ(hospital.dump("select DocAssigned from hRecords where consultID='C1'"_sql), "D1\n");
+}
+
 TEST_F(PreConsult, ARowThatSomebodyDeletedMeanwhileIsNotWrittenAgain) {
     saveOne();
     correct("Tunde Ojo [D1]");

@@ -32,7 +32,9 @@ inline const std::vector<std::pair<const char*, const char*>> typed = {{"txtTemp
 /// A morning at the station: Ada and Musa wait, Ngozi was seen, two doctors are in.
 class PreConsult : public testing::Test {
 protected:
-    PreConsult() {
+    PreConsult() { open(); }
+    explicit PreConsult(const HospitalFiles& files) : hospital(files) { open(); }
+    void open() {
         using namespace db::literals;
         hospital.start();
         outpatient::provideScreens(hospital.place);

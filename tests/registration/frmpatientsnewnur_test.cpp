@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "tests/registration/registration.h"
 
 using namespace db::literals;
@@ -7,7 +9,9 @@ namespace {
 
 class PatientsNewNur : public Registration {
 protected:
-    PatientsNewNur() : Registration("frmPatientsNewNur") {
+    PatientsNewNur() : Registration("frmPatientsNewNur") { priceServices(); }
+    explicit PatientsNewNur(const HospitalFiles& files) : Registration("frmPatientsNewNur", files) { priceServices(); }
+    void priceServices() {
         hospital.execute(
             "insert into hServiceNHIS (drgName, Price, Company) values ('REGISTRATION', 1500.25, 'NHIS'), "
             "('CONSULTATION', 900, 'NHIS')"_sql);
@@ -145,6 +149,23 @@ TEST_F(PatientsNewNur, EachFailingWriteOfTheWholeSaveLeavesNothing) {
     }
 }
 
+class PatientsNewNurInFiles : protected InFiles, public PatientsNewNur {
+protected:
+    PatientsNewNurInFiles() : PatientsNewNur(files) {}
+};
+
+TEST_F(PatientsNewNurInFiles, ABrokenLineLeavesNothing) {
+    const auto broken = breakTheLine([&] {
+        book("(PRIVATE) [0001]", "(IN-PATIENT)", "APPOINTMENT");
+        session().gPatientBalance = 100;
+        set("txtAdmitLimit", "0");
+    });
+    EXPECT_GT(std::count_if(broken.begin(), broken.end(), [](auto& text) { return text.starts_with("insert "); }), 7);
+    EXPECT_EQ(hospital.dump("select PNo, LastConsultID from hPatients"_sql), "000000001/001|001000000001\n");
+    EXPECT_EQ(hospital.value("select count(*) from hreferal"_sql).int32(), 1);
+    EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql).int32(), 3);
+}
+
 TEST_F(PatientsNewNur, OneVisitADayWhateverTheLocks) {
     addPatient("P1");
     session().gLockMultipleAttendance = "NO";
@@ -156,6 +177,45 @@ TEST_F(PatientsNewNur, OneVisitADayWhateverTheLocks) {
     hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor");
     set("cboClin", "EYE");
     EXPECT_EQ(screen().cboClin.text(), "");
+}
+
+TEST_F(PatientsNewNur, StoresWhatIsTypedOrLosesNothing) {
+    const std::string hostile = "O'Neil \"[x]\"; drop table hPatients -- \xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C";
+    book("(PRIVATE) [0001]", "EYE", "(CONSULTATION)");
+    for (const auto* field : {"txtHomeAddress", "txtKin", "txtOLD", "cboArea"}) set(field, hostile);
+    save();
+    EXPECT_EQ(hospital.dump("select homeAddress, nextOfKin, Area from hPatients"_sql),
+              hostile + "|" + hostile + "|" + hostile + "\n");
+    EXPECT_EQ(hospital.value("select OldPNo from hPatients"_sql), db::Value(hostile));
+    const auto before = rows();
+    book("(PRIVATE) [0001]", "EYE", "(CONSULTATION)");
+    for (const auto* field : {"txtHomeAddress", "txtsurNAme", "txtOLD", "cboPurpose", "txtAdmitLimit"}) {
+        const std::string kept = place.desktop.get(name + "." + field)["text"];
+        set(field, std::string(10'000, '9'));
+        const auto typed = place.desktop.get(name + "." + field);
+        hospital.answer("yes");
+        hospital.setTakesMessages(true);
+        fire("OKButton");
+        hospital.setTakesMessages(false);
+        EXPECT_EQ(rows(), before) << field;
+        EXPECT_EQ(place.desktop.get(name + "." + field), typed) << field;
+        set(field, kept);
+    }
+    save();
+}
+
+TEST_F(PatientsNewNur, APhotographNeedsAPatientWithANumber) {
+    addPatient("P1");
+    fire("grdData.DblClick");
+    const std::string jpeg = "\xFF\xD8\xFF\xE0 a face \xFF\xD9";
+    hospital.program.write("face.jpg", jpeg);
+    hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
+    fire("cmdPix");
+    EXPECT_EQ(screen().imgPix.image().size(), jpeg.size());
+    set("chkReg", false);
+    save("Record Succesfully Edited and Updated");
+    EXPECT_EQ(hospital.value("select patPix from hPatients"_sql).bytes().size(), jpeg.size());
+    EXPECT_FALSE(std::filesystem::exists(hospital.program.path() / "face.jpg"));
 }
 
 TEST_F(PatientsNewNur, DiffersInItsWords) {

@@ -319,6 +319,29 @@ TEST_F(Records, AFaultAtAnyWriteLeavesTheRowsAndTheScreenAsTheyWere) {
         << "a renewal is still to be charged after a failed save";
 }
 
+class RecordsInFiles : protected InFiles, public Records {
+protected:
+    RecordsInFiles() : Records(files) {}
+};
+
+TEST_F(RecordsInFiles, ABrokenLineLeavesNothing) {
+    auto broken = breakTheLine([&] {
+        take("1", "SCREENING");
+        session().gRenewPending = true;
+    });
+    EXPECT_GT(broken.size(), 9U);
+    EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql), db::Value(1));
+    EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql), db::Value(2));
+    EXPECT_EQ(hospital.value("select count(*) from hhScreeningAttnd"_sql), db::Value(1));
+    broken = breakTheLine([&] {
+        fire("cmdRefresh");
+        fire("cmdEdit");
+        set("cboRefHmo", "YES");
+    });
+    EXPECT_GT(broken.size(), 3U);
+    EXPECT_EQ(hospital.dump("select HMORef from hRecords"_sql), "YES\n");
+}
+
 TEST_F(Records, WhatFailsBehindTheCommitCannotSaveTheVisitTwice) {
     take();
     hospital.failStatement("qryhVisitsForToday ORDER BY");

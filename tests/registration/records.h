@@ -13,7 +13,9 @@ inline constexpr const char* musa = "000000001/001";
 /// The attendance desk, with Musa, a private patient whose card is good, and the HMO's Ada.
 class Records : public Registration {
 protected:
-    Records() : Registration("frmRecords") {
+    Records() : Registration("frmRecords") { addPatients(); }
+    explicit Records(const HospitalFiles& files) : Registration("frmRecords", files) { addPatients(); }
+    void addPatients() {
         using namespace db::literals;
         hospital.execute(
             "insert into hPatients (PNo, OldPNo, psurname, pfirstName, CoyName, clientCatID, occupation, PolicyType, "

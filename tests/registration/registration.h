@@ -14,18 +14,9 @@ namespace test {
 /// A registration desk with two clients: the private one and an HMO with a plan. `screenName` says whose screen it is.
 class Registration : public testing::Test {
 protected:
-    explicit Registration(std::string screenName) : name(std::move(screenName)) {
-        using namespace db::literals;
-        hospital.start();
-        registration::provideScreens(place);
-        hospital.execute(
-            "insert into hRetainership (retainID, retainName, retainCode, ClientType, clientcatID, RegAmount, "
-            "CardRenewAmount, ConAmount) values ('0007', 'Axa Mansard', 'AXM', 'HMO', 'HMO', 750.5, 100, 200)"_sql);
-        hospital.execute("insert into HmoPlan (planName, CoyCode) values ('Gold', '0007')"_sql);
-        hospital.execute("insert into hPatientArea (AreaName) values ('Ikeja')"_sql);
-        hospital.execute("insert into clinicTypes (ClinicID, ClinicName, Regfee) values ('EYE', 'EYE', 300)"_sql);
-        place.desktop.show(name);
-        hospital.forget();
+    explicit Registration(std::string screenName) : name(std::move(screenName)) { open(); }
+    Registration(std::string screenName, const HospitalFiles& files) : name(std::move(screenName)), hospital(files) {
+        open();
     }
     registration::RegistrationForm& screen() {
         return dynamic_cast<registration::RegistrationForm&>(*place.desktop.loaded(name));
@@ -99,9 +90,28 @@ protected:
         return all;
     }
 
+    std::vector<std::string> breakTheLine(const std::function<void()>& prepare) {
+        return hospital.breakTheLineAtEachStatement(name, prepare, [this] { return rows(); });
+    }
+
     const std::string name;
     Ward hospital;
     core::Workplace& place = hospital.place;
+
+private:
+    void open() {
+        using namespace db::literals;
+        hospital.start();
+        registration::provideScreens(place);
+        hospital.execute(
+            "insert into hRetainership (retainID, retainName, retainCode, ClientType, clientcatID, RegAmount, "
+            "CardRenewAmount, ConAmount) values ('0007', 'Axa Mansard', 'AXM', 'HMO', 'HMO', 750.5, 100, 200)"_sql);
+        hospital.execute("insert into HmoPlan (planName, CoyCode) values ('Gold', '0007')"_sql);
+        hospital.execute("insert into hPatientArea (AreaName) values ('Ikeja')"_sql);
+        hospital.execute("insert into clinicTypes (ClinicID, ClinicName, Regfee) values ('EYE', 'EYE', 300)"_sql);
+        place.desktop.show(name);
+        hospital.forget();
+    }
 };
 
 }  // namespace test

@@ -38,8 +38,18 @@ void TemporaryDirectory::write(const std::string& name, const std::string& conte
     std::ofstream(path_ / name, std::ios::binary) << content;
 }
 
-TestHospital::TestHospital()
-    : sources(inMemory()), place(sources, loop, [this] {
+HospitalFiles::HospitalFiles() {
+    db::createDatabases(directory_.path());
+}
+
+std::map<std::string, db::Source> HospitalFiles::sources() const {
+    return db::DataSources::embedded(directory_.path());
+}
+
+TestHospital::TestHospital() : TestHospital(inMemory()) {}
+
+TestHospital::TestHospital(std::map<std::string, db::Source> sourceTable)
+    : sources(std::move(sourceTable)), place(sources, loop, [this] {
           core::Settings settings;
           settings.programDirectory = program.path();
           settings.computerName = "WARD-3";
@@ -51,7 +61,8 @@ TestHospital::TestHospital()
     program.write("made.sys", "SVR=SERVER\r\nHNO=001\r\n");
     program.write("sysdoc.sys", "nurse\r\n");
     sources.clock().stopAt(db::DateTime::of(2026, 11, 24, 9, 30));
-    for (const auto& name : db::DataSources::names()) db::createSchema(place.databases.named(name));
+    for (const auto& name : db::DataSources::names())
+        if (sources.sources().at(name).location == ":memory:") db::createSchema(place.databases.named(name));
     execute("update hHospital set hname='General Hospital'"_sql);
     addUser("nurse", "NURSING");
     place.desktop.setAcknowledges(true);
@@ -127,7 +138,32 @@ void TestHospital::record(const db::Statement& statement) {
     const bool partFails = !failingPart_.empty() && statement.text.find(failingPart_) != std::string::npos;
     if (partFails) failingPart_.clear();
     const bool writeFails = statement.writes() && writesUntilFailure_ > 0 && --writesUntilFailure_ == 0;
+    if (statementsUntilBreak_ > 0 && --statementsUntilBreak_ == 0)
+        throw db::Error(db::Category::lostConnection, "Communication link failure");
     if (partFails || writeFails) throw db::Error(db::Category::injected, "Injected failure");
+}
+
+std::vector<std::string> TestHospital::breakTheLineAtEachStatement(const std::string& screen,
+                                                                   const std::function<void()>& prepare,
+                                                                   const std::function<std::string()>& rows) {
+    std::vector<std::string> broken;
+    takesMessages_ = true;
+    for (;;) {
+        prepare();
+        const auto form = place.desktop.get(screen);
+        const auto before = rows();
+        forget();
+        breakLine(static_cast<int>(broken.size()) + 1);
+        answer("yes");
+        place.desktop.fire(screen + ".OKButton", false);
+        if (std::any_of(boxes_.begin(), boxes_.end(), [](auto& box) { return box.text.starts_with("Record "); })) break;
+        broken.push_back(log_.at(broken.size()).text);
+        EXPECT_EQ(rows(), before) << broken.back();
+        EXPECT_EQ(nlohmann::json::diff(form, place.desktop.get(screen)), nlohmann::json::array()) << broken.back();
+        place.desktop.fire(screen + ".cmdCancel", false);
+    }
+    takesMessages_ = false;
+    return broken;
 }
 
 void TestHospital::listen() {
@@ -194,7 +230,7 @@ void TestHospital::addUser(const std::string& name, const std::string& role, con
         execute("insert into Users (Username, EmpID, Fullname) values ('"_sql + name + "', '" + empId + "', '" +
                 fullName + "')");
     execute("insert into UserRoles (Username, RoleID) select '"_sql + name + "', RoleID from Roles where LoginRole='" +
-            role + "'");
+            role + "' and RoleID not in (select RoleID from UserRoles where Username='" + name + "')");
 }
 
 void TestHospital::setDefault(const std::string& key, const db::Value& value) {

@@ -5,6 +5,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
@@ -30,14 +31,31 @@ private:
     std::filesystem::path path_;
 };
 
-/// A hospital in memory and one nurse's workplace in it, with a desktop that a script answers. Its server's clock
-/// stands at 24-Nov-2026 09:30:00, its nurse is "nurse" (Nurse Joy, E001) of "General Hospital" with the role NURSING.
+/// The four databases of a new hospital in files, for the tests of several desks and of lines that break.
+class HospitalFiles {
+public:
+    HospitalFiles();
+    [[nodiscard]] std::map<std::string, db::Source> sources() const;
+
+private:
+    TemporaryDirectory directory_;
+};
+
+/// A base that stands before a fixture which works in files.
+struct InFiles {
+    HospitalFiles files;
+};
+
+/// A hospital, in memory unless it is told, and one nurse's workplace in it, with a desktop that a script answers. Its
+/// server's clock stands at 24-Nov-2026 09:30:00, its nurse is "nurse" (Nurse Joy, E001) of "General Hospital" with the
+/// role NURSING.
 ///
 /// Boxes have to be foretold, in order: an unexpected one, one that was foretold and did not open, and one that opens
 /// while other writers wait for this session fail the test.
 class TestHospital {
 public:
     TestHospital();
+    explicit TestHospital(const HospitalFiles& files) : TestHospital(files.sources()) {}
     TestHospital(const TestHospital&) = delete;
     TestHospital& operator=(const TestHospital&) = delete;
     ~TestHospital();
@@ -70,6 +88,14 @@ public:
     void failWrite(int n) { writesUntilFailure_ = n; }
     /// The next statement that holds `part` fails in the same way.
     void failStatement(std::string part) { failingPart_ = std::move(part); }
+    /// The line of a hospital in files breaks at the `n`th statement from now on.
+    void breakLine(int n) { statementsUntilBreak_ = n; }
+    /// Breaks the line at each statement of a screen's save in turn, until the save gets through and the break comes
+    /// behind it: until then `rows` and the form stand as they stood when `prepare` had filled it.
+    /// Gives the statements that were broken.
+    std::vector<std::string> breakTheLineAtEachStatement(const std::string& screen,
+                                                         const std::function<void()>& prepare,
+                                                         const std::function<std::string()>& rows);
     /// Whether a failure that was asked for is still to come.
     [[nodiscard]] bool failurePending() const noexcept { return writesUntilFailure_ > 0 || !failingPart_.empty(); }
 
@@ -94,6 +120,7 @@ public:
     core::Workplace place;
 
 private:
+    explicit TestHospital(std::map<std::string, db::Source> sourceTable);
     void boxOpens(const ui::Desktop::Question& box);
     void waits();
     void answerBox();
@@ -112,6 +139,7 @@ private:
     std::vector<db::Statement> log_;
     int writesUntilFailure_ = 0;
     std::string failingPart_;
+    int statementsUntilBreak_ = 0;
 };
 
 }  // namespace test

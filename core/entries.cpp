@@ -36,6 +36,13 @@ void addColumn(ui::ItemControl& list, db::Connection& connection, const db::Sql&
     addEntries(list, connection, sql, [&](const db::Recordset& row) { return row[column].textOr(); });
 }
 
+int itemWithKey(const ui::ItemControl& list, std::string_view key) {
+    const auto& items = list.items();
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [&](const ui::ListItem& item) { return entryOf(item.text).key == key; });
+    return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+}
+
 void showEntry(ui::ComboBox& list, const std::string& text) {
     list.clearText();
     if (text.empty()) return;

@@ -27,6 +27,8 @@ void addEntries(ui::ItemControl& list, db::Connection& connection, const db::Sql
 /// The same with the text of one column, null as "".
 void addColumn(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql, std::string_view column);
 
+/// The place of the item whose entry has this key; -1 without one.
+int itemWithKey(const ui::ItemControl& list, std::string_view key);
 /// Shows a stored text in a list: picks its entry, which is added where the list does not have it (any more), and
 /// raises Click. An empty text picks nothing.
 void showEntry(ui::ComboBox& list, const std::string& text);

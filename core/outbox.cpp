@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/form.h"
+#include "db/letters.h"
 
 namespace core {
 namespace {
@@ -79,7 +80,7 @@ bool startsCharacter(char byte) {
 /// Eleven characters are a national number: its leading zero gives way to the country's code.
 std::string international(const std::string& phone) {
     constexpr auto nationalLength = 11;
-    if (std::count_if(phone.begin(), phone.end(), startsCharacter) != nationalLength) return phone;
+    if (db::characterCount(phone) != nationalLength) return phone;
     return "234" + std::string(std::find_if(phone.begin() + 1, phone.end(), startsCharacter), phone.end());
 }
 

@@ -24,10 +24,21 @@ void dropWhatHoldsNoRows(Connection& connection) {
             connection.execute(scriptSql("drop " + kind + " " + name));
 }
 
-/// The steps of one version change the tables that stand.
+std::set<std::string> presentNames(Connection& connection) {
+    std::set<std::string> names;
+    for (const auto& object : connection.objects()) names.insert(lowered(object.name));
+    return names;
+}
+
+/// The steps of one version change the tables that stand; one that an older version lacks comes whole from the schema.
 void takeSteps(Connection& connection, int version) {
     const auto file = "migrations/" + lowered(connection.database()) + "-" + std::to_string(version) + ".sql";
-    for (const auto& statement : scriptStatements(file)) connection.execute(scriptSql(statement));
+    const auto present = presentNames(connection);
+    for (const auto& statement : scriptStatements(file)) {
+        const auto definition = dialect::definition(statement);
+        if (definition.verb == "alter" && !present.contains(lowered(definition.name))) continue;
+        connection.execute(scriptSql(statement));
+    }
 }
 
 /// The table that an `insert into T` fills, in small letters; "" for any other statement.
@@ -39,8 +50,7 @@ std::string filledTable(const std::string& statement) {
 
 /// Runs those statements of the schema whose objects are missing; a table that is new gets its first rows.
 void createWhatIsMissing(Connection& connection) {
-    std::set<std::string> present;
-    for (const auto& object : connection.objects()) present.insert(lowered(object.name));
+    const auto present = presentNames(connection);
     std::set<std::string> fresh;
     for (const auto& statement : schemaStatements(connection.database())) {
         const auto definition = dialect::definition(statement);

@@ -1,9 +1,8 @@
 #include "db/command.h"
 
-#include <algorithm>
-
 #include "db/engine.h"
 #include "db/error.h"
+#include "db/letters.h"
 
 namespace db {
 
@@ -11,11 +10,6 @@ namespace {
 
 [[noreturn]] void wrongType() {
     throw Error(Category::type, "Application uses a value of the wrong type for the current operation.");
-}
-
-std::size_t characterCount(const std::string& text) noexcept {
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
 Value sizedText(const Value& value, int size) {

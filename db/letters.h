@@ -27,6 +27,12 @@ namespace db {
     return result;
 }
 
+/// Characters of a text in UTF-8.
+[[nodiscard]] inline std::size_t characterCount(std::string_view text) noexcept {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
 /// Whether two names are the same in any letter case.
 [[nodiscard]] inline bool sameName(std::string_view left, std::string_view right) noexcept {
     return left.size() == right.size() &&

@@ -19,6 +19,11 @@ void ClientPick::loadClients(bool withPrivate) {
         [](const db::Recordset& row) { return core::entryText(row["ClientName"].textOr(), row["RetainID"].textOr()); });
 }
 
+void ClientPick::forget() {
+    picked_.retainID.clear();
+    retainCode_.clear();
+}
+
 bool ClientPick::pickClient() {
     const auto entry = core::entryOf(lists_.cboPat.text());
     if (lists_.cboPat.index() < 0 || entry.key.empty()) return false;
@@ -56,6 +61,10 @@ void ClientPick::pickCategory() {
     const auto types = place_.hospital().read("select distinct clientType  from billingPrice where clientCatID='"_sql +
                                               category + "'");
     picked_.type = types.empty() ? "COMPANY" : types["clientType"].textOr();
+    offerPlansOf(category);
+}
+
+void ClientPick::offerPlansOf(const std::string& category) {
     if (isManagedCare(category))
         loadPlans();
     else

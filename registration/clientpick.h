@@ -31,6 +31,8 @@ public:
 
     /// Fills the list of clients; `withPrivate` puts "(PRIVATE) [0001]" in front. Throws db::Error, as all below.
     void loadClients(bool withPrivate);
+    /// Nobody is picked any more; the lists stay.
+    void forget();
     /// Takes the entry that stands in the list of clients and offers his categories. False where no real entry stands
     /// there; nothing is changed then.
     bool pickClient();
@@ -39,6 +41,8 @@ public:
     void offerAllCategories();
     /// Offers the categories of a client's type, all of them where his type has none, and notes his type and code.
     void offerCategoriesOf(const std::string& retainID);
+    /// The plans of the picked client; none but "NIL" where he, or the category, has none.
+    void offerPlansOf(const std::string& category);
     void loadPlans();
 
     [[nodiscard]] bool isPrivate() const { return picked_.retainID == place_.session.gPrivateTariff; }

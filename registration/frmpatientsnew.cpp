@@ -61,8 +61,7 @@ db::Recordset frmPatientsNew::search(SearchKind kind, const std::string& text) {
             if (!limitedSearch())
                 return hospital().read("select  * from vwhpatients where fullname like '%"_sql + text +
                                        "%'  order by fullname");
-            return hospital().read("select top "_sql + settingNumber(session().gSearchValue) +
-                                   "  * from vwhpatients where fullname like '%" + text + "%'  order by fullname");
+            return firstByName(place(), text);
         }
         case SearchKind::cardNo:
             return hospital().read("select  * from vwhpatients where oldPno = '"_sql + core::quotesDoubled(text) +
@@ -103,6 +102,7 @@ void frmPatientsNew::cmdPatDep_Click() {
     principalPNo_ = currentPNo_.empty() ? core::trimmed(txtSupp.text()) : currentPNo_;
     for (auto* box : {&txtfirstNAme, &txtAge, &txtPhone, &txtEmail, &txtOccu, &txtOfficeAddress}) box->clear();
     dtDate.setValue({});
+    clearPhotograph();
     for (auto* list : {&txtSex, &cboMat, &txtKinRel, &cboTitle, &cboNew}) list->clearText();
     cmdAdd_Click();
     dependantMode_ = true;

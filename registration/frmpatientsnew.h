@@ -10,7 +10,7 @@ class frmPatientsNew : public RegistrationForm {
 public:
     explicit frmPatientsNew(core::Workplace& place);
 
-    ui::ComboBox cboDoc{*this, "cboDoc"};
+    ui::ComboBox cboDoc{*this, "cboDoc", ui::ComboBox::Style::listOnly};
     ui::DataGrid grdDoc{*this, "grdDoc"};
     ui::Timer Timer1{*this, "Timer1", std::chrono::seconds(30), true, [this] { refreshQueues(); }};
 
@@ -30,12 +30,14 @@ protected:
     void cmdPatDep_Click() override;
     void cmdPix_Click() override;
     [[nodiscard]] const char* deleteRefusal() const override { return "You dont have Permission to Reverse an Entry"; }
+    void clearClinic() override;
     void showQueues() override;
     void saveFinished() override;
 
 private:
     bool roomsAreAssigned();
     void offerDoctors();
+    void forgetDoctors();
     void SuggestDoctor();
     bool locked();
     void cboDoc_Click();

@@ -8,14 +8,25 @@ using namespace db::literals;
 
 /// The locks and the card are looked at when a clinic is picked; each refusal takes the pick back.
 void frmPatientsNew::cboClin_Click() {
-    cboDoc.clear();
-    cboDoc.add("");
+    forgetDoctors();
     session().gClinicName = cboClin.text();
     if (cboClin.text().empty()) return;
     if (session().gAssignDoctorsToRooms == "YES" && !roomsAreAssigned()) return;
     offerDoctors();
-    if (locked()) return cboClin.clearText();
+    if (locked()) return clearClinic();
     cardIsGood();
+}
+
+void frmPatientsNew::clearClinic() {
+    RegistrationForm::clearClinic();
+    forgetDoctors();
+}
+
+void frmPatientsNew::forgetDoctors() {
+    cboDoc.clear();
+    cboDoc.add("");
+    assignedDoctorId_.clear();
+    assignedDoctorName_.clear();
 }
 
 bool frmPatientsNew::roomsAreAssigned() {
@@ -23,7 +34,7 @@ bool frmPatientsNew::roomsAreAssigned() {
         hospital().read("select DocNo from hConRoomAssign where schdDate='"_sql + session().gServerDate + "'");
     if (!rooms.empty()) return true;
     message("Please Assign Doctors to Consulting Rooms before Attendance can be Taken", ui::Icon::none, "OK");
-    cboClin.clearText();
+    clearClinic();
     desktop().show("frmSchedDoctor");
     return false;
 }
@@ -50,9 +61,7 @@ void frmPatientsNew::SuggestDoctor() {
         hospital().read("select  top 1 EmpID,Doctor,RoomNo from vwDocMinNumOfPat where IsOff=0 and Date='"_sql +
                         session().gServerDate + "' and ClinicID='" + session().gClinicName + "'  order by NumOfPat");
     if (shortest.empty()) return;
-    const auto key = shortest["EmpID"].textOr();
-    for (std::size_t i = 0; i < cboDoc.items().size(); ++i)
-        if (core::entryOf(cboDoc.items()[i].text).key == key) return cboDoc.setIndex(static_cast<int>(i));
+    if (const int item = core::itemWithKey(cboDoc, shortest["EmpID"].textOr()); item >= 0) cboDoc.setIndex(item);
 }
 
 bool frmPatientsNew::locked() {
@@ -80,7 +89,6 @@ void frmPatientsNew::cboDoc_Click() {
 /// An appointment takes its day from the days of its clinic.
 void frmPatientsNew::purposePicked() {
     if (cboPurpose.text() != "APPOINTMENT") return;
-    if (cboClin.text().empty()) return message("Specify Clinic");
     const auto days =
         hospital().read("select distinct Clinic  from vwClinicDays where clinic='"_sql + session().gClinicName + "'");
     if (!days.empty()) desktop().show("frmClinicDates");

@@ -29,7 +29,7 @@ void frmPatientsNewNur::cboClin_Click() {
     session().gClinicName = cboClin.text();
     if (cboClin.text().empty()) return;
     if (core::HasVisitToday(place(), core::trimmed(txtSupp.text()))) {
-        cboClin.clearText();
+        clearClinic();
         return message("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor");
     }
     cardIsGood();
@@ -44,6 +44,7 @@ void frmPatientsNewNur::categoryPicked() {
 }
 
 db::Recordset frmPatientsNewNur::search(SearchKind kind, const std::string& text) {
+    if (kind == SearchKind::name && limitedSearch()) return firstByName(place(), core::quotesDoubled(text));
     if (kind != SearchKind::sysNo) return searchAtDesk(place(), kind, text);
     txtName.setText(systemNumber(session(), text));
     return searchAtDesk(place(), kind, txtName.text());

@@ -8,8 +8,9 @@ namespace registration {
 /// the attendance here, fewer fields are asked for, and the visit's fee reaches the bill.
 class frmPatientsNewNur : public RegistrationForm {
 public:
-    explicit frmPatientsNewNur(core::Workplace& place)
-        : RegistrationForm(place, "frmPatientsNewNur", " Registration") {}
+    explicit frmPatientsNewNur(core::Workplace& place) : RegistrationForm(place, "frmPatientsNewNur", " Registration") {
+        cmdSys.setCaption("System No");
+    }
 
 protected:
     [[nodiscard]] std::vector<Check> checks() override;

@@ -115,7 +115,9 @@ void frmRecords::cboType_Click() {
 
 void frmRecords::cboPurpose_Click() {
     routePurpose(place(), cboPurpose.text(), retainID_, ConsultPrice::service);
-    if (cboPurpose.text() == "APPOINTMENT" && cboType.text().empty()) refuse("Specify Clinic", cboType);
+    if (cboPurpose.text() != "APPOINTMENT" || !cboType.text().empty()) return;
+    session().gAttendPurpose.clear();
+    refuse("Specify Clinic", cboType);
 }
 
 /// A double click on a patient found takes his attendance.
@@ -153,9 +155,8 @@ void frmRecords::showVisit() {
 }
 
 void frmRecords::showQuietly(ui::ComboBox& list, const std::string& text) {
-    filling_ = true;
+    const core::Raised filling(filling_);
     core::showEntry(list, text);
-    filling_ = false;
 }
 
 }  // namespace registration

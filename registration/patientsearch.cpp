@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/entries.h"
+#include "registration/purposes.h"
 
 namespace registration {
 
@@ -30,6 +31,11 @@ db::Recordset searchAtDesk(core::Workplace& place, SearchKind kind, const std::s
             return hospital.read("select  * from vwhpatients where Pno = '"_sql + wanted + "' order by fullname");
     }
     return {};
+}
+
+db::Recordset firstByName(core::Workplace& place, const std::string& text) {
+    return place.hospital().read("select top "_sql + settingNumber(place.session.gSearchValue) +
+                                 "  * from vwhpatients where fullname like '%" + text + "%'  order by fullname");
 }
 
 const char* deskPrompt(SearchKind kind) {

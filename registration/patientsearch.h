@@ -19,6 +19,10 @@ void showFound(ui::DataGrid& grid, ui::Label& lblFound, db::Recordset patients,
 /// Quotes are doubled. Throws db::Error.
 db::Recordset searchAtDesk(core::Workplace& place, SearchKind kind, const std::string& text);
 
+/// The first `gSearchValue` patients whose name holds the text, which stands in the statement as it is: for the search
+/// while typing. Throws db::Error.
+db::Recordset firstByName(core::Workplace& place, const std::string& text);
+
 /// What an empty search box of the desk says to each button.
 const char* deskPrompt(SearchKind kind);
 

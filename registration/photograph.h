@@ -21,7 +21,10 @@ public:
     /// Stores the chosen file with the patient and removes it; nothing without one. Throws db::Error.
     void save(const std::string& pno);
     /// Shows what is stored, or nothing. Throws db::Error.
-    void load(const std::string& pno) { showPhotograph(place_, imgPix_, pno); }
+    void load(const std::string& pno) {
+        txtPix_.clear();  // what was chosen for somebody else
+        showPhotograph(place_, imgPix_, pno);
+    }
     void clear();
 
 private:

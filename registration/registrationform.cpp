@@ -39,11 +39,17 @@ void RegistrationForm::bindEvents() {
     bind(chkReg, "Click", &RegistrationForm::chkReg_Click);
     bind(dtDate, "Change", &RegistrationForm::dtDate_Change);
     bind(txtAge, "Change", &RegistrationForm::txtAge_Change);
+    bind(txtAge, "LostFocus", &RegistrationForm::txtAge_LostFocus);
     bind(lblDebt, "DblClick", &RegistrationForm::lblDebt_DblClick);
     bind(txtName, "Change", &RegistrationForm::txtName_Change);
     bind(grdData, "DblClick", &RegistrationForm::grdData_DblClick);
     bind(txtsurNAme, "LostFocus", &RegistrationForm::txtsurNAme_LostFocus);
-    cboClin.on("Click", [this] { trapped([this] { cboClin_Click(); }); });
+    cboClin.on("Click", [this] {
+        // What could not be looked up lets nobody through.
+        if (!rowLoading_ && !trapped([this] { cboClin_Click(); })) clearClinic();
+    });
+    // A purpose that is no entry of the list is routed nowhere.
+    cboPurpose.on("Change", [this] { session().gAttendPurpose.clear(); });
     chkAll.on("Click", [this] {
         trapped([this] {
             if (chkAll.checked()) client_.offerAllCategories();
@@ -88,6 +94,7 @@ void RegistrationForm::load() {
 
 void RegistrationForm::unload() {
     editMode_ = false;
+    session().gRenewPending = false;
     ++searchTurn_;
 }
 
@@ -129,17 +136,30 @@ void RegistrationForm::LoadLookups() {
         });
 }
 
-void RegistrationForm::ClearPatientForm() {
-    filling_ = true;
+/// What was picked from the lists stands again in them.
+void RegistrationForm::reloadLookups() {
+    std::vector<std::pair<ui::ComboBox*, std::string>> picked;
+    for (auto* list : {&cboPat, &cboPurpose, &cboArea, &cboClin, &cboIntro}) picked.emplace_back(list, list->text());
+    LoadLookups();
+    const core::Raised loading(rowLoading_);
+    for (const auto& [list, text] : picked) core::showEntry(*list, text);
+}
+
+void RegistrationForm::clearFields() {
+    const core::Raised loading(rowLoading_);
     for (auto* box : {&txtsurNAme, &txtfirstNAme, &txtAge, &txtSupp, &txtOLD, &txtEmp, &txtPhone, &txtHomeAddress,
                       &txtOfficeAddress, &txtEmail, &txtOccu, &txtKin, &txtNOKPhone, &txtKinAddress})
         box->clear();
-    for (auto* list : {&cboNew,  &cboTitle,  &txtSex,    &cboPat,    &cboClient, &txtPolicy,  &cboCard,
-                       &cboFile, &CboRef,    &cboRefHmo, &cboArea,   &cboMat,    &cboMStatus, &txtBG,
-                       &txtGeno, &cboStatus, &cboIntro,  &txtKinRel, &cboClin,   &cboPurpose})
+    for (auto* list :
+         {&cboNew, &cboTitle, &txtSex, &cboPat, &cboClient, &txtPolicy, &cboCard, &cboFile, &CboRef, &cboRefHmo,
+          &cboArea, &cboMat, &cboMStatus, &txtBG, &txtGeno, &cboStatus, &cboIntro, &txtKinRel, &cboPurpose})
         list->clearText();
+    clearClinic();
     for (auto* date : {&dtDate, &dtNext, &dtRefTime, &dtExpDate}) date->setValue({});
-    filling_ = false;
+}
+
+void RegistrationForm::ClearPatientForm() {
+    clearFields();
     dtRegDate.setValue(place().now().date());
     txtAdmitLimit.setText("0");
     chkReg.setChecked(false);
@@ -153,12 +173,13 @@ void RegistrationForm::ClearPatientForm() {
     introducedById_.clear();
     patCatLoaded_.clear();
     auto& variables = session();
-    variables.gClientRetainID.clear();
+    client_.forget();
+    chkAll.setChecked(false);
     variables.gAttendPurpose.clear();
     variables.gPatientBalance = 0;
     variables.gRenewPending = false;
     variables.gPatientHasBalance = false;
-    dependantMode_ = rowLoading_ = false;
+    dependantMode_ = false;
     for (auto* button : {&cmdPatDep, &cmdANC, &cmdRenew}) button->setEnabled(false);
     if (place().mainWindow != nullptr) place().mainWindow->showDebt("");
 }

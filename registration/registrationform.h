@@ -37,7 +37,7 @@ public:
     ui::TextBox txtAge{*this, "txtAge"};
     ui::TextBox txtSupp{*this, "txtSupp"};
     ui::TextBox txtOLD{*this, "txtOLD"};
-    ui::ComboBox cboPat{*this, "cboPat"};
+    ui::ComboBox cboPat{*this, "cboPat", ui::ComboBox::Style::freeText, ui::upperCase};
     ui::ComboBox cboClient{*this, "cboClient", ui::ComboBox::Style::listOnly};
     ui::CheckBox chkAll{*this, "chkAll", "Show All"};
     ui::ComboBox txtPolicy{*this, "txtPolicy"};
@@ -76,7 +76,7 @@ public:
     // -- the attendance at registration --
     ui::CheckBox chkReg{*this, "chkReg", "Automatic &Attendance"};
     ui::Picture fraAttd{*this, "fraAttd"};
-    ui::ComboBox cboClin{*this, "cboClin"};
+    ui::ComboBox cboClin{*this, "cboClin", ui::ComboBox::Style::listOnly};
     ui::ComboBox cboPurpose{*this, "cboPurpose"};
     ui::DatePicker dtNext{*this, "dtNext"};
     ui::DatePicker dtRefTime{*this, "dtRefTime", ui::DatePicker::Format::time};
@@ -126,6 +126,8 @@ protected:
     virtual void cmdPatDep_Click() = 0;
     virtual void cmdPix_Click() = 0;
     [[nodiscard]] virtual const char* deleteRefusal() const = 0;
+    /// Takes the clinic's pick back, and what hangs on it.
+    virtual void clearClinic() { cboClin.clearText(); }
     /// Lists that stand beside the patients'.
     virtual void showQueues() {}
     /// After a save: another dependant, or an empty form.
@@ -138,10 +140,13 @@ protected:
     [[nodiscard]] static std::string storedName(const std::string& typed);
     [[nodiscard]] static std::string dated(const ui::DatePicker& date);
     void cmdAdd_Click();
-    void cmdEdit_Click();
     void choosePhotograph() { photograph_.choose(); }
-    /// Whether the running search is the quick one while typing, which is limited to `gSearchValue` rows.
-    [[nodiscard]] bool limitedSearch() const noexcept { return quickSearch_; }
+    void clearPhotograph() { photograph_.clear(); }
+    /// Whether the running search is the quick one while typing, which is limited to `gSearchValue` rows; 0 is no
+    /// limit.
+    [[nodiscard]] bool limitedSearch() const {
+        return quickSearch_ && settingNumber(session().gSearchValue) != db::Value(0);
+    }
     void ClearPatientForm();
     void ShowTodaysRegistrations();
     void routeThePurpose();
@@ -160,7 +165,6 @@ protected:
 
     bool editMode_ = false;
     bool addMode_ = false;
-    bool rowLoading_ = false;
     bool dependantMode_ = false;
     std::string currentPNo_;
     std::string consultId_;
@@ -179,6 +183,8 @@ private:
     void placeOnPages();
     void fillFixedLists();
     void LoadLookups();
+    void reloadLookups();
+    void clearFields();
     void cboPat_Click();
     void cboClient_Click();
     void cboCard_Click();
@@ -188,6 +194,7 @@ private:
     void chkReg_Click();
     void dtDate_Change();
     void txtAge_Change();
+    void txtAge_LostFocus();
     void lblDebt_DblClick();
 
     // Finding.
@@ -196,13 +203,18 @@ private:
     void txtName_Change();
     void grdData_DblClick();
     void LoadPatientFromGrid();
+    void fillFromGrid();
     void showClientOfRow();
+    void showIntroducer(const std::string& empId);
+    void forgetVisit();
     [[nodiscard]] std::optional<db::DateTime> dateOfRow(std::string_view column) const;
     void txtsurNAme_LostFocus();
     void cmdAttend_Click();
 
     // Commands.
     void showBrowsing(bool browsing);
+    void cmdEdit_Click();
+    void startEditing();
     void cmdCancel_Click();
     void cmdRefresh_Click();
     void cmdDel_Click();
@@ -230,7 +242,8 @@ private:
     ClientPick client_;
     Reference old_;  ///< the client as it was loaded
     std::string introducedById_;
-    bool filling_ = false;  ///< a row is being shown: its picks fill in no defaults
+    bool rowLoading_ = false;  ///< a row is being shown: its picks fill in no defaults
+    bool typingAge_ = false;   ///< the birth date comes from the age: it puts no words in its place
     bool quickSearch_ = false;
     std::string title_;   ///< the caption while no patient is shown
     int searchTurn_ = 0;  ///< a keystroke during the wait of an earlier one starts it afresh

@@ -30,11 +30,12 @@ void RegistrationForm::cmdAdd_Click() {
 
 void RegistrationForm::cmdEdit_Click() {
     if (core::trimmed(txtSupp.text()).empty()) return refuse("Specify Patient Info to Edit by Searching", txtName);
-    if (!rowLoading_) {
-        rowLoading_ = true;
-        LoadPatientFromGrid();
-    }
-    addMode_ = false;
+    LoadPatientFromGrid();
+    startEditing();
+}
+
+void RegistrationForm::startEditing() {
+    addMode_ = dependantMode_ = false;
     editMode_ = true;
     showBrowsing(false);
     chkReg.setChecked(true);
@@ -43,7 +44,7 @@ void RegistrationForm::cmdEdit_Click() {
 }
 
 void RegistrationForm::cmdCancel_Click() {
-    rowLoading_ = addMode_ = editMode_ = false;
+    addMode_ = editMode_ = false;
     showBrowsing(true);
     ClearPatientForm();
     desktop().focus(txtName);
@@ -51,7 +52,7 @@ void RegistrationForm::cmdCancel_Click() {
 
 void RegistrationForm::cmdRefresh_Click() {
     trapped([this] {
-        LoadLookups();
+        reloadLookups();
         ShowTodaysRegistrations();
         showQueues();
     });
@@ -93,11 +94,12 @@ void RegistrationForm::cmdRenew_Click() {
     desktop().show("frmRenew");
 }
 
-/// The plan that was added is picked when its screen has closed.
 void RegistrationForm::cmdPlan_Click() {
     trapped([this] {
+        const auto plan = txtPolicy.text();
         desktop().showModal("frmPlan");
         client_.loadPlans();
+        core::showEntry(txtPolicy, plan);
     });
 }
 

@@ -1,4 +1,5 @@
 #include "core/utility.h"
+#include "db/letters.h"
 #include "registration/frmverify.h"
 #include "registration/registrationform.h"
 
@@ -29,15 +30,16 @@ void RegistrationForm::txtName_Change() {
         grdData.clear();
         return lblFound.setCaption("0 Records Found");
     }
-    if (text.size() < 3 || text.find_first_of("10") != std::string::npos) return;
+    if (db::characterCount(text) < 3 || text.find_first_of("10") != std::string::npos) return;
     const std::chrono::milliseconds wait(session().gSearchWaitTime);
     core::WaitWithEvents(place(), wait, {[&] { return turn != searchTurn_; }});
     if (turn != searchTurn_) return;
     setCaption("Retrieving data...Please wait");
     desktop().flushChanges();
-    quickSearch_ = true;
-    trapped([this] { showSearch(SearchKind::name); });
-    quickSearch_ = false;
+    trapped([this] {
+        const core::Raised quick(quickSearch_);
+        showSearch(SearchKind::name);
+    });
     setCaption(title_);
 }
 
@@ -50,19 +52,29 @@ void RegistrationForm::ShowTodaysRegistrations() {
 
 void RegistrationForm::grdData_DblClick() {
     if (grdData.row() < 0) return;
-    rowLoading_ = true;
+    const bool typed = addMode_ && !fullName().empty() && fullName() != " ";
+    if (typed && !confirmed("Leave the patient who is being added?", title_)) return;
     LoadPatientFromGrid();
     cmdPatDep.setEnabled(true);
-    cmdEdit_Click();
+    startEditing();
     core::ShowAncInfo(place(), currentPNo_);
     core::RefreshDebtInfo(place(), currentPNo_);
 }
 
-/// Fills every field from the row; no pick fills in its defaults meanwhile, so that the patient can be saved at once.
 void RegistrationForm::LoadPatientFromGrid() {
+    // The fee of a renewal is that patient's alone.
+    if (currentPNo_ != grdData.text("pno")) session().gRenewPending = false;
+    fillFromGrid();
+    if (mayTakeAttendance() && !cboMat.text().empty()) cboMat_Click();
+    cmdANC.setEnabled(session().gModuleRole == "NURSING" && grdData.text("Sex") == "FEMALE");
+    photograph_.load(currentPNo_);
+}
+
+/// No pick fills in its defaults meanwhile, so that the patient can be saved at once.
+void RegistrationForm::fillFromGrid() {
+    const core::Raised loading(rowLoading_);
     const auto& grid = grdData;
     const auto text = [&](const char* column) { return grid.text(column); };
-    filling_ = true;
     currentPNo_ = text("pno");
     setCaption(text("FullName"));
     const std::pair<ui::TextBox*, const char*> boxes[] = {{&txtSupp, "pno"},
@@ -81,9 +93,9 @@ void RegistrationForm::LoadPatientFromGrid() {
                                                           {&txtAdmitLimit, "AdmissionDaysLimit"}};
     for (const auto& [box, column] : boxes) box->setText(text(column));
     const std::pair<ui::ComboBox*, const char*> lists[] = {
-        {&cboTitle, "title"},          {&txtSex, "Sex"},           {&cboArea, "Area"},     {&cboCard, "CardType"},
-        {&cboMStatus, "Marital"},      {&txtBG, "bloodGroup"},     {&txtGeno, "genotype"}, {&cboStatus, "religion"},
-        {&txtKinRel, "relationToKin"}, {&cboIntro, "introducedBy"}};
+        {&cboTitle, "title"},   {&txtSex, "Sex"},         {&cboArea, "Area"},
+        {&cboCard, "CardType"}, {&cboMStatus, "Marital"}, {&txtBG, "bloodGroup"},
+        {&txtGeno, "genotype"}, {&cboStatus, "religion"}, {&txtKinRel, "relationToKin"}};
     for (const auto& [list, column] : lists) core::showEntry(*list, text(column));
     if (!text("fileDuration").empty()) core::showEntry(cboFile, text("fileDuration"));
     if (!text("Maturity").empty()) core::showEntry(cboMat, text("Maturity"));
@@ -95,11 +107,9 @@ void RegistrationForm::LoadPatientFromGrid() {
     dtRegDate.setValue(dateOfRow("regDate"));
     dtExpDate.setValue(dateOfRow("ExpiryDate"));
     patCatLoaded_ = text("patcat");
-    introducedById_ = text("introducedBy");
+    showIntroducer(text("introducedBy"));
     showClientOfRow();
-    filling_ = false;
-    cmdANC.setEnabled(session().gModuleRole == "NURSING" && text("Sex") == "FEMALE");
-    photograph_.load(currentPNo_);
+    forgetVisit();
 }
 
 std::optional<db::DateTime> RegistrationForm::dateOfRow(std::string_view column) const {
@@ -116,13 +126,25 @@ void RegistrationForm::showClientOfRow() {
     variables.gBillingCat = grdData.text("BillingCat");
     variables.gClientType = grdData.text("coyType");
     old_ = {id, name};
-    if (!name.empty()) core::showEntry(cboPat, core::entryText(name, id));
-    if (!variables.gBillingCat.empty()) {
-        client_.offerCategoriesOf(id);
-        core::showEntry(cboClient, variables.gBillingCat);
-    }
-    if (isManagedCare(variables.gBillingCat)) client_.loadPlans();
+    core::showEntry(cboPat, name.empty() ? std::string() : core::entryText(name, id));
+    client_.offerCategoriesOf(id);
+    core::showEntry(cboClient, variables.gBillingCat);
+    client_.offerPlansOf(variables.gBillingCat);
     core::showEntry(txtPolicy, grdData.text("policyType"));
+}
+
+/// A staff member who has left stands with the number alone.
+void RegistrationForm::showIntroducer(const std::string& empId) {
+    const int item = core::itemWithKey(cboIntro, empId);
+    core::showEntry(cboIntro, item < 0 ? empId : cboIntro.items()[static_cast<std::size_t>(item)].text);
+    introducedById_ = empId;
+}
+
+/// The clinic and the purpose that were picked for somebody else would pass this patient's locks and card by.
+void RegistrationForm::forgetVisit() {
+    clearClinic();
+    cboPurpose.clearText();
+    session().gAttendPurpose.clear();
 }
 
 /// Warns of a namesake and blocks nothing.

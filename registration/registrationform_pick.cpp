@@ -8,7 +8,7 @@
 namespace registration {
 
 void RegistrationForm::cboPat_Click() {
-    if (filling_ || !client_.pickClient()) return;
+    if (rowLoading_ || !client_.pickClient()) return;
     dtExpDate.setValue({});
     if (isPrivate()) {
         cboFile.setText("ONE YEAR");
@@ -25,18 +25,18 @@ void RegistrationForm::cboPat_Click() {
 }
 
 void RegistrationForm::cboClient_Click() {
-    if (filling_) return;
+    if (rowLoading_) return;
     client_.pickCategory();
     if (!cboClient.text().empty()) categoryPicked();
 }
 
 /// A family's card leads to dependants at once.
 void RegistrationForm::cboCard_Click() {
-    if (!filling_ && !editMode_ && cboCard.text() == "FAMILY") dependantMode_ = true;
+    if (!rowLoading_ && !editMode_ && cboCard.text() == "FAMILY") dependantMode_ = true;
 }
 
 void RegistrationForm::cboFile_Click() {
-    if (filling_ || rowLoading_ || cboFile.index() < 0) return;
+    if (rowLoading_ || cboFile.index() < 0) return;
     const auto today = place().now().date();
     dtExpDate.setValue({});
     if (editMode_) return;  // the nurse sets the date of an existing card by hand
@@ -45,15 +45,16 @@ void RegistrationForm::cboFile_Click() {
 }
 
 void RegistrationForm::cboMat_Click() {
-    if (filling_) return;
+    if (rowLoading_) return;
     if (cboMat.text() == "NEONATE")
-        cboClin.setText("(IN-PATIENT)");
+        core::showEntry(cboClin, "(IN-PATIENT)");
     else
-        cboClin.clearText();
+        clearClinic();
 }
 
 void RegistrationForm::cboIntro_Click() {
-    introducedById_ = core::entryOf(cboIntro.text()).key;
+    const auto entry = core::entryOf(cboIntro.text());
+    introducedById_ = entry.key.empty() ? entry.name : entry.key;
 }
 
 void RegistrationForm::chkReg_Click() {
@@ -65,14 +66,20 @@ void RegistrationForm::chkReg_Click() {
 }
 
 void RegistrationForm::dtDate_Change() {
+    if (typingAge_) return;
     txtAge.setText(dtDate.value() ? core::AgeText(*dtDate.value(), place().now().date()) : std::string());
 }
 
-/// A number of years makes a birth date while a patient is added; the age then shows in words.
+/// A number of years makes a birth date while a patient is added; the age shows in words when the cursor has left it.
 void RegistrationForm::txtAge_Change() {
     const auto years = db::parseInteger(txtAge.text());
     if (!addMode_ || !years || *years < 0 || *years > 150) return;
+    const core::Raised typing(typingAge_);
     dtDate.setValue(place().now().date().plusMonths(static_cast<int>(-12 * *years)));
+}
+
+void RegistrationForm::txtAge_LostFocus() {
+    if (dtDate.value()) dtDate_Change();
 }
 
 void RegistrationForm::lblDebt_DblClick() {
@@ -84,8 +91,12 @@ void RegistrationForm::lblDebt_DblClick() {
 }
 
 void RegistrationForm::routeThePurpose() {
-    if (filling_) return;
+    if (rowLoading_) return;
     routePurpose(place(), cboPurpose.text(), session().gClientRetainID, consultPrice());
+    if (cboPurpose.text() == "APPOINTMENT" && cboClin.text().empty()) {
+        session().gAttendPurpose.clear();
+        return refuse("Specify Clinic", cboClin);
+    }
     if (!cboPurpose.text().empty()) purposePicked();
 }
 
@@ -93,12 +104,12 @@ bool RegistrationForm::cardIsGood() {
     cmdRenew.setEnabled(false);
     if (!isPrivate()) return true;
     if (!dtExpDate.value()) {
-        cboClin.clearText();
+        clearClinic();
         refuse(" Please Specify Expiration Date for this Private Patient", dtExpDate);
         return false;
     }
     if (!cardExpired(session(), dtExpDate.value())) return true;
-    cboClin.clearText();
+    clearClinic();
     refuseExpiredCard(place(), core::trimmed(txtSupp.text()), cmdRenew);
     return false;
 }

@@ -16,10 +16,17 @@ void RegistrationForm::OKButton_Click() {
     auto saved = Saved::no;
     const auto card = txtOLD.text();
     const auto balance = session().gPatientBalance;
-    if (!saves(OKButton, [&] { saved = save(); })) {
-        if (!editMode_) txtSupp.clear();
+    const bool wentThrough = saves(OKButton, [&] { saved = save(); });
+    if (saved == Saved::no) {  // the numbers that were drawn went with the transaction
+        if (!editMode_) {
+            txtSupp.clear();
+            currentPNo_.clear();
+        }
+        consultId_.clear();
         txtOLD.setText(card);
         session().gPatientBalance = balance;
+    }
+    if (!wentThrough) {
         // The counters go behind the highest numbers, so that a number that was given twice cannot strike again.
         trapped([this] { core::ResyncConsultId(place()); });
         trapped([this] { core::ResyncPatientId(place()); });
@@ -68,7 +75,6 @@ RegistrationForm::Saved RegistrationForm::saveNew() {
     db::Transaction transaction(hospital());
     const auto refuseNumber = [&](const char* text) {
         transaction.rollback();
-        txtSupp.clear();
         message(text);
         return Saved::no;
     };
@@ -216,16 +222,19 @@ void RegistrationForm::queueMessage(const std::string& extra) {
                        dtRefTime.value().value_or(db::DateTime()), txtPhone.text(), extra);
 }
 
+/// The patient is saved: whatever fails from here on must not leave the form as if he were not.
 void RegistrationForm::afterSave() {
-    photograph_.save(core::trimmed(txtSupp.text()));
+    trapped([this] { photograph_.save(core::trimmed(txtSupp.text())); });
     addMode_ = false;
     session().gPatientHasBalance = false;
     SSTab1.setPage(0);
     showBrowsing(true);
-    ShowTodaysRegistrations();
-    showQueues();
-    saveFinished();
+    trapped([this] {
+        ShowTodaysRegistrations();
+        showQueues();
+    });
     desktop().focus(txtName);
+    saveFinished();
 }
 
 }  // namespace registration

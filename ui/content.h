@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "ui/control.h"
+#include "ui/controls.h"
 
 namespace ui {
 
@@ -28,6 +28,9 @@ inline bool flagOf(const Control& control, const nlohmann::json& content) {
     if (!content.is_boolean()) throw Refused{control.path() + " takes true or false"};
     return content.get<bool>();
 }
+
+/// What stands in a box after somebody typed the text, character by character; `maxLength` in characters, 0 for any.
+std::string typed(std::string_view text, KeyFilter filter, std::size_t maxLength = 0);
 
 /// 0xRRGGBB as "#RRGGBB"; null for none.
 nlohmann::json colorForm(int color);

@@ -13,8 +13,8 @@
 
 namespace ui {
 
-/// What a text box lets through as it is typed, one character at a time (as UTF-8): the text to put in its place, or
-/// nothing to drop it. `before` is the text so far.
+/// What a text or combo box lets through as it is typed, one character at a time (as UTF-8): the text to put in its
+/// place, or nothing to drop it. `before` is the text so far.
 using KeyFilter = std::string (*)(std::string_view character, std::string_view before);
 std::string anyKey(std::string_view character, std::string_view before);
 std::string digitsOnly(std::string_view character, std::string_view before);
@@ -84,7 +84,8 @@ private:
 class ComboBox : public ItemControl {
 public:
     enum class Style { freeText, listOnly };
-    ComboBox(Screen& screen, std::string name, Style style = Style::freeText);
+    /// `filter` is for what is typed; an entry of the list is picked as it stands.
+    ComboBox(Screen& screen, std::string name, Style style = Style::freeText, KeyFilter filter = anyKey);
     [[nodiscard]] const std::string& text() const noexcept { return text_; }
     /// An item's full text picks it and raises Click; another text raises Change and, where the style is listOnly, is
     /// an Error(other) "'Text' property is read-only".
@@ -105,6 +106,7 @@ private:
     void show(std::string text);
     std::string text_;
     Style style_;
+    KeyFilter filter_;
 };
 
 /// Events: Click, DblClick.

@@ -47,8 +47,8 @@ void ItemControl::pick(int index) {
     if (std::exchange(index_, index) != index) touch("index");
 }
 
-ComboBox::ComboBox(Screen& screen, std::string name, Style style)
-    : ItemControl(screen, std::move(name)), style_(style) {}
+ComboBox::ComboBox(Screen& screen, std::string name, Style style, KeyFilter filter)
+    : ItemControl(screen, std::move(name)), style_(style), filter_(filter) {}
 
 int ComboBox::find(std::string_view text) const {
     for (std::size_t i = 0; i < items().size(); ++i)
@@ -104,8 +104,9 @@ void ComboBox::take(const nlohmann::json& content) {
     if (content.is_object()) return setIndex(rowIn(*this, content, items().size()));
     if (!content.is_string()) throw Refused{path() + " takes a text"};
     const auto& text = content.get_ref<const std::string&>();
-    if (style_ == Style::listOnly && find(text) < 0) throw Refused{path() + " takes an entry of its list only"};
-    setText(text);
+    if (find(text) >= 0) return setText(text);
+    if (style_ == Style::listOnly) throw Refused{path() + " takes an entry of its list only"};
+    setText(typed(text, filter_));
 }
 
 std::string ListBox::text() const {

@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "ui/controls.h"
+#include "ui/content.h"
 
 namespace ui {
 
@@ -18,7 +18,8 @@ bool isDigit(std::string_view character) {
     return character.size() == 1 && character[0] >= '0' && character[0] <= '9';
 }
 
-/// What stands in the box after somebody typed the text, character by character.
+}  // namespace
+
 std::string typed(std::string_view text, KeyFilter filter, std::size_t maxLength) {
     std::string result;
     std::size_t length = 0;
@@ -31,8 +32,6 @@ std::string typed(std::string_view text, KeyFilter filter, std::size_t maxLength
     }
     return result;
 }
-
-}  // namespace
 
 std::string anyKey(std::string_view character, std::string_view /*before*/) {
     return std::string(character);

@@ -59,14 +59,21 @@ const char* maturity(int age, std::int64_t days) {
 }
 
 const char* title(const Patient& patient, int age, bool married) {
-    if (age < 18) return patient.female ? "Miss" : "Master";
-    if (!patient.female) return "Mr";
-    return married ? "Mrs" : "Miss";
+    if (age < 18) return patient.female ? "MISS" : "MASTER";
+    if (!patient.female) return "MR";
+    return married ? "MRS" : "MISS";
+}
+
+/// What the next of kin, the one who is insured or a spouse, is to the patient.
+const char* relation(const Patient& patient, bool dependant, const Patient& head) {
+    if (dependant) return head.female ? "MOTHER" : "FATHER";
+    return patient.female ? "HUSBAND" : "WIFE";
 }
 
 const std::vector<const char*> streets = {"Bode Thomas", "Herbert",  "Admiralty", "Second", "Diya",
                                           "Allen",       "Adeniran", "Awolowo",   "Marina", "Palm"};
-const std::vector<const char*> bloodGroups = {"O+", "O+", "O+", "A+", "A+", "B+", "B+", "AB+", "O-", "A-"};
+const std::vector<const char*> bloodGroups = {"O-POSITIVE", "O-POSITIVE", "O-POSITIVE",  "A-POSITIVE", "A-POSITIVE",
+                                              "B-POSITIVE", "B-POSITIVE", "AB-POSITIVE", "O-NEGATIVE", "A-NEGATIVE"};
 const std::vector<const char*> genotypes = {"AA", "AA", "AA", "AS", "AS", "AC", "SS"};
 const std::vector<const char*> occupations = {"Trader", "Teacher",  "Civil servant", "Banker", "Driver", "Tailor",
                                               "Farmer", "Engineer", "Student",       "Nurse",  "Lawyer", "Retired"};
@@ -111,7 +118,7 @@ public:
                    client.category == "PRIVATE" || chance.percent(5) ? "YES" : "NO",
                    scheme && chance.percent(10) ? "YES" : "NO",
                    client.category,
-                   dependant ? "DEPENDANT" : client.type,
+                   client.type,
                    client.id,
                    client.category == "PRIVATE" ? "NIL" : "EN" + std::to_string(4000 + head.number),
                    planOf(client, household),
@@ -128,10 +135,10 @@ public:
                                         : "OTHERS",
                    head.surname + " " + (dependant ? head.firstName : std::string("FAMILY")),
                    phone,
-                   dependant ? "PARENT" : "SPOUSE",
+                   relation(patient, dependant, head),
                    address,
                    scheme ? chance.between(2, 6) * 24 : 0,
-                   dependant ? Value(head.pno) : Value(),
+                   head.pno,
                    dependant ? "DEPENDANT" : "PRINCIPAL",
                    chance.pick(hospital_.nurses),
                    patient.registered == hospital_.today ? "YES" : "NO",

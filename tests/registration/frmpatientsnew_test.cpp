@@ -336,7 +336,7 @@ TEST_F(PatientsNew, SearchesAsTold) {
 TEST_F(PatientsNew, TypingSearchesAfterTheWait) {
     addPatient("P1");
     session().gSearchWaitTime = 1;
-    for (const auto* nothing : {"BE", "BE1", "B0L"}) {
+    for (const auto* nothing : {"BE", "BE1", "B0L", "\xE1\xBB\x8C\xE1\xBB\x8C"}) {
         hospital.forget();
         set("txtName", nothing);
         EXPECT_TRUE(hospital.log().empty()) << nothing;
@@ -344,6 +344,9 @@ TEST_F(PatientsNew, TypingSearchesAfterTheWait) {
     set("txtName", "BEL");
     EXPECT_TRUE(ran("select top 20  * from vwhpatients where fullname like '%BEL%'  order by fullname"));
     EXPECT_EQ(screen().caption(), "Patient Attendance / Registration");
+    session().gSearchValue = "0";  // no limit
+    set("txtName", "BELL");
+    EXPECT_TRUE(ran("select  * from vwhpatients where fullname like '%BELL%'  order by fullname"));
     set("txtName", "");
     EXPECT_EQ(screen().lblFound.caption(), "0 Records Found");
     EXPECT_EQ(screen().grdData.row(), -1);
@@ -392,7 +395,10 @@ TEST_F(PatientsNew, CardsAgesAndDependants) {
     EXPECT_EQ(screen().dtExpDate.value(), db::DateTime::of(2026, 12, 31));
     set("cboFile", "WHILE STILL IN SERVICE");
     EXPECT_FALSE(screen().dtExpDate.value());
-    set("txtAge", "30");
+    // As the keys come: the words wait until the cursor has left.
+    for (const auto* typed : {"3", "30"}) set("txtAge", typed);
+    EXPECT_EQ(screen().txtAge.text(), "30");
+    fire("txtAge.LostFocus");
     EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(1996, 11, 24));
     EXPECT_EQ(screen().txtAge.text(), "30 yrs, 0 mths and 0 days");
     fire("cmdCancel");
@@ -404,11 +410,12 @@ TEST_F(PatientsNew, CardsAgesAndDependants) {
     EXPECT_EQ(screen().txtsurNAme.text(), "BELLO");
     EXPECT_EQ(screen().txtfirstNAme.text(), "");
     type();
-    set("dtExpDate", "2027-11-24");  // a card that was loaded takes its date by hand
     hospital.answer("yes");
     hospital.expectMessage("Record Succesfully saved");
     hospital.answer("yes");  // any other dependant?
+    hospital.forget();
     fire("OKButton");
+    EXPECT_EQ(focus(), "frmPatientsNew.cboNew");
     EXPECT_EQ(hospital.dump("select Principal, pCatID from hPatients where PNo <> 'P1'"_sql), "P1|DEPENDANT\n");
     EXPECT_TRUE(screen().OKButton.visible()) << "the next one is being added";
     fire("cmdCancel");
@@ -522,6 +529,147 @@ TEST_F(PatientsNew, PhotographsAreRealJpegsAndGoIntoTheRow) {
     fire("grdData.DblClick");
     EXPECT_EQ(screen().imgPix.image().size(), jpeg.size());
     fire("cmdCancel");
+}
+
+/// The patient himself is saved by then: a second Save would register him twice.
+TEST_F(PatientsNew, AFailedPhotographLeavesNoFormThatCouldBeSavedAgain) {
+    const auto choose = [&] {
+        hospital.program.write("face.jpg", "\xFF\xD8\xFF\xE0 a face \xFF\xD9");
+        hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
+        fire("cmdPix");
+    };
+    const auto failsWith = [&](const char* says) {
+        hospital.failStatement("update hPatients");
+        hospital.answer("yes");
+        hospital.expectMessage(says);
+        hospital.expectMessage("Injected failure");
+        fire("OKButton");
+        EXPECT_FALSE(screen().OKButton.visible()) << says;
+        EXPECT_EQ(screen().txtsurNAme.text(), "") << says;
+    };
+    type();
+    choose();
+    failsWith("Record Succesfully saved");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    choose();
+    hospital.failStatement("Select patPix from hpatients where pno='000000001/001'");
+    hospital.answer("yes");
+    hospital.expectMessage("Record Succesfully Edited and Updated");
+    hospital.expectMessage("Injected failure");
+    fire("OKButton");
+    EXPECT_FALSE(screen().OKButton.visible());
+    EXPECT_EQ(hospital.value("select count(*) from hPatients"_sql).int32(), 1);
+}
+
+TEST_F(PatientsNew, WhatIsLoadedIsSavedAgainAsItWas) {
+    hospital.execute("insert into employees (empID, lastname, firstname) values ('N001', 'OKAFOR', 'ADA')"_sql);
+    fire("cmdRefresh");
+    addPatient("P1");
+    struct Case {
+        const char* stored;
+        const char* shown;
+    };
+    for (const auto& [stored, shown] : {Case{"N001", "OKAFOR ADA [N001]"}, Case{"GONE", "GONE"}}) {
+        hospital.execute("update hPatients set bloodGroup='AB-NEGATIVE', fileduration='ONE YEAR', introducedby='"_sql +
+                         std::string(stored) + "'");
+        fire("cmdRefresh");
+        hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+        fire("grdData.DblClick");
+        EXPECT_EQ(screen().cboIntro.text(), shown);
+        set("cboIntro", shown);  // picked once more
+        set("txtAdmitLimit", "0");
+        const auto before = hospital.dump("select * from hPatients"_sql);
+        save("Record Succesfully Edited and Updated");
+        EXPECT_EQ(hospital.value("select introducedby from hPatients"_sql), db::Value(std::string(stored)));
+        EXPECT_EQ(hospital.dump("select bloodGroup, fileduration, expirydate from hPatients"_sql),
+                  "AB-NEGATIVE|ONE YEAR|24-Dec-2026\n");
+    }
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    set("cboFile", "TILL END OF YEAR");
+    EXPECT_FALSE(screen().dtExpDate.value()) << "the date of an existing card is set by hand";
+    fire("cmdCancel");
+}
+
+TEST_F(PatientsNew, TheNextPatientTakesNothingOfTheLast) {
+    addPatient("P1", "0007", "HMO");
+    addPatient("P2");
+    session().gModuleRole = "RECORDS";
+    set("grdData", {{"row", 0}});
+    fire("grdData.DblClick");
+    set("txtPolicy", "Gold [1]");
+    set("cboClin", "EYE");
+    set("cboPurpose", "(CONSULTATION)");
+    hospital.program.write("face.jpg", "\xFF\xD8\xFF\xE0 a face \xFF\xD9");
+    hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
+    fire("cmdPix");
+    session().gRenewPending = true;
+
+    set("grdData", {{"row", 1}});
+    fire("grdData.DblClick");
+    EXPECT_EQ(screen().cboClin.text() + screen().cboPurpose.text() + session().gAttendPurpose, "");
+    EXPECT_EQ(screen().txtPix.text(), "") << "a face that was chosen for somebody else";
+    EXPECT_FALSE(session().gRenewPending) << "nor is his renewal charged";
+    EXPECT_EQ(screen().txtPolicy.items().size(), 2U);
+    EXPECT_EQ(screen().cboClient.text(), "PRIVATE");
+    session().gRenewPending = true;
+    place.desktop.fire(name + ".Unload", false);
+    EXPECT_FALSE(session().gRenewPending) << "leaving lets the fee fall";
+}
+
+TEST_F(PatientsNew, ALoadThatFailsLeavesAWorkingForm) {
+    addPatient("P1");
+    hospital.failStatement("select distinct ClientType,retainCode");
+    hospital.expectMessage("Injected failure");
+    fire("grdData.DblClick");
+    type();
+    EXPECT_EQ(session().gClientRetainID, "0001");
+    save();
+    session().gModuleRole = "RECORDS";
+    fire("grdData.DblClick");
+    hospital.failStatement("select pno from qryhAdmission");
+    hospital.expectMessage("Injected failure");
+    set("cboClin", "EYE");
+    EXPECT_EQ(screen().cboClin.text(), "") << "a lock that cannot be looked at lets nobody through";
+    fire("cmdCancel");
+}
+
+TEST_F(PatientsNew, NumbersOfAFailedSaveAreForgotten) {
+    addPatient("000000009/001");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    fire("cmdPatDep");
+    type();
+    hospital.failStatement("insert billAccum");
+    hospital.answer("yes");
+    hospital.expectMessage("Injected failure");
+    fire("OKButton");
+    hospital.expectMessage("Select Principal Patient to add Dependants to");
+    fire("cmdPatDep");
+    hospital.answer("yes");
+    hospital.expectMessage("Record Succesfully saved");
+    hospital.answer("no");
+    fire("OKButton");
+    EXPECT_EQ(hospital.dump("select Principal from hPatients where PNo<>'000000009/001'"_sql), "000000009/001\n");
+}
+
+TEST_F(PatientsNew, NothingThatWasTypedGoesUnasked) {
+    addPatient("P1");
+    type();
+    set("cboPat", "axa");
+    EXPECT_EQ(screen().cboPat.text(), "AXA");
+    set("cboPat", "Axa Mansard [0007]");
+    fire("cmdRefresh");
+    EXPECT_EQ(screen().cboPat.text() + screen().cboArea.text(), "Axa Mansard [0007]Ikeja");
+    EXPECT_EQ(screen().cboCard.text(), "SINGLE");
+    hospital.answer("no");  // leave the one who is being added?
+    fire("grdData.DblClick");
+    EXPECT_EQ(screen().txtsurNAme.text(), "O'BRIEN [X]");
+    hospital.answer("yes");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    EXPECT_EQ(screen().txtsurNAme.text(), "BELLO");
 }
 
 TEST_F(PatientsNew, StoresWhatIsTypedOrLosesNothing) {

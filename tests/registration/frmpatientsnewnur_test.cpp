@@ -189,7 +189,7 @@ TEST_F(PatientsNewNur, StoresWhatIsTypedOrLosesNothing) {
     EXPECT_EQ(hospital.value("select OldPNo from hPatients"_sql), db::Value(hostile));
     const auto before = rows();
     book("(PRIVATE) [0001]", "EYE", "(CONSULTATION)");
-    for (const auto* field : {"txtHomeAddress", "txtsurNAme", "txtOLD", "cboPurpose", "txtAdmitLimit"}) {
+    for (const auto* field : {"txtHomeAddress", "txtsurNAme", "txtOLD", "txtEmail", "txtAdmitLimit"}) {
         const std::string kept = place.desktop.get(name + "." + field)["text"];
         set(field, std::string(10'000, '9'));
         const auto typed = place.desktop.get(name + "." + field);
@@ -218,10 +218,49 @@ TEST_F(PatientsNewNur, APhotographNeedsAPatientWithANumber) {
     EXPECT_FALSE(std::filesystem::exists(hospital.program.path() / "face.jpg"));
 }
 
+TEST_F(PatientsNewNur, AClinicPickedForSomebodyElseIsNoWayRoundTheVisitOfToday) {
+    addPatient("P1");
+    hospital.execute("insert into hRecords (PNo, consultID, recDate) values ('P1', 'C1', '24-Nov-2026')"_sql);
+    book("Axa Mansard [0007]", "EYE", "(CONSULTATION)");
+    hospital.answer("yes");  // leaves the one who is being added
+    fire("grdData.DblClick");
+    hospital.expectMessage("Specify Clinic for Attendance");
+    fire("OKButton");
+    hospital.execute("update hPatients set Maturity='NEONATE'"_sql);
+    fire("cmdCancel");
+    fire("cmdRefresh");
+    hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor");
+    fire("grdData.DblClick");
+    EXPECT_EQ(screen().cboClin.text(), "");
+}
+
+TEST_F(PatientsNewNur, TheBillGoesToTheClientOfThisPatient) {
+    addPatient("P1");
+    fire("grdData.DblClick");
+    fire("cmdCancel");
+    fire("cmdAdd");
+    for (const auto& [field, text] : std::vector<std::pair<const char*, const char*>>{{"cboNew", "EXISTING"},
+                                                                                      {"cboPat", "NOBODY"},
+                                                                                      {"cboCard", "SINGLE"},
+                                                                                      {"txtsurNAme", "OBI"},
+                                                                                      {"txtfirstNAme", "ADA"}})
+        set(field, text);
+    set("chkAll", true);
+    set("cboClient", "HMO");
+    hospital.expectMessage("Specify Clinic");
+    set("cboPurpose", "APPOINTMENT");
+    EXPECT_EQ(session().gAttendPurpose, "") << "the routing ends";
+    set("cboClin", "EYE");
+    set("cboPurpose", "(CONSULTATION)");
+    save();
+    EXPECT_EQ(hospital.dump("select CoyName, BillTo from billAccum"_sql), "|\n");
+}
+
 TEST_F(PatientsNewNur, DiffersInItsWords) {
     addPatient("000000123/001");
     set("txtName", "123");
     hospital.forget();
+    EXPECT_EQ(screen().cmdSys.caption(), "System No");
     fire("cmdSys");
     EXPECT_EQ(screen().txtName.text(), "000000123/001");
     EXPECT_TRUE(ran("select  * from vwhpatients where Pno = '000000123/001' order by fullname"));

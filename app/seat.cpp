@@ -9,6 +9,7 @@ namespace app {
 core::Settings settingsOf(const web::Config& config) {
     core::Settings settings;
     settings.encodingTable = encodingTable(config);
+    settings.deskInMenu = config.deskInMenu;
     settings.autoCardNo = config.autoCardNo;
     settings.nhisServiceNo = config.nhisServiceNo;
     settings.nhisRegServiceNo = config.nhisRegServiceNo;

@@ -31,7 +31,8 @@ struct Settings {
     std::string osUserName;    ///< the same for "username"
     /// 94 characters, one for each of the codes 33 to 126: see EncodeText.
     std::string encodingTable = std::string(builtInEncodingTable());
-    std::string autoCardNo;  ///< the start values of gAutoCardNo, gNhisServiceNo and gNhisRegServiceNo
+    bool deskInMenu = false;  ///< whether the menu offers the attendance and the nurses' registration, hidden otherwise
+    std::string autoCardNo;   ///< the start values of gAutoCardNo, gNhisServiceNo and gNhisRegServiceNo
     std::string nhisServiceNo;
     std::string nhisRegServiceNo;
     Version version = programVersion();

@@ -16,12 +16,14 @@ MdiVorel::MdiVorel(core::Workplace& place) : Form(place, "MdiVorel", "") {
 }
 
 void MdiVorel::buildMenu() {
+    const bool desk = place().settings.deskInMenu;
+    const auto isShown = [desk](Shown shown) { return shown == Shown::always || (desk && shown == Shown::atDesk); };
     for (const MenuHeading& heading : mainMenu()) {
         const auto& parent = menu_.emplace_back(*this, heading.name, heading.caption);
-        menu_.back().setVisible(heading.visible);
+        menu_.back().setVisible(isShown(heading.shown));
         for (const MenuEntry& entry : heading.entries) {
             auto& item = menu_.emplace_back(*this, entry.name, entry.caption, &parent);
-            item.setVisible(entry.visible);
+            item.setVisible(isShown(entry.shown));
             if (const auto& run = entry.action.run) item.on("Click", [this, &run] { run(*this); });
         }
     }

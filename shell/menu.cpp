@@ -7,8 +7,9 @@
 namespace shell {
 namespace {
 
-constexpr bool shown = true;
-constexpr bool hidden = false;
+constexpr auto shown = Shown::always;
+constexpr auto hidden = Shown::never;
+constexpr auto atDesk = Shown::atDesk;
 const MenuAction nothing{};
 
 MenuAction runs(std::function<void(MdiVorel&)> operation) {
@@ -51,7 +52,7 @@ const std::vector<MenuHeading>& mainMenu() {
          {
              {"mnuServList", "Assign Doctors to Consulting Rooms", hidden, opens("frmSchedDoctor")},
              {"mnuSI", "Wards/Bed No", shown, opens("frmWards")},
-             {"mnuPatAttnd", "Patient Attendance", hidden, opens("frmRecords")},
+             {"mnuPatAttnd", "Patient Attendance", atDesk, opens("frmRecords")},
              {"mnuPatReg", "Antenatal Update for Patients", shown, opens("frmPatientsNew")},
              {"mnuRDef", "Reload Defaults", shown, runs(&MdiVorel::mnuRDef_Click)},
              {"mnuDash", "-", shown, nothing},
@@ -66,7 +67,7 @@ const std::vector<MenuHeading>& mainMenu() {
          {
              {"mnuVitSigns", "OPD Vital Signs", shown, opens("frmPreConsult")},
              {"mnuDial", "Dialysis", hidden, opens("frmDialysis")},
-             {"mnuRegis", "Registration", hidden, opens("frmPatientsNewNur")},
+             {"mnuRegis", "Registration", atDesk, opens("frmPatientsNewNur")},
              {"mnuImmune", "Immunization", shown, opens("frmImmune")},
              {"mnuPresc", "Prescription from Doctor", hidden, opens("frmInjectionEntryForAdm")},
              {"mnuInj", "OPD Medication Chart", shown, opens("frmNurseInjection")},

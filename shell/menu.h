@@ -14,10 +14,16 @@ struct MenuAction {
     std::function<void(MdiVorel&)> run;  ///< empty for an entry that does nothing, and for a separator
 };
 
+enum class Shown {
+    always,
+    never,
+    atDesk  ///< where the host's nurses work the front desk too: `Settings::deskInMenu`
+};
+
 struct MenuEntry {
     std::string name;
     std::string caption;  ///< "-" for a separator
-    bool visible;
+    Shown shown;
     MenuAction action;
 };
 
@@ -25,7 +31,7 @@ struct MenuEntry {
 struct MenuHeading {
     std::string name;
     std::string caption;
-    bool visible;
+    Shown shown;
     std::vector<MenuEntry> entries;
 };
 

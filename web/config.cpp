@@ -70,6 +70,7 @@ const Key keys[] = {
     {"tls.key", [](Config& c) -> Slot { return Text{&c.key}; }},
     {"hospital.number", [](Config& c) -> Slot { return Text{&c.hospitalNumber}; }},
     {"hospital.server", [](Config& c) -> Slot { return Text{&c.serverName}; }},
+    {"registration.desk_in_menu", [](Config& c) -> Slot { return &c.deskInMenu; }},
     {"registration.auto_card_no",
      [](Config& c) -> Slot {
          return Text{&c.autoCardNo, &yesFault};

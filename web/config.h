@@ -35,6 +35,7 @@ struct Config {
 
     std::string hospitalNumber = "001";
     std::string serverName = "SERVER";
+    bool deskInMenu = false;       ///< the nurses' menu has the attendance and their registration too
     std::string autoCardNo;        ///< "YES" makes card numbers from system numbers
     std::string nhisServiceNo;     ///< row of the service price list that a consultation at the desk costs
     std::string nhisRegServiceNo;  ///< the same for a registration

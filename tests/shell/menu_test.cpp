@@ -210,6 +210,17 @@ TEST_F(MenuTest, ScreensThatNobodyProvidesYetSaySo) {
     }
 }
 
+TEST_F(MenuTest, NursesOfTheDeskFindItsScreensInTheMenu) {
+    TestHospital desk;
+    desk.place.settings.deskInMenu = true;
+    shell::provideScreens(desk.place);
+    core::LoadSession(desk.place);
+    const auto controls = desk.place.desktop.get("MdiVorel")["controls"];
+    const std::pair<const char*, bool> entries[] = {
+        {"mnuPatAttnd", true}, {"mnuRegis", true}, {"mnuDress", false}, {"mnuServList", false}, {"mnuVitSigns", true}};
+    for (const auto& [entry, shown] : entries) EXPECT_EQ(controls[entry]["visible"], shown) << entry;
+}
+
 struct ReportCase {
     const char* entry;
     const char* row;

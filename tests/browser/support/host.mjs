@@ -66,10 +66,11 @@ async function startProxy(port) {
     };
 }
 
-export async function startHost() {
+/** `environment` adds to the program's own: settings of the host. */
+export async function startHost(environment = {}) {
     const data = mkdtempSync(path.join(tmpdir(), "vorel-browser-"));
     makeHospital(data);
-    const child = spawn(program, ["serve", "--data", data, "--port", "0", "--samples"], {cwd: root, stdio: ["ignore", "pipe", "ignore"]});
+    const child = spawn(program, ["serve", "--data", data, "--port", "0", "--samples"], {cwd: root, env: {...process.env, ...environment}, stdio: ["ignore", "pipe", "ignore"]});
     const proxy = await startProxy(await addressOf(child));
     child.stdout.resume();
     return {

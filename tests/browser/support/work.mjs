@@ -12,10 +12,10 @@ const flags = ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-ru
                "--disable-component-update", "--disable-sync"];
 
 /** One host and one browser for the tests of a file. */
-export function useHost() {
+export function useHost(environment) {
     const house = {};
     before(async () => {
-        house.host = await startHost();
+        house.host = await startHost(environment);
         house.browser = await chromium.launch({executablePath: "/usr/bin/chromium", headless: true, args: flags});
     });
     after(async () => {

@@ -58,6 +58,7 @@ void frmRecords::load() {
         fillLists();
         showToday();
     });
+    desktop().focus(txtName);
 }
 
 void frmRecords::unload() {

@@ -1,6 +1,7 @@
 #include "ui/desktop.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "ui/controls.h"
 #include "ui/desktop_impl.h"
@@ -103,6 +104,7 @@ void Desktop::open(Screen& screen, bool modal) {
     if (opensWithState_) event["state"] = screen.state();
     emit(std::move(event));
     if (isChild(screen)) activate(screen);
+    if (const auto focus = std::exchange(impl_->entry(screen)->focus, {}); !focus.empty()) emit({{"focus", focus}});
 }
 
 void Desktop::hide(std::string_view name) {

@@ -99,7 +99,7 @@ public:
 
     // -- what a client hears --
     void setSink(Sink sink) { sink_ = std::move(sink); }
-    /// Moves the focus, with the page that the control lies on.
+    /// Moves the focus, with the page that the control lies on; on a screen that does not show yet, when it opens.
     void focus(Control& control);
     void sound(const std::string& file);
     void report(Report report);

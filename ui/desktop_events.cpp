@@ -68,7 +68,8 @@ void Desktop::emit(nlohmann::json event) {
 
 void Desktop::focus(Control& control) {
     if (TabStrip* tabs = control.tabs()) tabs->setPage(control.page());
-    if (control.screen().visible()) emit({{"focus", control.path()}});
+    if (control.screen().visible()) return emit({{"focus", control.path()}});
+    if (auto* entry = impl_->entry(control.screen())) entry->focus = control.path();
 }
 
 void Desktop::sound(const std::string& file) {

@@ -21,7 +21,8 @@ struct Desktop::Modal {
 struct Desktop::Impl {
     struct Entry {
         std::unique_ptr<Screen> screen;
-        bool told = false;  ///< a client knows the screen: from its first `opened` its changes count
+        bool told = false;       ///< a client knows the screen: from its first `opened` its changes count
+        std::string focus = {};  ///< the control that gets the keyboard when the screen opens, by path
     };
     struct Change {
         Control* control;  ///< nothing for the screen itself

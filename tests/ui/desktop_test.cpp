@@ -30,9 +30,12 @@ TEST(Desktop, aScreenThatIsShownAgainIsHiddenFirstAndKeepsItsContent) {
     talk.desktop.hide("frmWard");
     EXPECT_EQ(talk.desktop.activeChild(), nullptr);
     talk.ward().lblInfo.setCaption("while hidden");
+    talk.desktop.focus(talk.ward().txtName);
     EXPECT_EQ(events(talk), R"({"hidden":"frmWard"}{"changed":{"frmWard.lblInfo":{"caption":"while hidden"}}})");
     talk.desktop.show("frmWard");
-    EXPECT_EQ(events(talk), R"({"modal":false,"opened":"frmWard"})");
+    EXPECT_EQ(events(talk), R"({"modal":false,"opened":"frmWard"}{"focus":"frmWard.txtName"})");
+    talk.desktop.show("frmWard");
+    EXPECT_EQ(events(talk), R"({"hidden":"frmWard"}{"modal":false,"opened":"frmWard"})");
 }
 
 TEST(Desktop, theActiveChildIsTheLastOneThatWasWorkedAndIsStillOpen) {

@@ -32,6 +32,9 @@ public:
         std::size_t cells = 0, bytes = 0;
     };
     [[nodiscard]] Size size() const noexcept { return {cells_.size(), arena_.size()}; }
+    /// What a result may take in memory: nobody reads that many rows, and all sessions share one host.
+    static constexpr std::size_t largest = std::size_t{128} * 1024 * 1024;
+    [[nodiscard]] bool isTooLarge() const noexcept { return cells_.size() * sizeof(Cell) + arena_.size() > largest; }
     /// Makes the room at once that the rows are expected to need: growing costs a large result more than reading it.
     void reserve(const Size& expected) {
         cells_.reserve(expected.cells);

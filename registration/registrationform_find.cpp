@@ -52,7 +52,7 @@ void RegistrationForm::ShowTodaysRegistrations() {
 
 void RegistrationForm::grdData_DblClick() {
     if (grdData.row() < 0) return;
-    const bool typed = addMode_ && !fullName().empty() && fullName() != " ";
+    const bool typed = addMode_ && !core::trimmed(fullName()).empty();
     if (typed && !confirmed("Leave the patient who is being added?", title_)) return;
     LoadPatientFromGrid();
     cmdPatDep.setEnabled(true);

@@ -141,8 +141,12 @@ void SqliteEngine::step(Prepared& ready, RowBuffer* rows) {
         rows->reserve(ready.expected);
         std::replace(ready.expressions.begin(), ready.expressions.end(), char{2}, char{1});
     }
-    for (; code == SQLITE_ROW; code = sqlite3_step(statement))
-        if (rows != nullptr) addRow(*rows, ready);
+    for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
+        if (rows == nullptr) continue;
+        addRow(*rows, ready);
+        if (rows->isTooLarge())
+            throw Error(Category::other, "The result is too large. Please narrow what is asked for.", "read");
+    }
     if (rows != nullptr) {
         ready.expected = rows->size();
         rows->fit();

@@ -141,6 +141,15 @@ TEST_F(Sqlite, KeepsMoreStatementsThanItsCache) {
     EXPECT_EQ(line.rows("select ?1 x", {"a"}) + line.rows("select ?1 x", {db::Null()}), "anull");
 }
 
+TEST_F(Sqlite, RefusesAResultThatWouldTakeTheHostsMemory) {
+    const std::string megabyte(1024 * 1024, 'x');
+    for (int i = 0; i <= 128; ++i) line.run("insert T (name, long) values (?1, ?2)", {std::to_string(i), megabyte});
+    const auto refused = failureOf([&] { line.read("select * from T"); });
+    EXPECT_EQ(refused.second, "The result is too large. Please narrow what is asked for.");
+    EXPECT_EQ(line.read("select top 3 * from T").rowCount(), 3U);
+    EXPECT_EQ(line.rows("select count(*) from T"), "129");
+}
+
 TEST_F(Sqlite, CallsProceduresWhole) {
     line.script(
         "create procedure Put @name varchar(5), @n int as begin insert T (name) values (@name)\n"

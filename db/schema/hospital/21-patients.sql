@@ -156,6 +156,7 @@ from hPatients p
 left join hRetainership c on c.retainID = p.CoyName
 GO
 -- select top 20  * from vwhpatients where fullname like '%ADE%'  order by fullname
+-- The embedded engine's own: the server has no full-text index for "like".
 create fulltext index on vwhpatients (FullName) key index pno
 GO
 

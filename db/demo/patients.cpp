@@ -158,7 +158,6 @@ private:
 
     /// Only private cards run out; most are renewed then, once a year.
     [[nodiscard]] Card cardOf(const Patient& patient, Random& chance) const {
-        if (patient.principal != 0) return {"DEPENDANT", {}};
         if (patient.client->category != "PRIVATE") return {"WHILE STILL IN SERVICE", {}};
         const bool oneYear = chance.percent(60);
         auto end = oneYear ? patient.registered.plusMonths(12) : DateTime::of(patient.registered.parts().year, 12, 31);

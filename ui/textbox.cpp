@@ -14,6 +14,32 @@ std::size_t characterLength(char first) {
     return byte < 0xF0 ? 3 : 4;
 }
 
+/// The capital of a Latin, Greek or Cyrillic letter beyond ASCII; other characters are their own.
+char32_t capital(char32_t c) {
+    const auto within = [c](char32_t first, char32_t last) { return first <= c && c <= last; };
+    if (within(0xE0, 0xFE) && c != 0xF7) return c - 0x20;
+    if (c == 0xFF) return 0x178;
+    if (within(0x139, 0x148) || within(0x179, 0x17E)) return c % 2 == 0 ? c - 1 : c;
+    if ((within(0x100, 0x177) && c != 0x131 && c != 0x138 && c != 0x149) ||
+        (within(0x1E00, 0x1EFF) && !within(0x1E96, 0x1E9F)))
+        return c & ~char32_t{1};
+    if ((within(0x3B1, 0x3C9) && c != 0x3C2) || within(0x430, 0x44F)) return c - 0x20;
+    return within(0x450, 0x45F) ? c - 0x50 : c;
+}
+
+/// The number of a character of two or three bytes in UTF-8.
+char32_t codeOf(std::string_view character) {
+    const auto bits = [&](std::size_t at, unsigned mask) { return static_cast<unsigned char>(character[at]) & mask; };
+    if (character.size() == 2) return bits(0, 0x1F) << 6U | bits(1, 0x3F);
+    return bits(0, 0x0F) << 12U | bits(1, 0x3F) << 6U | bits(2, 0x3F);
+}
+
+std::string utf8(char32_t c) {
+    const auto byte = [](char32_t value) { return static_cast<char>(static_cast<unsigned char>(value)); };
+    if (c < 0x800) return {byte(0xC0U | c >> 6U), byte(0x80U | (c & 0x3FU))};
+    return {byte(0xE0U | c >> 12U), byte(0x80U | (c >> 6U & 0x3FU)), byte(0x80U | (c & 0x3FU))};
+}
+
 bool isDigit(std::string_view character) {
     return character.size() == 1 && character[0] >= '0' && character[0] <= '9';
 }
@@ -47,6 +73,7 @@ std::string decimalOnly(std::string_view character, std::string_view before) {
 }
 
 std::string upperCase(std::string_view character, std::string_view /*before*/) {
+    if (character.size() == 2 || character.size() == 3) return utf8(capital(codeOf(character)));
     std::string upper(character);
     if (upper.size() == 1 && upper[0] >= 'a' && upper[0] <= 'z') upper[0] = static_cast<char>(upper[0] - 'a' + 'A');
     return upper;

@@ -25,7 +25,9 @@ TEST(Controls, keyFiltersWorkCharacterByCharacter) {
         {ui::anyKey, "Ça va'; --", "Ça va'; --"},
         {ui::digitsOnly, "1a2 3.4-٣", "1234"},
         {ui::decimalOnly, ".5.6-1e3", ".5613"},
-        {ui::upperCase, "opd 7 ü", "OPD 7 ü"},
+        {ui::upperCase, "opd 7 ü÷ÿß", "OPD 7 Ü÷Ÿß"},
+        {ui::upperCase, "ọláyíwọlá ṣẹ́yẹ łódź ı", "ỌLÁYÍWỌLÁ ṢẸ́YẸ ŁÓDŹ ı"},
+        {ui::upperCase, "ωμεγας жуковский ђ 医 😀", "ΩΜΕΓΑς ЖУКОВСКИЙ Ђ 医 😀"},
     };
     for (const Typed& one : table) {
         Desk desk;

@@ -95,7 +95,7 @@ const Transcript transcripts[] = {
       {R"({"set":"frmWard.txtTemp","to":"36.81x"})",
        R"({"events":[{"changed":{"frmWard.txtTemp":{"text":"36.81"}}}]})"},
       {R"({"set":"frmWard.txtName","to":"münchen"})",
-       R"({"events":[{"changed":{"frmWard.txtName":{"text":"MüNCH"}}}]})"},
+       R"({"events":[{"changed":{"frmWard.txtName":{"text":"MÜNCH"}}}]})"},
       {R"({"set":"frmWard.txtEcho","to":"clear me"})", R"({"events":[{"changed":{"frmWard.txtEcho":{"text":""}}}]})"},
       {R"({"set":"frmWard.cboWard","to":"Female ward"})",
        R"({"events":[{"changed":{"frmWard.cboWard":{"index":1},"frmWard.lblInfo":{"caption":"picked F"}}}]})"},

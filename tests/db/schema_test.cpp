@@ -185,6 +185,34 @@ TEST_F(SchemaFiles, AnOlderVersionComesForwardWithAllItsRows) {
     EXPECT_TRUE(steps.empty()) << "it is done once";
 }
 
+/// Version 2 had no search inside names and too little room for a blood group.
+TEST_F(SchemaFiles, Version2GetsItsSearchAndItsRoom) {
+    db::createDatabases(directory);
+    const auto whole = structure(file());
+    {
+        db::DataSources sources(db::DataSources::embedded(directory));
+        db::Databases databases(sources);
+        for (const auto& name : db::DataSources::names())
+            databases.named(name).execute("update SchemaVersion set version = 2"_sql);
+        auto& hospital = databases.named("Hospital");
+        hospital.execute("drop fulltext index on vwhpatients"_sql);
+        hospital.execute("alter table hPatients alter column bloodGroup varchar(10) null"_sql);
+        hospital.execute("alter table hpatientsArchive alter column bloodGroup varchar(10) null"_sql);
+        hospital.execute("insert into hPatients (PNo, psurname, pfirstName) values ('1', 'ADEWALE', 'BOLA')"_sql);
+    }
+    EXPECT_NE(structure(file()), whole);
+    db::createDatabases(directory);
+    EXPECT_EQ(check(), Lines{});
+    EXPECT_EQ(structure(file()), whole);
+    db::DataSources sources(db::DataSources::embedded(directory));
+    db::Databases databases(sources);
+    auto& hospital = databases.named("Hospital");
+    const auto wanted = std::string("%DEW%");
+    EXPECT_EQ(hospital.read("select pno from vwhpatients where fullname like '"_sql + wanted + "'").rowCount(), 1U);
+    hospital.execute("update hPatients set bloodGroup = 'AB-NEGATIVE'"_sql);
+    hospital.execute("insert into hpatientsArchive select * from hpatients where pno = '1'"_sql);
+}
+
 TEST_F(SchemaFiles, ABrokenStepForwardLeavesTheOlderVersion) {
     loadSnapshot(directory, "version1");
     const auto before = structure(file());

@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "bench/desk.h"
 #include "bench/page.h"
 #include "db/databases.h"
 
@@ -24,8 +25,6 @@ using namespace db::literals;
 using bench::Clock;
 using bench::Page;
 using nlohmann::json;
-
-using Fields = std::vector<std::pair<std::string, json>>;
 
 /// What all nurses did together.
 struct Work {
@@ -56,34 +55,16 @@ private:
     void registers(Work& work) {
         const auto name = "NURSE" + std::to_string(number_) + " " + std::to_string(++patients_);
         tell({{"fire", "frmPatientsNew.cmdAdd"}});
-        fill("frmPatientsNew", {{"cboPat", "(PRIVATE) [0001]"},
-                                {"cboNew", "NEW"},
-                                {"cboTitle", "MRS"},
-                                {"txtsurNAme", name},
-                                {"txtfirstNAme", "ADA NGOZI"},
-                                {"txtSex", "FEMALE"},
-                                {"cboCard", "SINGLE"},
-                                {"cboMat", "ADULT"},
-                                {"cboArea", "IKEJA"},
-                                {"txtPhone", "08031234567"},
-                                {"txtKin", "TUNDE"},
-                                {"txtNOKPhone", "08021234567"},
-                                {"dtDate", "1990-05-01"},
-                                {"dtExpDate", "2099-12-31"}});
+        fill("frmPatientsNew", bench::patient);
+        enter("frmPatientsNew.txtsurNAme", name);
         save("frmPatientsNew", work);
     }
     void charts(Work& work) {
         tell({{"fire", "frmPreConsult.cmdAdd"}});
-        fill("frmPreConsult", {{"chkAll", true},
-                               {"cboVehNo", {{"row", number_ % visits() + 1}}},
-                               {"CboRef", {{"row", 1}}},
-                               {"txtTemp", "36.8"},
-                               {"txtPressure", "120"},
-                               {"txtPressure2", "80"},
-                               {"txtPause", "72"},
-                               {"txtResp", "18"},
-                               {"txtHt", "1.68"},
-                               {"txtWt", "64.5"}});
+        enter("frmPreConsult.chkAll", true);
+        enter("frmPreConsult.cboVehNo", {{"row", number_ % visits() + 1}});
+        enter("frmPreConsult.CboRef", {{"row", 1}});
+        fill("frmPreConsult", bench::readings);
         save("frmPreConsult", work);
     }
     int visits() {
@@ -91,8 +72,9 @@ private:
         return std::max(1, static_cast<int>(state["state"]["items"].size()) - 1);
     }
 
-    void fill(const std::string& screen, const Fields& fields) {
-        for (const auto& [field, content] : fields) tell({{"set", screen + "." + field}, {"to", content}});
+    void enter(const std::string& path, const json& content) { tell({{"set", path}, {"to", content}}); }
+    void fill(const std::string& screen, const bench::Fields& fields) {
+        for (const auto& [field, text] : fields) enter(screen + "." + field, text);
     }
     json tell(const json& request) {
         auto reply = page_.request(request);

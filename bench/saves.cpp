@@ -17,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/desk.h"
 #include "core/loadsession.h"
 #include "db/dialect.h"
 #include "db/schema.h"
@@ -261,9 +262,7 @@ Hospital& hospital() {
     return hospital;
 }
 
-using Fields = std::vector<std::pair<const char*, const char*>>;
-
-void fill(const std::string& screen, const Fields& fields) {
+void fill(const std::string& screen, const bench::Fields& fields) {
     for (const auto& [field, text] : fields) hospital().set(screen + "." + field, text);
 }
 
@@ -287,19 +286,7 @@ void saves(benchmark::State& state, const std::string& screen, Prepare prepare) 
 void registration(benchmark::State& state) {
     saves(state, "frmPatientsNew", [](std::size_t number) {
         hospital().fire("frmPatientsNew.cmdAdd");
-        fill("frmPatientsNew", {{"cboPat", "(PRIVATE) [0001]"},
-                                {"cboNew", "NEW"},
-                                {"cboTitle", "MRS"},
-                                {"txtfirstNAme", "ADA NGOZI"},
-                                {"txtSex", "FEMALE"},
-                                {"cboCard", "SINGLE"},
-                                {"cboMat", "ADULT"},
-                                {"cboArea", "IKEJA"},
-                                {"txtPhone", "08031234567"},
-                                {"txtKin", "TUNDE"},
-                                {"txtNOKPhone", "08021234567"},
-                                {"dtDate", "1990-05-01"},
-                                {"dtExpDate", "2027-11-24"}});
+        fill("frmPatientsNew", bench::patient);
         hospital().set("frmPatientsNew.txtsurNAme", "BENCH" + std::to_string(number));
     });
 }
@@ -312,14 +299,7 @@ void vitalSigns(benchmark::State& state) {
         const auto waiting = hospital().entries("frmPreConsult.cboVehNo") - 1;
         hospital().set("frmPreConsult.cboVehNo", {{"row", number % waiting + 1}});
         hospital().set("frmPreConsult.CboRef", {{"row", 1}});
-        fill("frmPreConsult", {{"txtTemp", "36.8"},
-                               {"txtPressure", "120"},
-                               {"txtPressure2", "80"},
-                               {"txtPause", "72"},
-                               {"txtResp", "18"},
-                               {"txtHt", "1.68"},
-                               {"txtWt", "64.5"},
-                               {"txtSPO2", "98"}});
+        fill("frmPreConsult", bench::readings);
     });
 }
 BENCHMARK(vitalSigns)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);

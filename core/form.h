@@ -8,6 +8,7 @@
 #include "core/workplace.h"
 #include "db/error.h"
 #include "ui/controls.h"
+#include "ui/raised.h"
 #include "ui/screen.h"
 
 namespace core {
@@ -18,18 +19,6 @@ namespace core {
 /// A shared routine with a trap of its own may run inside a caller's transaction. Its error then leaves the
 /// transaction, and the decision about it, to the caller, and the box opens when nobody waits for this session.
 bool trapped(Workplace& place, const std::function<void()>& work);
-
-/// Raises a flag for as long as it stands.
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-    ~Raised() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
 
 /// What the screens of this system share beyond their controls.
 class Form : public ui::Screen {

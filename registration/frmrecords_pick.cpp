@@ -155,7 +155,7 @@ void frmRecords::showVisit() {
 }
 
 void frmRecords::showQuietly(ui::ComboBox& list, const std::string& text) {
-    const core::Raised filling(filling_);
+    const ui::Raised filling(filling_);
     core::showEntry(list, text);
 }
 

@@ -136,17 +136,28 @@ void RegistrationForm::LoadLookups() {
         });
 }
 
-/// What was picked from the lists stands again in them.
+/// What was picked from the lists, or typed beside them, stands again.
 void RegistrationForm::reloadLookups() {
-    std::vector<std::pair<ui::ComboBox*, std::string>> picked;
-    for (auto* list : {&cboPat, &cboPurpose, &cboArea, &cboClin, &cboIntro}) picked.emplace_back(list, list->text());
+    struct Shown {
+        ui::ComboBox* list;
+        std::string text;
+        bool picked;
+    };
+    std::vector<Shown> before;
+    for (auto* list : {&cboPat, &cboPurpose, &cboArea, &cboClin, &cboIntro})
+        before.push_back({list, list->text(), list->index() >= 0});
     LoadLookups();
-    const core::Raised loading(rowLoading_);
-    for (const auto& [list, text] : picked) core::showEntry(*list, text);
+    const ui::Raised loading(rowLoading_);
+    for (const auto& shown : before) {
+        if (shown.picked)
+            core::showEntry(*shown.list, shown.text);
+        else
+            shown.list->setText(shown.text);
+    }
 }
 
 void RegistrationForm::clearFields() {
-    const core::Raised loading(rowLoading_);
+    const ui::Raised loading(rowLoading_);
     for (auto* box : {&txtsurNAme, &txtfirstNAme, &txtAge, &txtSupp, &txtOLD, &txtEmp, &txtPhone, &txtHomeAddress,
                       &txtOfficeAddress, &txtEmail, &txtOccu, &txtKin, &txtNOKPhone, &txtKinAddress})
         box->clear();

@@ -37,7 +37,7 @@ void RegistrationForm::txtName_Change() {
     setCaption("Retrieving data...Please wait");
     desktop().flushChanges();
     trapped([this] {
-        const core::Raised quick(quickSearch_);
+        const ui::Raised quick(quickSearch_);
         showSearch(SearchKind::name);
     });
     setCaption(title_);
@@ -72,7 +72,7 @@ void RegistrationForm::LoadPatientFromGrid() {
 
 /// No pick fills in its defaults meanwhile, so that the patient can be saved at once.
 void RegistrationForm::fillFromGrid() {
-    const core::Raised loading(rowLoading_);
+    const ui::Raised loading(rowLoading_);
     const auto& grid = grdData;
     const auto text = [&](const char* column) { return grid.text(column); };
     currentPNo_ = text("pno");

@@ -74,7 +74,7 @@ void RegistrationForm::dtDate_Change() {
 void RegistrationForm::txtAge_Change() {
     const auto years = db::parseInteger(txtAge.text());
     if (!addMode_ || !years || *years < 0 || *years > 150) return;
-    const core::Raised typing(typingAge_);
+    const ui::Raised typing(typingAge_);
     dtDate.setValue(place().now().date().plusMonths(static_cast<int>(-12 * *years)));
 }
 

@@ -2,24 +2,9 @@
 
 #include "ui/controls.h"
 #include "ui/desktop.h"
+#include "ui/raised.h"
 
 namespace ui {
-
-namespace {
-
-/// A flag that is up for as long as this stands.
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-    ~Raised() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
-
-}  // namespace
 
 Timer::Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running, Handler job)
     : Control(screen, std::move(name)), interval_(interval) {

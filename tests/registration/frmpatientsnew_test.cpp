@@ -345,6 +345,11 @@ TEST_F(PatientsNew, NothingThatWasTypedGoesUnasked) {
     set("cboPat", "Axa Mansard [0007]");
     fire("cmdRefresh");
     EXPECT_EQ(screen().cboPat.text() + screen().cboArea.text(), "Axa Mansard [0007]Ikeja");
+    set("cboArea", "Lekki");
+    const auto areas = screen().cboArea.items().size();
+    fire("cmdRefresh");
+    EXPECT_EQ(screen().cboArea.text(), "Lekki");
+    EXPECT_EQ(screen().cboArea.items().size(), areas) << "what was typed becomes no entry";
     EXPECT_EQ(screen().cboCard.text(), "SINGLE");
     hospital.answer("no");  // leave the one who is being added?
     fire("grdData.DblClick");

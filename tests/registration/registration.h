@@ -90,6 +90,21 @@ protected:
         return all;
     }
 
+    /// A text that the column cannot hold: the save says so, and neither the rows nor what was typed change.
+    void refusedWhole(const char* field, const std::string& text) {
+        const auto path = name + "." + field;
+        const std::string kept = place.desktop.get(path)["text"];
+        const auto before = rows();
+        set(field, text);
+        const auto typed = place.desktop.get(path);
+        hospital.answer("yes");
+        hospital.setTakesMessages(true);
+        fire("OKButton");
+        hospital.setTakesMessages(false);
+        EXPECT_EQ(rows(), before) << field;
+        EXPECT_EQ(place.desktop.get(path), typed) << field;
+        set(field, kept);
+    }
     std::vector<std::string> breakTheLine(const std::function<void()>& prepare) {
         return hospital.breakTheLineAtEachStatement(name, prepare, [this] { return rows(); });
     }

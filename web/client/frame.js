@@ -2,6 +2,7 @@
 
 import {Alerts} from "./alerts.js";
 import {h, newId, parseCaption, setAttribute} from "./dom.js";
+import {keptWords} from "./kept.js";
 import {keyHelp} from "./keys.js";
 import {Menu} from "./menu.js";
 import {isDark, switchTheme} from "./theme.js";
@@ -126,15 +127,16 @@ export class Frame {
         close.focus();
     }
 
-    /** The session is over: nothing but the reason and the way back. */
-    ended(reason) {
+    /** The session is over: nothing but the reason, what is kept, and the way back. */
+    ended(reason, kept) {
         const link = h("a", {class: "btn btn-primary", href: "/sign-in"}, "Sign in again");
         document.title = "Session ended";
         document.querySelectorAll("dialog").forEach((dialog) => dialog.remove());
         this.root.className = "v-ended";
         this.root.hidden = false;
         this.root.replaceChildren(h("main", {class: "v-ended-card", role: "alert"}, h("h1", {}, "The session has ended"),
-                                    reason ? h("p", {class: "v-box-text"}, reason) : null, link));
+                                    reason ? h("p", {class: "v-box-text"}, reason) : null,
+                                    ...(kept?.parts.length > 0 ? keptWords(kept) : []), link));
         link.focus();
     }
 }

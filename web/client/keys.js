@@ -43,7 +43,8 @@ const done = () => true;
 function pressAccessKey(work, key) {
     const dialogs = [...document.querySelectorAll("dialog[open]")];
     const front = work.children.view(work.model.active)?.element;
-    const places = dialogs.length > 0 ? [dialogs.at(-1)] : [front, document.body];
+    const innermost = dialogs.find((dialog) => dialog.contains(document.activeElement)) ?? dialogs.at(-1);
+    const places = innermost ? [innermost] : [front, document.body];
     for (const place of places.filter(Boolean)) {
         const target = [...place.querySelectorAll(`[data-access-key="${CSS.escape(key)}"]`)]
             .find((element) => element.getClientRects().length > 0 && !element.disabled);

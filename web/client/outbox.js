@@ -12,6 +12,7 @@ export class Outbox {
     /** Sets that were refused because a question was open; they go again when it is answered. */
     #kept = [];
     #last = 0;
+    #session = null;
 
     constructor(storage = sessionStorage) {
         this.storage = storage;
@@ -20,6 +21,7 @@ export class Outbox {
             this.#entries = (stored.entries ?? []).map((entry) => ({...entry, sent: false}));
             this.#kept = stored.kept ?? [];
             this.#last = stored.last ?? 0;
+            this.#session = stored.session ?? null;
         } catch {
             this.clear();
         }
@@ -28,6 +30,7 @@ export class Outbox {
     /**
      * Adds a request. Typing that has not left yet is replaced by what the control holds now. A secret content is never
      * stored: after a reload a harmless question stands in its place and keeps the numbers whole.
+     * @returns {number} the request's number
      */
     add(request, secret = false) {
         const before = this.#entries.at(-1);
@@ -38,6 +41,7 @@ export class Outbox {
             this.#entries.push({number: ++this.#last, request, sent: false, secret});
         }
         this.#save();
+        return this.#last;
     }
 
     /** Takes out the request that a reply answers. */
@@ -51,10 +55,11 @@ export class Outbox {
 
     /**
      * A connection is there: the session got `received` requests. What it got is done, whatever became of the reply; the
-     * rest has to go (again).
-     * @returns {boolean} false where the requests belong to another session and were dropped
+     * rest has to go (again). Requests to another session are dropped.
      */
-    resume(received) {
+    resume(received, session) {
+        if (this.#session !== session) this.clear();
+        this.#session = session;
         const first = this.#entries.find((entry) => entry.number > received);
         const fits = this.#last >= received && (first === undefined || first.number === received + 1);
         if (!fits) this.clear();
@@ -62,7 +67,6 @@ export class Outbox {
         for (const entry of this.#entries) entry.sent = false;
         if (this.#entries.length === 0) this.#last = received;
         this.#save();
-        return fits;
     }
 
     /** What has not left yet and may, in order; it counts as sent. */
@@ -96,6 +100,10 @@ export class Outbox {
         return this.#entries.some((entry) => "answer" in entry.request);
     }
 
+    get empty() {
+        return this.#entries.length === 0;
+    }
+
     clear() {
         this.#entries = [];
         this.#kept = [];
@@ -107,6 +115,6 @@ export class Outbox {
         const entries = this.#entries.map(({number, request, secret}) => (
             {number, request: secret ? {get: request.set} : request}));
         const kept = this.#kept.filter((entry) => !entry.secret);
-        this.storage.setItem(storageKey, JSON.stringify({entries, kept, last: this.#last}));
+        this.storage.setItem(storageKey, JSON.stringify({entries, kept, last: this.#last, session: this.#session}));
     }
 }

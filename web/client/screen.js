@@ -1,8 +1,8 @@
 // Draws one screen from its controls and its layout, and keeps it up to date.
 
 import {ControlLink} from "./control.js";
-import {h, newId, showCaption} from "./dom.js";
-import {makeField, showField} from "./field.js";
+import {h, newId, parseCaption, showCaption} from "./dom.js";
+import {labelFromName, makeField, showField} from "./field.js";
 import {layoutOf} from "./layout.js";
 import {makeView} from "./render/index.js";
 
@@ -192,6 +192,17 @@ export class ScreenView {
 
     get cancelButton() {
         return this.layout?.cancel;
+    }
+
+    get defaultButton() {
+        return this.layout?.default;
+    }
+
+    /** What stands before a control, or on it. */
+    labelOf(name) {
+        const part = this.#parts.get(name);
+        const label = part?.field.querySelector(".v-label > span")?.textContent;
+        return label || parseCaption(part?.link.state.caption ?? "").text || labelFromName(name);
     }
 
     #focusMoved(event, name) {

@@ -17,9 +17,10 @@ export class Session {
 
     /**
      * @param {object} listener
-     *     `snapshot(snapshot)`: draw yourself anew; `message(reply, request)`: events in order, of a reply or pushed;
-     *     `state("open"|"lost"|"replaced")`; `ended(reason)`; `signedOut()`; `failed(error)`. Drawing may take time: what
-     *     comes meanwhile waits for the promise that the first two return.
+     *     `resumed(line)`: draw yourself anew from the connection's first line; `message(reply, request)`: events in order,
+     *     of a reply or pushed; `sent({number, request, secret, question})`; `state("open"|"lost"|"replaced")`;
+     *     `ended(reason)`; `signedOut()`; `failed(error)`. Drawing may take time: what comes meanwhile waits for the promise
+     *     that the first two return.
      */
     constructor(listener) {
         this.listener = listener;
@@ -30,6 +31,11 @@ export class Session {
     /** The question to show: one whose answer is under way is none any more. */
     get question() {
         return this.#outbox.answers ? null : this.#waiting;
+    }
+
+    /** Whether nothing is under way and no question is open. */
+    get idle() {
+        return this.#outbox.empty && !this.#waiting;
     }
 
     get connected() {
@@ -49,10 +55,12 @@ export class Session {
         socket.addEventListener("close", () => socket === this.#socket && this.#lost());
     }
 
-    /** Sends a request as soon as it can. */
+    /** Sends a request as soon as it can, and tells its number. */
     send(request, secret = false) {
-        this.#outbox.add(request, secret);
+        const number = this.#outbox.add(request, secret);
+        this.listener.sent({number, request, secret, question: this.#waiting});
         this.#flush();
+        return number;
     }
 
     #flush() {
@@ -75,15 +83,15 @@ export class Session {
         await this.listener.message(message, request);
         const end = message.events.find((event) => "ended" in event);
         if (end) return this.#end(end.ended);
-        if (!this.#waiting) for (const kept of this.#outbox.takeKept()) this.#outbox.add(kept.request, kept.secret);
+        if (!this.#waiting) for (const kept of this.#outbox.takeKept()) this.send(kept.request, kept.secret);
         this.#flush();
     }
 
     async #resumed(message) {
         this.#pause = firstPause;
         this.#waiting = message.waiting ?? null;
-        this.#outbox.resume(message.received);
-        await this.listener.snapshot(message.snapshot);
+        this.#outbox.resume(message.received, message.session);
+        await this.listener.resumed(message);
         this.listener.state("open");
         this.#flush();
     }

@@ -2,7 +2,9 @@
 
 import {Boxes} from "./boxes.js";
 import {Children} from "./children.js";
+import {Comeback} from "./comeback.js";
 import {Frame} from "./frame.js";
+import {Journal} from "./journal.js";
 import {installKeys} from "./keys.js";
 import {layoutOf} from "./layout.js";
 import {Modals} from "./modals.js";
@@ -21,13 +23,16 @@ export class WorkPlace {
         this.model = new Model();
         this.notices = new Notices();
         this.session = new Session({
-            snapshot: (snapshot) => this.#restore(snapshot),
+            resumed: (line) => this.#restore(line),
             message: (message, request) => this.#hear(message, request),
+            sent: (request) => this.journal.sent(request),
             state: (state) => this.#connection(state),
             ended: (reason) => this.#ended(reason),
             signedOut: () => location.assign("/sign-in"),
             failed: (error) => this.#failed(error),
         });
+        this.journal = new Journal(this);
+        this.comeback = new Comeback(this);
         this.children = new Children(this);
         this.modals = new Modals(this);
         this.boxes = new Boxes(this);
@@ -74,19 +79,22 @@ export class WorkPlace {
         this.notices.show("Something on this page went wrong. Reload it: the session keeps your work.", [], {stays: true});
     }
 
-    async #restore(snapshot) {
+    async #restore(line) {
         const place = this.places.current();
         this.boxes.show(null);
         this.quietly(() => {
             this.modals.clear();
             this.children.clear();
         });
-        this.model.restore(snapshot);
+        this.host = line.host;
+        this.model.restore(line.snapshot);
+        this.journal.resumed(line);
         document.title = this.model.title || document.title;
         if (this.main) await this.#drawMain();
         await this.#drawScreens();
         if (!this.boxes.open && !this.places.restore(place)) this.focusLost();
         this.boxes.show(this.session.question);
+        this.comeback.heard();
     }
 
     async #drawMain() {
@@ -107,9 +115,11 @@ export class WorkPlace {
         if (request && "set" in request && !refused) this.model.take(request.set, request.to);
         for (const event of events) await this.#event(event);
         if (request && "set" in request) this.#refresh(request.set);
+        this.journal.replied(message, request);
         if (refused && request && !message.waiting) this.#refused(request, refused.error);
         if (request && "answer" in request) this.boxes.forget();
         if ("waiting" in message) this.boxes.show(message.waiting);
+        this.comeback.heard(message);
     }
 
     async #event(event) {
@@ -182,6 +192,7 @@ export class WorkPlace {
     }
 
     #refused(request, error) {
+        if (this.comeback.running) return;  // it tells at its end what could not be done
         if ("set" in request || "fire" in request) this.notices.show(`Not possible now: ${error}`);
     }
 
@@ -206,7 +217,7 @@ export class WorkPlace {
     #ended(reason) {
         this.boxes.show(null);
         this.modals.clear();
-        this.frame.ended(reason);
+        this.frame.ended(reason, this.journal.ended(reason));
     }
 }
 

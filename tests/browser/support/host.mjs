@@ -12,12 +12,19 @@ const root = fileURLToPath(new URL("../../../", import.meta.url));
 const program = path.resolve(root, process.env.VOREL_PROGRAM ?? "build/vorel");
 
 export const nurse = {user: "nurse", password: "Plain7words"};
+export const colleague = {user: "colleague", password: "Other8words"};
 
 function makeHospital(data) {
     execFileSync(program, ["database", "create", "--data", data]);
     execFileSync(program, ["database", "demo", "--data", data]);
-    execFileSync(program, ["user", "add", nurse.user, "--data", data, "--password", nurse.password, "--role", "NURSING",
-                           "--full-name", "Ada Obi"]);
+    for (const [{user, password}, name] of [[nurse, "Ada Obi"], [colleague, "Ngozi Eze"]])
+        execFileSync(program, ["user", "add", user, "--data", data, "--password", password, "--role", "NURSING",
+                               "--full-name", name]);
+}
+
+/** A script's request on the data, beside the host that runs. */
+function drive(data, request) {
+    return JSON.parse(execFileSync(program, ["drive", "--data", data], {input: `${JSON.stringify(request)}\n`}));
 }
 
 /** Waits for the line that says where the host is. */
@@ -31,56 +38,81 @@ async function addressOf(child) {
     throw new Error(`the host did not start: ${output}`);
 }
 
-/** Passes bytes on, until it is cut. */
+/** Passes bytes on, until it is cut; what either side says can get lost on the way while the line stands. */
 async function startProxy(port) {
     const lines = new Set();
     let open = true;
+    let lost = "";
     const server = net.createServer((client) => {
         if (!open) return client.destroy();
-        const host = net.connect(port, "127.0.0.1");
+        const host = net.connect(proxy.hostPort, "127.0.0.1");
         for (const socket of [client, host]) {
             lines.add(socket);
             socket.on("error", () => socket.destroy());
             socket.on("close", () => lines.delete(socket));
         }
-        client.pipe(host).pipe(client);
+        client.on("data", (bytes) => lost === "pages" || host.write(bytes));
+        host.on("data", (bytes) => lost === "host" || client.write(bytes));
         client.on("close", () => host.destroy());
         host.on("close", () => client.destroy());
         return undefined;
     });
     server.listen(0, "127.0.0.1");
     await once(server, "listening");
-    return {
+    const proxy = {
         port: server.address().port,
+        hostPort: port,
+        /** From now on nothing arrives of what the "host" or the "pages" say. */
+        lose(side) {
+            lost = side;
+        },
         cut() {
             open = false;
             for (const socket of lines) socket.destroy();
         },
         mend() {
             open = true;
+            lost = "";
         },
         close() {
             this.cut();
             server.close();
         },
     };
+    return proxy;
 }
 
 /** `environment` adds to the program's own: settings of the host. */
 export async function startHost(environment = {}) {
     const data = mkdtempSync(path.join(tmpdir(), "vorel-browser-"));
     makeHospital(data);
-    const child = spawn(program, ["serve", "--data", data, "--port", "0", "--samples"], {cwd: root, env: {...process.env, ...environment}, stdio: ["ignore", "pipe", "ignore"]});
+    const serve = () => spawn(program, ["serve", "--data", data, "--port", "0", "--samples"],
+                              {cwd: root, env: {...process.env, ...environment}, stdio: ["ignore", "pipe", "ignore"]});
+    let child = serve();
     const proxy = await startProxy(await addressOf(child));
+    const end = async (signal) => {
+        const gone = once(child, "exit");
+        child.kill(signal);
+        await gone;
+    };
     child.stdout.resume();
     return {
         url: `http://127.0.0.1:${proxy.port}`,
         proxy,
+        /** The host falls, with all that it had not stored. */
+        kill: () => end("SIGKILL"),
+        /** Starts the host anew on the same data, at the same address for its pages. */
+        async restart() {
+            child = serve();
+            proxy.hostPort = await addressOf(child);
+            child.stdout.resume();
+            proxy.mend();
+        },
+        query: (query) => drive(data, {query, on: "Hospital"}).rows,
+        execute: (execute) => drive(data, {execute, on: "Hospital"}),
         async stop() {
             proxy.close();
-            const gone = once(child, "exit");
-            child.kill("SIGTERM");
-            await gone;
+            await end("SIGTERM");
             rmSync(data, {recursive: true, force: true});
         },
     };

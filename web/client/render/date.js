@@ -40,7 +40,7 @@ export function datePicker(link) {
 }
 
 /** The wire's date, with or without a time, as the input wants it. */
-function asInput(value, time) {
+export function asInput(value, time) {
     if (!value) return "";
     if (!time) return value.slice(0, 10);
     return value.includes(" ") || value.includes("T") ? value.slice(11, 16) : value.slice(0, 5);

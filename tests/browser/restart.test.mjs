@@ -1,0 +1,211 @@
+// The host falls while a nurse works: what she had not saved is offered to her, and to nobody else, when she is back.
+
+import assert from "node:assert/strict";
+import test from "node:test";
+
+import {colleague} from "./support/host.mjs";
+import {box, focused, openPage, picture, signIn, useHost} from "./support/work.mjs";
+
+const house = useHost();
+const station = "frmPreConsult";
+const field = (page, name, part = "input") => page.locator(`[data-control="${station}.${name}"] ${part}`).first();
+const readings = {txtTemp: "36.8", txtPressure: "120", txtPressure2: "80", txtPause: "72", txtResp: "18", txtHt: "1.70", txtWt: "68"};
+const offer = (page) => page.getByRole("dialog", {name: "Your work from before"});
+
+async function press(page, name) {
+    await field(page, name, "button").focus();
+    await page.keyboard.press("Enter");
+}
+
+async function openStation(page) {
+    await page.locator(".v-menu [data-name=mnuVitSigns]").focus();
+    await page.keyboard.press("Enter");
+    await field(page, "cmdAdd", "button").waitFor();
+}
+
+/** Picks the first entry of a list that is none but blank. */
+async function pickFirst(page, name) {
+    await field(page, name, "input:enabled").focus();
+    await page.keyboard.press("Alt+ArrowDown");
+    await field(page, name, "[data-at='1']").click();
+}
+
+/** Takes the vital signs of the first patient who waits, up to the save. @returns the visit's number */
+async function takeVitals(page) {
+    await openStation(page);
+    await press(page, "cmdAdd");
+    await pickFirst(page, "cboVehNo");
+    await field(page, "lblBill", ".v-output").filter({hasText: /001\d{9}/}).waitFor();
+    for (const [name, text] of Object.entries(readings)) {
+        await field(page, name).focus();
+        await page.keyboard.type(text);
+        await page.keyboard.press("Tab");
+    }
+    await pickFirst(page, "CboRef");
+    await field(page, "txtResp").focus();
+    await settled(page);
+    return field(page, "lblBill", ".v-output").textContent();
+}
+
+/** Waits until the session has answered everything. */
+const settled = (page) => page.waitForFunction(() => JSON.parse(sessionStorage.getItem("vorel.outbox")).entries.length === 0);
+
+const rowsFor = (visit) => house.host.query(`select temp, pressure from hPreConsult where consultID='${visit}'`);
+
+/** Waits until the host has stored the readings, which no page tells of. */
+function untilStored(visit) {
+    for (let tries = 0; tries < 100; ++tries) if (rowsFor(visit).length > 0) return;
+    assert.fail("the readings were not stored");
+}
+
+/** Presses Save; the "yes", or its reply, is lost on the way. */
+async function saveInto(page, lostSide) {
+    await press(page, "OKButton");
+    await box(page).filter({hasText: "Are you sure to save"}).waitFor();
+    house.host.proxy.lose(lostSide);
+    await page.keyboard.press("Alt+y");
+    await box(page).waitFor({state: "hidden"});
+}
+
+async function fall(page) {
+    await house.host.kill();
+    await house.host.restart();
+    await page.waitForURL(/\/sign-in$/);
+}
+
+/** Signs in where the page stands: the user's name is there already. */
+async function signInAgain(page) {
+    await page.waitForFunction(() => document.activeElement.id === "password");
+    await page.keyboard.type("Plain7words");
+    await page.keyboard.press("Enter");
+}
+
+async function bringBack(page) {
+    await page.keyboard.press("Enter");  // typed on: decides nothing
+    await page.keyboard.press("Alt+b");
+    await page.locator(".v-notice").filter({hasText: "as you left it"}).waitFor();
+}
+
+async function save(page) {
+    await press(page, "OKButton");
+    await box(page).filter({hasText: "Are you sure to save"}).waitFor();
+    await page.keyboard.press("Alt+y");
+}
+
+test("vital signs half typed come back after a fall, are saved once, and leave nothing", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    const visit = await takeVitals(page);
+    const patient = await field(page, "cboVehNo").inputValue();
+    await fall(page);
+    const told = await page.locator("#kept").textContent();
+    assert.match(told, /The host was started anew.*Vital Signs: 9 fields/);
+    assert.doesNotMatch(told, /36\.8/);
+    await picture(page, "comeback-signin");
+    await signInAgain(page);
+    await offer(page).filter({hasText: "Vital Signs was not saved"}).waitFor();
+    await picture(page, "comeback-offer");
+    await bringBack(page);
+    assert.equal(await field(page, "cboVehNo").inputValue(), patient);
+    for (const [name, text] of Object.entries(readings)) assert.equal(await field(page, name).inputValue(), text, name);
+    assert.equal(await focused(page), `${station}.txtResp`);
+    await picture(page, "comeback-back");
+    assert.deepEqual(rowsFor(visit), []);
+    await save(page);
+    await box(page).filter({hasText: "Record Succesfully saved"}).waitFor();
+    await page.keyboard.press("Enter");
+    await settled(page);
+    assert.equal(rowsFor(visit).length, 1);
+    await fall(page);
+    assert.doesNotMatch(await page.locator("#kept").textContent(), /Vital/);
+    assert.deepEqual(page.problems, []);
+});
+
+test("a save that was stored before its reply says so, and is not typed again", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    const visit = await takeVitals(page);
+    await saveInto(page, "host");
+    untilStored(visit);
+    await fall(page);
+    await page.locator("#kept").filter({hasText: "Save was pressed; whether it was stored you will see after signing in"}).waitFor();
+    await signInAgain(page);
+    await offer(page).filter({hasText: "The save of Vital Signs was stored."}).waitFor();
+    assert.equal(await offer(page).getByRole("button", {name: "Bring back"}).count(), 0);
+    await picture(page, "comeback-stored");
+    await page.keyboard.press("Escape");
+    await offer(page).waitFor({state: "detached"});
+    assert.equal(rowsFor(visit).length, 1);
+    await page.reload();
+    await page.locator(".v-menu").waitFor();
+    assert.equal(await page.evaluate(() => sessionStorage.getItem("vorel.kept")), null);
+});
+
+test("a save that never arrived says so, and comes back unsaved", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    const visit = await takeVitals(page);
+    await saveInto(page, "pages");
+    await fall(page);
+    await signInAgain(page);
+    await offer(page).filter({hasText: "The save of Vital Signs was not stored."}).waitFor();
+    await bringBack(page);
+    assert.equal(await box(page).count(), 0);
+    assert.equal(await field(page, "txtTemp").inputValue(), "36.8");
+    assert.deepEqual(rowsFor(visit), []);
+});
+
+test("a save whose reply the line lost leaves nothing to bring back", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    const visit = await takeVitals(page);
+    await saveInto(page, "host");
+    untilStored(visit);
+    house.host.proxy.cut();
+    house.host.proxy.mend();
+    await box(page).filter({hasText: "Record Succesfully saved"}).waitFor();
+    await page.keyboard.press("Enter");
+    await box(page).waitFor({state: "hidden"});
+    await settled(page);
+    await fall(page);
+    assert.doesNotMatch(await page.locator("#kept").textContent(), /Vital/);
+});
+
+test("readings of a patient who waits no more are told and typed nowhere", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    const visit = await takeVitals(page);
+    await fall(page);
+    house.host.execute(`update hrecords set attendedto=1 where consultID='${visit}'`);
+    await signInAgain(page);
+    await offer(page).waitFor();
+    await bringBack(page);
+    const told = await page.locator(".v-notice").textContent();
+    assert.match(told, new RegExp(`${visit}\\] is not in the list any more.*Temperature: 36\\.8`));
+    assert.equal(await field(page, "txtTemp").inputValue(), "");
+    await picture(page, "comeback-gone");
+});
+
+test("what is kept is neither shown to another user nor left in the tab", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    await takeVitals(page);
+    await fall(page);
+    await page.getByLabel("User name").fill(colleague.user);
+    await page.getByLabel("Password").fill(colleague.password);
+    await page.keyboard.press("Enter");
+    await openStation(page);
+    assert.equal(await offer(page).count(), 0);
+    assert.doesNotMatch(await page.evaluate(() => JSON.stringify(Object.entries(sessionStorage))), /36\.8/);
+});
+
+test("logging off keeps nothing", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    await takeVitals(page);
+    await page.getByRole("treeitem", {name: "Log Off nurse"}).last().click();
+    await page.getByRole("link", {name: "Sign in again"}).click();
+    await page.getByLabel("User name").waitFor();
+    assert.equal(await page.locator("#kept").isVisible(), false);
+    assert.doesNotMatch(await page.evaluate(() => JSON.stringify(Object.entries(sessionStorage))), /36\.8/);
+});

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "core/entries.h"
+#include "core/jpeg.h"
 #include "db/error.h"
 
 namespace registration {
@@ -26,11 +27,15 @@ db::Bytes bytesOf(const fs::path& file) {
     return bytes;
 }
 
-/// A JPEG starts with the start-of-image marker and the next one, and ends with the end-of-image marker.
-bool isJpeg(const db::Bytes& bytes) {
-    const auto at = [&](std::size_t place) { return std::to_integer<unsigned>(bytes[place]); };
-    return bytes.size() > 4 && at(0) == 0xFF && at(1) == 0xD8 && at(2) == 0xFF && at(bytes.size() - 2) == 0xFF &&
-           at(bytes.size() - 1) == 0xD9;
+db::Bytes pictureOf(const fs::path& file) {
+    if (fs::file_size(file) > largest) throw db::Error(db::Category::other, "The photograph is larger than 5 MB");
+    return core::redrawnJpeg(bytesOf(file));
+}
+
+void write(const fs::path& file, const db::Bytes& content) {
+    std::ofstream stream(file, std::ios::binary);
+    stream.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
+    if (!stream.flush()) throw db::Error(db::Category::other, "The photograph cannot be written.");
 }
 
 /// "000000123001.JPG".
@@ -49,29 +54,29 @@ void showPhotograph(core::Workplace& place, ui::Picture& picture, const std::str
 
 void Photograph::choose() {
     txtPix_.clear();
-    const auto file = place_.desktop.pickFile("Select the JPG Image  File...", "image/jpeg");
+    const auto name = place_.desktop.pickFile("Select the JPG Image  File...", "image/jpeg");
+    const auto file = name ? place_.desktop.chosenFile(*name) : std::nullopt;
     if (!file) return;
-    if (fs::file_size(*file) > largest) return place_.desktop.message("The photograph is larger than 5 MB");
-    auto bytes = bytesOf(*file);
-    if (!isJpeg(bytes)) return place_.desktop.message("The file is not a JPG image");
-    txtPix_.setText(file->string());
-    imgPix_.setImage(std::move(bytes));
+    imgPix_.setImage(pictureOf(*file));
+    txtPix_.setText(*name);
 }
 
 void Photograph::save(const std::string& pno) {
-    const fs::path file = core::trimmed(txtPix_.text());
-    if (file.empty()) return;
+    const auto name = core::trimmed(txtPix_.text());
+    if (name.empty()) return;
+    const auto file = place_.desktop.chosenFile(name);
+    if (!file) throw db::Error(db::Category::other, "The photograph is not there any more: choose it again.");
+    const auto picture = pictureOf(*file);  // the file may have changed since it was shown
     if (place_.session.gPhotoStore == "FILE") {
-        fs::copy_file(file, fs::path(place_.session.gPatientsPath) / fileName(pno),
-                      fs::copy_options::overwrite_existing);
+        write(fs::path(place_.session.gPatientsPath) / fileName(pno), picture);
     } else {
         db::Recordset row(place_.hospital(), "Select patPix from hpatients where pno='"_sql + pno + "'");
         if (row.empty()) return;
-        row.set("PatPix", bytesOf(file));
+        row.set("PatPix", picture);
         row.update();
     }
     std::error_code ignored;
-    fs::remove(file, ignored);
+    fs::remove(*file, ignored);
     txtPix_.clear();
 }
 

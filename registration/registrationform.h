@@ -140,7 +140,9 @@ protected:
     [[nodiscard]] static std::string storedName(const std::string& typed);
     [[nodiscard]] static std::string dated(const ui::DatePicker& date);
     void cmdAdd_Click();
-    void choosePhotograph() { photograph_.choose(); }
+    void choosePhotograph() {
+        trapped([this] { photograph_.choose(); });
+    }
     void clearPhotograph() { photograph_.clear(); }
     /// Whether the running search is the quick one while typing, which is limited to `gSearchValue` rows; 0 is no
     /// limit.

@@ -239,7 +239,7 @@ TEST_F(PatientsNew, TheFrontDeskTakesTheAttendanceToo) {
 /// The patient himself is saved by then: a second Save would register him twice.
 TEST_F(PatientsNew, AFailedPhotographLeavesNoFormThatCouldBeSavedAgain) {
     const auto choose = [&] {
-        hospital.program.write("face.jpg", "\xFF\xD8\xFF\xE0 a face \xFF\xD9");
+        hospital.program.write("face.jpg", test::jpeg(16, 16));
         hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
         fire("cmdPix");
     };

@@ -280,18 +280,51 @@ TEST_F(PatientsNew, PhotographsAreRealJpegsAndGoIntoTheRow) {
     hospital.expectMessage("The photograph is larger than 5 MB");
     choose("\xFF\xD8\xFF" + std::string(5 * 1024 * 1024, 'x') + "\xFF\xD9");
     EXPECT_TRUE(screen().imgPix.image().empty());
-    const std::string jpeg = "\xFF\xD8\xFF\xE0 a face \xFF\xD9";
-    choose(jpeg);
-    EXPECT_EQ(screen().imgPix.image().size(), jpeg.size());
+    choose(test::jpeg(1600, 800) + "<script>");
+    EXPECT_EQ(test::seenIn(screen().imgPix.image()), "800x400 red blue");
     set("txtAdmitLimit", "0");
     save("Record Succesfully Edited and Updated");
-    EXPECT_EQ(hospital.value("select patPix from hPatients"_sql).bytes().size(), jpeg.size());
+    EXPECT_EQ(test::seenIn(hospital.value("select patPix from hPatients"_sql).bytes()), "800x400 red blue");
     EXPECT_FALSE(std::filesystem::exists(hospital.program.path() / "face.jpg")) << "the upload goes once it is stored";
     EXPECT_TRUE(screen().imgPix.image().empty());
     hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
     fire("grdData.DblClick");
-    EXPECT_EQ(screen().imgPix.image().size(), jpeg.size());
+    EXPECT_EQ(test::seenIn(screen().imgPix.image()), "800x400 red blue");
     fire("cmdCancel");
+}
+
+TEST_F(PatientsNew, AFileThatChangedSinceItWasShownIsLookedAtAgain) {
+    addPatient("P1");
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    hospital.program.write("face.jpg", test::jpeg(16, 16));
+    hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
+    fire("cmdPix");
+    hospital.program.write("face.jpg", "no picture any more");
+    set("txtAdmitLimit", "0");
+    hospital.expectMessage("Record Succesfully Edited and Updated");
+    hospital.expectMessage("The file is not a JPG image");
+    hospital.answer("yes");
+    fire("OKButton");
+    EXPECT_TRUE(hospital.value("select patPix from hPatients"_sql).isNull());
+    EXPECT_TRUE(std::filesystem::exists(hospital.program.path() / "face.jpg"));
+}
+
+/// On a page a name is a token of one of the session's own uploads, and no path of the host.
+TEST_F(PatientsNew, ATextThatNamesNoChosenFileReadsAndRemovesNothing) {
+    addPatient("P1");
+    hospital.program.write("secret.jpg", test::jpeg(16, 16));
+    place.desktop.setFileFinder([](const std::string&) { return std::nullopt; });
+    hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
+    fire("grdData.DblClick");
+    place.desktop.set(name + ".txtPix", (hospital.program.path() / "secret.jpg").string(), true);
+    set("txtAdmitLimit", "0");
+    hospital.expectMessage("Record Succesfully Edited and Updated");
+    hospital.expectMessage("The photograph is not there any more: choose it again.");
+    hospital.answer("yes");
+    fire("OKButton");
+    EXPECT_TRUE(hospital.value("select patPix from hPatients"_sql).isNull());
+    EXPECT_TRUE(std::filesystem::exists(hospital.program.path() / "secret.jpg"));
 }
 
 TEST_F(PatientsNew, TheNextPatientTakesNothingOfTheLast) {
@@ -303,7 +336,7 @@ TEST_F(PatientsNew, TheNextPatientTakesNothingOfTheLast) {
     set("txtPolicy", "Gold [1]");
     set("cboClin", "EYE");
     set("cboPurpose", "(CONSULTATION)");
-    hospital.program.write("face.jpg", "\xFF\xD8\xFF\xE0 a face \xFF\xD9");
+    hospital.program.write("face.jpg", test::jpeg(16, 16));
     hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
     fire("cmdPix");
     session().gRenewPending = true;

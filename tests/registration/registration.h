@@ -8,6 +8,7 @@
 #include "registration/registrationform.h"
 #include "registration/screens.h"
 #include "tests/core/stubs.h"
+#include "tests/support/picture.h"
 
 namespace test {
 

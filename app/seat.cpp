@@ -10,6 +10,8 @@ core::Settings settingsOf(const web::Config& config) {
     core::Settings settings;
     settings.encodingTable = encodingTable(config);
     settings.deskInMenu = config.deskInMenu;
+    settings.idleMinutes = config.idleMinutes;
+    settings.mostHours = config.mostHours;
     settings.autoCardNo = config.autoCardNo;
     settings.nhisServiceNo = config.nhisServiceNo;
     settings.nhisRegServiceNo = config.nhisRegServiceNo;
@@ -32,6 +34,7 @@ NurseSeat::NurseSeat(db::DataSources& sources, const web::Config& config, const 
                      const ui::SignedIn& who, ui::EventLoop& loop, bool samples)
     : directory_(sessions, suiteFiles(config, who.user)),
       place_(sources, loop, settings(config, who, directory_.path())),
+      user_(who.user),
       samples_(samples) {
     provideScreens(place_);
     if (samples_) place_.desktop.provide("frmSamples", [this] { return ui::makeSamples(place_.desktop); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/programdirectory.h"
+#include "core/pagesaves.h"
 #include "core/workplace.h"
 #include "ui/seat.h"
 #include "web/config.h"
@@ -21,12 +22,17 @@ public:
     void start() override;
     void idle() override { place_.databases.idle(); }
     void failed() override { place_.databases.rollbackAll(); }
+    void noteSaves(ui::SaveNotes notes) override { core::notePageSaves(place_, user_, std::move(notes)); }
+    [[nodiscard]] std::optional<ui::StoredSave> lastSave(const std::string& session) override {
+        return core::lastPageSave(place_, user_, session);
+    }
     [[nodiscard]] std::filesystem::path programDirectory() const override { return directory_.path(); }
     [[nodiscard]] std::string hospitalName() const override { return place_.session.gHospitalName; }
 
 private:
     ProgramDirectory directory_;
     core::Workplace place_;
+    std::string user_;
     bool samples_;
 };
 

@@ -7,6 +7,22 @@
 
 namespace core {
 
+namespace {
+
+/// Says for as long as it stands whose save runs.
+class Saving {
+public:
+    Saving(std::string& holder, const std::string& screen) : holder_(holder) { holder_ = screen; }
+    Saving(const Saving&) = delete;
+    Saving& operator=(const Saving&) = delete;
+    ~Saving() { holder_.clear(); }
+
+private:
+    std::string& holder_;
+};
+
+}  // namespace
+
 bool trapped(Workplace& place, const std::function<void()>& work) {
     const bool joined = place.databases.inTransaction();
     std::string description;
@@ -15,7 +31,7 @@ bool trapped(Workplace& place, const std::function<void()>& work) {
         work();
         wentThrough = true;
     } catch (const std::exception& error) {
-        description = error.what();
+        description = place.desktop.describe(error);
     }
     if (!wentThrough && !joined) place.databases.rollbackAll();
     if (!joined) place.showHeldErrors();
@@ -36,7 +52,10 @@ bool Form::saves(ui::Button& button, const std::function<void()>& work) const {
     button.setEnabled(false);
     button.setCaption("Saving ...");
     desktop().flushChanges();
-    const bool wentThrough = trapped(work);
+    const bool wentThrough = trapped([&] {
+        const Saving saving(place_.saving, name());
+        work();
+    });
     button.setCaption(caption);
     button.setEnabled(true);
     return wentThrough;

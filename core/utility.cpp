@@ -14,8 +14,7 @@ void stampLogout(const Session& session, db::Recordset& activity) {
 }
 
 /// The trail's columns are known by their places alone.
-void writeLoginTrail(db::Connection& connection, const std::string& userName, const char* outcome, db::DateTime now) {
-    auto trail = connection.read("SELECT * FROM LoginTrail"_sql);
+void addToTrail(db::Recordset trail, const std::string& userName, const char* outcome, db::DateTime now) {
     const auto columns = trail.fields();
     const auto iso = now.isoDate();
     trail.addNew();
@@ -25,6 +24,9 @@ void writeLoginTrail(db::Connection& connection, const std::string& userName, co
     trail.set(columns.at(3), now.isoTime());
     trail.update();
 }
+
+constexpr const char* successful = "Successful Logon";
+constexpr const char* failed = "Failed Logon";
 
 }  // namespace
 
@@ -89,11 +91,16 @@ void CloseUserActivity(Workplace& place, bool isLogout, bool autoLogoff, const s
 }
 
 void WriteLoginTrailSuccess(db::Connection& connection, const std::string& userName, db::DateTime now) {
-    writeLoginTrail(connection, userName, "Successful Logon", now);
+    addToTrail(connection.read("SELECT * FROM LoginTrail"_sql), userName, successful, now);
 }
 
 void WriteLoginTrailFailure(db::Connection& connection, const std::string& userName, db::DateTime now) {
-    writeLoginTrail(connection, userName, "Failed Logon", now);
+    addToTrail(connection.read("SELECT * FROM LoginTrail"_sql), userName, failed, now);
+}
+
+void noteSignIn(db::Connection& connection, const std::string& userName, bool accepted, db::DateTime now) {
+    addToTrail(connection.read("SELECT * FROM LoginTrail where 1=2"_sql), userName, accepted ? successful : failed,
+               now);
 }
 
 void AuditTrail(Workplace& place, const std::string& userName, const std::string& userAction,

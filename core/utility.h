@@ -37,6 +37,8 @@ void CloseUserActivity(Workplace& place, bool isLogout, bool autoLogoff, const s
 /// One row of LoginTrail for an attempt to sign in, stamped with the workstation's clock. Throws db::Error.
 void WriteLoginTrailSuccess(db::Connection& connection, const std::string& userName, db::DateTime now);
 void WriteLoginTrailFailure(db::Connection& connection, const std::string& userName, db::DateTime now);
+/// The same for the host's sign-in page, which anybody may try: it reads none of the trail's rows.
+void noteSignIn(db::Connection& connection, const std::string& userName, bool accepted, db::DateTime now);
 
 /// Writes an audit row through the server's procedure, stamped with `gServerNow` as last read. An error shows its
 /// description, so a failed audit never stops the work.

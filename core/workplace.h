@@ -35,6 +35,8 @@ struct Settings {
     std::string autoCardNo;   ///< the start values of gAutoCardNo, gNhisServiceNo and gNhisRegServiceNo
     std::string nhisServiceNo;
     std::string nhisRegServiceNo;
+    int idleMinutes = 0;  ///< a nurse who does nothing for so long is signed out; 0 never
+    int mostHours = 0;    ///< a session lasts no longer; 0 for any time
     Version version = programVersion();
     /// The workstation's clock; tests set it.
     std::function<db::DateTime()> clock = &db::DateTime::now;
@@ -55,6 +57,8 @@ struct Workplace {
     ui::Desktop desktop;
     /// The open main window; it registers itself here.
     MainWindow* mainWindow = nullptr;
+    /// The screen whose save runs; "" while none does.
+    std::string saving;
 
     /// `session.gConnHospital`, opened.
     db::Connection& hospital() { return databases.open(session.gConnHospital); }

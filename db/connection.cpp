@@ -20,8 +20,14 @@ namespace {
 
 }  // namespace
 
-Connection::Connection(std::string database, EnginePool& pool, const Recorder& recorder)
-    : database_(std::move(database)), pool_(pool), recorder_(recorder) {}
+Connection::Connection(std::string database, EnginePool& pool, const Recorder& recorder,
+                       const AroundCommit& aroundCommit)
+    : database_(std::move(database)), pool_(pool), recorder_(recorder), aroundCommit_(aroundCommit) {}
+
+const AroundCommit& Connection::nothing() {
+    static const AroundCommit nothing;
+    return nothing;
+}
 
 Connection::~Connection() {
     while (inTransaction()) rollbackTrans();
@@ -88,6 +94,7 @@ void Connection::beginTrans() {
 
 void Connection::commitTrans() {
     if (depth_ == 0) noTransaction();
+    if (depth_ == 1 && !lost_ && !doomed_) runBeforeCommit();
     if (--depth_ > 0) {
         if (lost_) lostTransaction();
         return;
@@ -107,6 +114,17 @@ void Connection::commitTrans() {
             throw;
         }
     });
+    if (aroundCommit_.after) aroundCommit_.after();
+}
+
+void Connection::runBeforeCommit() {
+    if (!aroundCommit_.before) return;
+    try {
+        aroundCommit_.before(*this);
+    } catch (...) {
+        rollbackTrans();
+        throw;
+    }
 }
 
 void Connection::rollbackTrans() noexcept {

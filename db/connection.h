@@ -35,6 +35,15 @@ struct Statement {
 /// line as if it had broken there. So one hook serves trace, the statement checks of tests and injected failures.
 using Recorder = std::function<void(const Statement&)>;
 
+class Connection;
+
+/// What runs around the commit of an outermost transaction.
+struct AroundCommit {
+    /// Right before it: what it writes commits too, and a throw rolls both back.
+    std::function<void(Connection&)> before;
+    std::function<void()> after;  ///< once the commit is through; must not throw
+};
+
 /// A session's line to one database. Cheap to have: the engine's line behind it is borrowed from the database's pool
 /// at the first statement and goes back when the session is idle (`Databases::idle`).
 ///
@@ -43,7 +52,8 @@ using Recorder = std::function<void(const Statement&)>;
 /// Error(lostConnection); then the next statement borrows a new line.
 class Connection {
 public:
-    Connection(std::string database, EnginePool& pool, const Recorder& recorder);
+    Connection(std::string database, EnginePool& pool, const Recorder& recorder,
+               const AroundCommit& aroundCommit = nothing());
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
     ~Connection();
@@ -65,8 +75,8 @@ public:
 
     void beginTrans();
     /// Throws Error(other) without a transaction, and when an inner rollback has doomed it (everything is then rolled
-    /// back); Error(lostConnection) when the line was lost meanwhile. After an Error from the engine the transaction is
-    /// rolled back.
+    /// back); Error(lostConnection) when the line was lost meanwhile. After an Error from the engine, or from what
+    /// runs before the commit, the transaction is rolled back.
     void commitTrans();
     /// Without a transaction: nothing.
     void rollbackTrans() noexcept;
@@ -78,6 +88,7 @@ public:
     void idle() noexcept;
 
 private:
+    static const AroundCommit& nothing();
     friend class Recordset;
     friend class Command;
     Engine& engine();
@@ -93,12 +104,14 @@ private:
     }
     [[noreturn]] void failed(const char* operation, const Error& error);
     void drop() noexcept;
+    void runBeforeCommit();
     void record(Statement::Kind kind, std::string text, std::vector<std::pair<std::string, Value>> parameters = {});
     [[nodiscard]] bool recording() const noexcept { return static_cast<bool>(recorder_); }
 
     std::string database_;
     EnginePool& pool_;
     const Recorder& recorder_;
+    const AroundCommit& aroundCommit_;
     std::unique_ptr<Engine> engine_;
     int depth_ = 0;
     bool doomed_ = false;

@@ -75,7 +75,7 @@ Connection& Databases::open(std::string_view connectionString) {
 Connection& Databases::named(const std::string& database) {
     const auto& name = sources_.served(database);
     auto& connection = open_[name];
-    if (!connection) connection = std::make_unique<Connection>(name, sources_.pool(name), recorder_);
+    if (!connection) connection = std::make_unique<Connection>(name, sources_.pool(name), recorder_, aroundCommit_);
     return *connection;
 }
 

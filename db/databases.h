@@ -98,6 +98,8 @@ public:
 
     /// Replaces the recorder that sees every statement of this session first; an empty one records nothing.
     void setRecorder(Recorder recorder) { recorder_ = std::move(recorder); }
+    /// Sets what runs around each outermost commit of this session, on any of its databases.
+    void setAroundCommit(AroundCommit aroundCommit) { aroundCommit_ = std::move(aroundCommit); }
     /// Gives idle lines back; called when the session waits for its user.
     void idle() noexcept;
     /// Rolls back whatever is open: the session ends, or an operation was left in the middle.
@@ -113,6 +115,7 @@ public:
 private:
     DataSources& sources_;
     Recorder recorder_;
+    AroundCommit aroundCommit_;
     std::map<std::string, std::unique_ptr<Connection>, std::less<>> open_;
 };
 

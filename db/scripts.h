@@ -13,7 +13,7 @@ std::vector<std::string> scriptStatements(std::string_view prefix);
 /// The statements that make the schema of a database ("Hospital") and its first rows.
 std::vector<std::string> schemaStatements(const std::string& database);
 /// The number of the schema that this program makes and works on.
-constexpr int schemaVersion = 3;
+constexpr int schemaVersion = 4;
 
 /// A statement of an embedded file as Sql. It is the program's own text, only not in a C++ literal.
 Sql scriptSql(std::string_view statement);

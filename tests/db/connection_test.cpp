@@ -50,6 +50,37 @@ TEST_F(ConnectionTest, KeepsItsLineWhileATransactionIsOpen) {
     EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "execute delete T", "commit"}));
 }
 
+TEST_F(ConnectionTest, WhatRunsAroundACommitGoesWithIt) {
+    int through = 0;
+    bool fails = false;
+    const db::AroundCommit around{[&](db::Connection& own) {
+                                      own.execute("insert Mark"_sql);
+                                      if (fails) throw db::Error(Category::injected, "Injected failure");
+                                  },
+                                  [&] { ++through; }};
+    db::Connection marked("Hospital", pool, recorder, around);
+    {
+        db::Transaction outer(marked);
+        db::Transaction inner(marked);
+        inner.commit();
+        EXPECT_EQ(through, 0) << "an inner commit is none";
+        outer.commit();
+    }
+    EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "execute insert Mark", "commit"}));
+    EXPECT_EQ(through, 1);
+    fails = true;
+    EXPECT_EQ(failure([&] {
+                  db::Transaction transaction(marked);
+                  transaction.commit();
+              }),
+              Category::injected);
+    EXPECT_FALSE(marked.inTransaction());
+    EXPECT_EQ(server.takeLog(), (Log{"begin", "execute insert Mark", "rollback"}));
+    { db::Transaction left(marked); }
+    EXPECT_EQ(server.takeLog(), (Log{"begin", "rollback"}));
+    EXPECT_EQ(through, 1);
+}
+
 TEST_F(ConnectionTest, OnlyTheOutermostCommitWrites) {
     db::Transaction outer(connection);
     db::Transaction inner(connection);

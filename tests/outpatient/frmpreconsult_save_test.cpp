@@ -1,3 +1,4 @@
+#include "core/pagesaves.h"
 #include "tests/outpatient/preconsult.h"
 
 using namespace db::literals;
@@ -290,6 +291,57 @@ TEST_F(PreConsult, HostileTextsAreStoredAsTheyAreOrRefusedWhole) {
         set(field, kept);
     }
     save("Record Succesfully saved");
+}
+
+TEST_F(PreConsult, WhatComesBehindABoxWaitsForNobodysOk) {
+    take(adaWaits);
+    place.desktop.setAcknowledges(false);
+    save("Record Succesfully saved");
+    EXPECT_EQ(place.desktop.waiting()->text, "Record Succesfully saved");
+    EXPECT_EQ(hospital.dump("select TranCode, Remarks from hAuditTrail"_sql), "C1|By Nurse\n");
+    EXPECT_TRUE(screen().cmdAdd.visible());
+    place.desktop.answer("ok");
+    EXPECT_EQ(place.desktop.waiting(), nullptr);
+}
+
+TEST_F(PreConsult, ASaveIsNotedForItsPageWithItsRowsOrNotAtAll) {
+    std::vector<std::string> told;
+    std::uint64_t request = 5;
+    core::notePageSaves(place, "nurse",
+                        {"page-1", [&] { return request; }, [&](const std::string& name) { told.push_back(name); }});
+    const auto noted = [&] { return hospital.dump("select SessionID, userName, Request, Screen from PageSaves"_sql); };
+    take(adaWaits);
+    const auto before = rows();
+    for (const char* write : {"delete from PageSaves", "insert into PageSaves"}) {
+        hospital.failStatement(write);
+        save("Injected failure");
+        EXPECT_EQ(rows(), before) << write;
+    }
+    EXPECT_EQ(noted(), "");
+    EXPECT_TRUE(told.empty());
+    save("Record Succesfully saved");
+    EXPECT_EQ(noted(), "page-1|nurse|5|frmPreConsult\n");
+    EXPECT_EQ(told, std::vector<std::string>{"frmPreConsult"});
+
+    request = 9;
+    take(musaWaits);
+    save("Record Succesfully saved");
+    EXPECT_EQ(noted(), "page-1|nurse|9|frmPreConsult\n") << "the last one of each page";
+    const auto last = core::lastPageSave(place, "nurse", "page-1");
+    ASSERT_TRUE(last);
+    EXPECT_EQ(last->request, 9U);
+    EXPECT_EQ(last->screen, "frmPreConsult");
+    EXPECT_FALSE(core::lastPageSave(place, "somebody", "page-1")) << "another user's";
+    {
+        db::Transaction other(place.hospital());
+        place.hospital().execute("update hRecords set attendedto=0"_sql);
+        other.commit();
+    }
+    EXPECT_EQ(told.size(), 2U) << "no save";
+
+    hospital.execute("update PageSaves set SavedAt='01-Jan-2020'"_sql);
+    core::forgetOldPageSaves(place.databases);
+    EXPECT_EQ(noted(), "");
 }
 
 }  // namespace

@@ -65,6 +65,19 @@ create table LoginTrail (
     SNO int identity(1,1) not null primary key
 )
 GO
+-- The last save of each page's session, written in the save's own transaction: a page that lost its host asks here
+-- whether what it sent was stored. SessionID is a random name, Request counts the page's requests from 1.
+create table PageSaves (
+    SessionID varchar(64) not null primary key,
+    userName varchar(50) not null,
+    Request int not null,
+    Screen varchar(50) not null,
+    SavedAt datetime not null default getdate()
+)
+GO
+-- Delete from PageSaves where SavedAt<'24-Oct-2026'
+create index IX_PageSaves_SavedAt on PageSaves (SavedAt)
+GO
 create table hAuditTrail (
     SNO int identity(1,1) not null primary key,
     userName varchar(50) null,

@@ -13,14 +13,15 @@ namespace {
 
 using nlohmann::json;
 
-std::string text(const json& request, const char* key) {
-    if (!request.contains(key) || !request[key].is_string()) throw ui::Refused{std::string(key) + " takes a text"};
-    return request[key].get<std::string>();
-}
+using ui::textOf;
 
 bool flag(const json& request, const char* key) {
     if (!request[key].is_boolean()) throw ui::Refused{std::string(key) + " takes true or false"};
     return request[key].get<bool>();
+}
+
+bool forced(const json& request) {
+    return request.contains("force") && flag(request, "force");
 }
 
 }  // namespace
@@ -74,9 +75,18 @@ void Driver::readNext() {
 }
 
 void Driver::addSessionRequests() {
+    // A script may reach what a page may not, to test a screen's own checks.
+    conversation_.add(
+        "fire", [this](const json& request, json&) { place_.desktop.fire(textOf(request, "fire"), forced(request)); },
+        {"force"});
+    conversation_.add("set",
+                      [this](const json& request, json&) {
+                          place_.desktop.set(textOf(request, "set"), ui::contentOf(request), forced(request));
+                      },
+                      {"to", "force"});
     conversation_.add("start", [this](const json& request, json&) { start(request); });
     conversation_.add("show", [this](const json& request, json&) { show(request); });
-    conversation_.add("tick", [this](const json& request, json&) { place_.desktop.tick(text(request, "tick")); });
+    conversation_.add("tick", [this](const json& request, json&) { place_.desktop.tick(textOf(request, "tick")); });
     conversation_.add("get", [this](const json& request, json& reply) { get(request, reply); });
     conversation_.add("clock", [this](const json& request, json&) { stopClock(request); });
     conversation_.add("trace", [this](const json& request, json&) { traces_ = flag(request, "trace"); });
@@ -103,19 +113,19 @@ void Driver::start(const json& request) {
 }
 
 void Driver::show(const json& request) {
-    const std::string name = text(request, "show");
+    const std::string name = textOf(request, "show");
     if (!started_) throw ui::Refused{"the session has not been started"};
     if (!place_.desktop.provides(name)) throw ui::Refused{"there is no screen " + name};
     place_.desktop.show(name);
 }
 
 void Driver::get(const json& request, json& reply) {
-    const std::string path = text(request, "get");
+    const std::string path = textOf(request, "get");
     reply["state"] = path == "session" ? jsonOf(place_.session) : place_.desktop.get(path);
 }
 
 void Driver::stopClock(const json& request) {
-    const auto moment = db::DateTime::parse(text(request, "clock"));
+    const auto moment = db::DateTime::parse(textOf(request, "clock"));
     if (!moment) throw ui::Refused{R"(clock takes a moment such as "2026-11-24 09:30:00")"};
     place_.databases.sources().clock().stopAt(*moment);
 }
@@ -130,8 +140,8 @@ void Driver::failLater(const json& request) {
 
 void Driver::apart(const json& request, const char* key,
                    const std::function<void(db::Connection&, const db::Sql&)>& work) {
-    const std::string statement = text(request, key);
-    const std::string database = text(request, "on");
+    const std::string statement = textOf(request, key);
+    const std::string database = textOf(request, "on");
     apart_ = true;
     std::string description;
     try {

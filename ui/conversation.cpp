@@ -8,32 +8,23 @@ namespace ui {
 namespace {
 
 constexpr int deepestRequest = 16;
+/// Keys and values: a request has a handful, and a megabyte of brackets would take fifty in memory.
+constexpr int mostParts = 1000;
 
 nlohmann::json parse(std::string_view line) {
     if (line.size() > longestRequest) throw Refused{"the request is longer than 1 MiB"};
     bool tooDeep = false;
-    const auto shallow = [&](int depth, nlohmann::json::parse_event_t /*event*/, nlohmann::json& /*value*/) {
+    int parts = 0;
+    const auto small = [&](int depth, nlohmann::json::parse_event_t /*event*/, nlohmann::json& /*value*/) {
         tooDeep = tooDeep || depth > deepestRequest;
-        return !tooDeep;
+        return !tooDeep && ++parts <= mostParts;
     };
-    nlohmann::json request = nlohmann::json::parse(line, shallow, false);
+    nlohmann::json request = nlohmann::json::parse(line, small, false);
     if (tooDeep) throw Refused{"the request is nested too deep"};
+    if (parts > mostParts) throw Refused{"the request has too many parts"};
     if (request.is_discarded()) throw Refused{"the request is no JSON in UTF-8"};
     if (!request.is_object()) throw Refused{"the request is no object"};
     return request;
-}
-
-std::string text(const nlohmann::json& request, const char* key) {
-    const auto found = request.find(key);
-    if (found == request.end() || !found->is_string()) throw Refused{std::string(key) + " takes a text"};
-    return found->get<std::string>();
-}
-
-bool forced(const nlohmann::json& request) {
-    const auto found = request.find("force");
-    if (found == request.end()) return false;
-    if (!found->is_boolean()) throw Refused{"force takes true or false"};
-    return found->get<bool>();
 }
 
 std::string dump(const nlohmann::json& json) {
@@ -42,6 +33,18 @@ std::string dump(const nlohmann::json& json) {
 }
 
 }  // namespace
+
+std::string textOf(const nlohmann::json& request, const char* key) {
+    const auto found = request.find(key);
+    if (found == request.end() || !found->is_string()) throw Refused{std::string(key) + " takes a text"};
+    return found->get<std::string>();
+}
+
+const nlohmann::json& contentOf(const nlohmann::json& request) {
+    const auto found = request.find("to");
+    if (found == request.end()) throw Refused{"set takes a content under to"};
+    return *found;
+}
 
 struct Conversation::Pending {
     std::uint64_t number;
@@ -60,16 +63,11 @@ Conversation::~Conversation() {
 
 void Conversation::addShared() {
     using nlohmann::json;
-    add("fire", [this](const json& request, json&) { desktop_.fire(text(request, "fire"), forced(request)); },
-        {"force"});
-    add("set",
-        [this](const json& request, json&) {
-            if (!request.contains("to")) throw Refused{"set takes a content under to"};
-            desktop_.set(text(request, "set"), request["to"], forced(request));
-        },
-        {"to", "force"});
+    add("fire", [this](const json& request, json&) { desktop_.fire(textOf(request, "fire"), false); });
+    add("set", [this](const json& request, json&) { desktop_.set(textOf(request, "set"), contentOf(request), false); },
+        {"to"});
     add("answer", [this](const json& request, json&) { desktop_.answer(request["answer"]); });
-    add("get", [this](const json& request, json& reply) { reply["state"] = desktop_.get(text(request, "get")); });
+    add("get", [this](const json& request, json& reply) { reply["state"] = desktop_.get(textOf(request, "get")); });
 }
 
 void Conversation::add(std::string key, Serve serve, std::vector<std::string> with) {
@@ -79,16 +77,25 @@ void Conversation::add(std::string key, Serve serve, std::vector<std::string> wi
 void Conversation::receive(std::string_view line) {
     flush();
     pending_ = std::make_shared<Pending>(Pending{++received_});
+    nlohmann::json request;
+    std::string key;
     try {
-        serve(parse(line));
+        request = parse(line);
+        key = keyOf(request);
+    } catch (const Refused& refused) {
+        onMalformed_();
+        return tell({{"error", refused.why}});
+    }
+    try {
+        serve(request, key);
     } catch (const Refused& refused) {
         tell({{"error", refused.why}});
     }
 }
 
-void Conversation::serve(const nlohmann::json& request) {
-    const std::string key = keyOf(request);
+void Conversation::serve(const nlohmann::json& request, const std::string& key) {
     if (desktop_.waiting() && key != "answer") throw Refused{"the open question has to be answered first"};
+    desktop_.noteActivity();
     // A nested loop of the operation may send this reply and take further requests.
     const std::shared_ptr<Pending> pending = pending_;
     const Serve& serve = requests_.find(key)->second.serve;
@@ -113,6 +120,10 @@ std::string Conversation::keyOf(const nlohmann::json& request) const {
 void Conversation::tell(nlohmann::json event) {
     desktop_.flushChanges();
     events_->push_back(std::move(event));
+}
+
+void Conversation::note(const char* key, nlohmann::json content) {
+    if (pending_) pending_->content[key] = std::move(content);
 }
 
 void Conversation::flush() {

@@ -16,6 +16,13 @@ namespace ui {
 /// Longest request that is read, in bytes.
 inline constexpr std::size_t longestRequest = std::size_t{1024} * 1024;
 
+// Readings of a request's parts. They throw Refused.
+
+/// The text under the key.
+std::string textOf(const nlohmann::json& request, const char* key);
+/// What `set` gives a control.
+const nlohmann::json& contentOf(const nlohmann::json& request);
+
 /// One client's talk with a session: JSON requests in, JSON replies out, one line each. It knows the requests that
 /// pages and scripts share (`fire`, `set`, `answer`, `get`); others are added by whoever serves them. All members run
 /// on the session's thread.
@@ -38,8 +45,12 @@ public:
     /// Takes one request. Bad JSON, bytes that are no UTF-8, an over-long line, an unknown request: one reply with an
     /// `error`, and nothing ran.
     void receive(std::string_view line);
+    /// Hears of each line that no client of ours sends: bad JSON, a request that this conversation does not serve.
+    void setOnMalformed(std::function<void()> onMalformed) { onMalformed_ = std::move(onMalformed); }
     /// Adds an event of the server's own to those of the desktop.
     void tell(nlohmann::json event);
+    /// Adds a key to the reply that is due; nothing where none is.
+    void note(const char* key, nlohmann::json content);
     /// Sends the reply that is due, and events that belong to no request as a line without "reply". To be called
     /// whenever the loop is about to wait.
     void flush();
@@ -55,11 +66,12 @@ private:
         std::vector<std::string> with;
     };
     void addShared();
-    void serve(const nlohmann::json& request);
+    void serve(const nlohmann::json& request, const std::string& key);
     [[nodiscard]] std::string keyOf(const nlohmann::json& request) const;
 
     Desktop& desktop_;
     Write write_;
+    std::function<void()> onMalformed_ = [] {};
     std::map<std::string, Request, std::less<>> requests_;
     std::unique_ptr<nlohmann::json> events_;
     std::shared_ptr<Pending> pending_;  ///< the request whose reply is due

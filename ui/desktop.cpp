@@ -1,8 +1,10 @@
 #include "ui/desktop.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
+#include "db/error.h"
 #include "ui/controls.h"
 #include "ui/desktop_impl.h"
 #include "ui/names.h"
@@ -58,7 +60,8 @@ void Desktop::show(std::string_view name) {
 void Desktop::showModal(std::string_view name) {
     const Operation operation(*this);
     Screen* screen = ready(name);
-    if (!screen) return;
+    awaitTold();
+    if (!screen || !impl_->entry(*screen)) return;
     Modal modal{screen};
     struct Listed {
         std::vector<Modal*>& modals;
@@ -182,13 +185,25 @@ void Desktop::attempt(const std::function<void()>& work) {
         work();
         return;
     } catch (const std::exception& error) {
-        description = error.what();
+        description = describe(error);
     }
     if (onFailure_) onFailure_();
     message(description, Icon::stop);
 }
 
+std::string Desktop::describe(const std::exception& error) const {
+    if (onError_) onError_(error);
+    if (dynamic_cast<const db::Error*>(&error)) return error.what();
+    if (dynamic_cast<const std::bad_alloc*>(&error))
+        return "There is not enough memory for this at the moment. Try again in a while.";
+    if (const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error))
+        return "A file cannot be read or written: " + file->code().message() + ".";
+    return "Something went wrong on the host. See whether it was done before you try again, and tell whoever runs the "
+           "host.";
+}
+
 void Desktop::endSession(const std::string& reason) {
+    awaitTold();
     throw SessionEnded{reason};
 }
 

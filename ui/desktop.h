@@ -76,24 +76,32 @@ public:
     void setMain(Screen& screen) noexcept { main_ = &screen; }
     [[nodiscard]] Screen* main() const noexcept { return main_; }
 
-    // -- boxes: they return when they are answered --
-    /// A box with OK only. An empty title stands for the program's.
+    // -- boxes: questions return when they are answered --
+    /// A box with OK only. It waits for its OK by itself, and the operation goes on behind it until it asks something,
+    /// opens a modal screen or ends the session: what a save still has to do never waits for a nurse who has gone.
+    /// The same box a second time, while nobody has read it, shows once. An empty title stands for the program's.
     void message(const std::string& text, Icon icon = Icon::none, const std::string& title = {});
     [[nodiscard]] bool askYesNo(const std::string& text, const std::string& title);
     /// Nothing when it was cancelled.
     [[nodiscard]] std::optional<std::string> askInput(const std::string& text, const std::string& title,
                                                       const std::string& preset = {});
-    /// `accept` is a hint for the page: a tablet then offers its camera for pictures.
-    [[nodiscard]] std::optional<std::filesystem::path> pickFile(const std::string& title,
-                                                                const std::string& accept = {});
+    /// The name of the chosen file, which a text box may hold: see `chosenFile`. `accept` is a hint for the page: a
+    /// tablet then offers its camera for pictures.
+    [[nodiscard]] std::optional<std::string> pickFile(const std::string& title, const std::string& accept = {});
+    /// The file behind such a name; nothing where this session chose none of that name. For a script the name is the
+    /// file's path; a host sets what its pages may name (`setFileFinder`).
+    [[nodiscard]] std::optional<std::filesystem::path> chosenFile(const std::string& name) const;
+    using FileFinder = std::function<std::optional<std::filesystem::path>(const std::string& name)>;
+    void setFileFinder(FileFinder finder) { findFile_ = std::move(finder); }
     /// Runs before any box opens; tests refuse there boxes that keep other writers waiting.
     void setBeforeBox(std::function<void(const Question&)> beforeBox) { beforeBox_ = std::move(beforeBox); }
     /// Boxes with OK only answer themselves (scripts), instead of waiting.
     void setAcknowledges(bool acknowledges) noexcept { acknowledges_ = acknowledges; }
-    [[nodiscard]] const Question* waiting() const noexcept { return waiting_; }
+    /// The box that shows, or nothing.
+    [[nodiscard]] const Question* waiting() const noexcept;
     /// The wire form of the open question, or null.
     [[nodiscard]] nlohmann::json question() const;
-    /// Answers the open question: "ok", "yes", "no", "cancel", the text of an input box, or {"file":PATH}.
+    /// Answers the open question: "ok", "yes", "no", "cancel", the text of an input box, or {"file":NAME}.
     /// Throws Refused where none is open or the answer is none to it.
     void answer(const nlohmann::json& answer);
 
@@ -116,13 +124,25 @@ public:
     /// The main window, the open screens in order, the active one, the open question: what a page needs to draw itself.
     [[nodiscard]] nlohmann::json snapshot() const;
 
-    /// Ends the session: unwinds everything that runs. The page closes with the reason.
+    /// Ends the session: unwinds everything that runs. Boxes that still show are waited for; then the page closes with
+    /// the reason.
     [[noreturn]] void endSession(const std::string& reason = {});
+
+    // -- the user --
+    /// The user did something: a request came. Tests say when.
+    void noteActivity(EventLoop::Clock::time_point when = EventLoop::Clock::now()) noexcept { lastActivity_ = when; }
+    [[nodiscard]] EventLoop::Clock::time_point lastActivity() const noexcept { return lastActivity_; }
+    /// Takes boxes with OK only away unread: for a user who is not there any more.
+    void dropTold();
 
     // -- work from outside --
     /// Runs work for a client: an error that none of its traps took rolls back what is open (`setOnFailure`) and shows
     /// its description. Refused and SessionEnded pass.
     void attempt(const std::function<void()>& work);
+    /// What a user reads of a run-time error, which whoever keeps the log (`setOnError`) hears of: a database error's
+    /// own description, and a plain sentence for anything else, whose own text is for developers.
+    [[nodiscard]] std::string describe(const std::exception& error) const;
+    void setOnError(std::function<void(const std::exception&)> onError) { onError_ = std::move(onError); }
     /// Runs before the description of an error that no trap took is shown.
     void setOnFailure(std::function<void()> onFailure) { onFailure_ = std::move(onFailure); }
     /// Runs an event by its path: "MdiVorel.mnuVitSigns", "frmX.grdData.DblClick", "frmX.Unload", "frmX.Activate".
@@ -163,6 +183,7 @@ private:
     [[nodiscard]] bool isChild(const Screen& screen) const;
     void childrenChanged();
     nlohmann::json ask(const Question& question);
+    void awaitTold();
 
     [[nodiscard]] Target target(std::string_view path) const;
     void checkWorkable(const Target& target) const;
@@ -174,13 +195,16 @@ private:
     std::unique_ptr<Impl> impl_;
     Screen* activeChild_ = nullptr;
     Screen* main_ = nullptr;
-    const Question* waiting_ = nullptr;
+    const Question* asked_ = nullptr;
+    EventLoop::Clock::time_point lastActivity_ = EventLoop::Clock::now();
     bool acknowledges_ = false;
     bool opensWithState_ = false;
     Sink sink_;
     std::function<void(const Question&)> beforeBox_;
     ReportKeeper reportKeeper_;
+    FileFinder findFile_ = [](const std::string& name) { return std::filesystem::path(name); };
     std::function<void()> onFailure_;
+    std::function<void(const std::exception&)> onError_;
 };
 
 }  // namespace ui

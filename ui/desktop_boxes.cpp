@@ -1,4 +1,7 @@
-// Boxes: a question shows, and the loop runs nested until its answer has come.
+// Boxes. A question shows, and the loop runs nested until its answer has come. A box that only tells waits for its OK
+// by itself: the operation goes on behind it until it asks something or ends the session.
+
+#include <algorithm>
 
 #include "ui/control.h"
 #include "ui/desktop.h"
@@ -87,12 +90,20 @@ nlohmann::json wireForm(const Desktop::Question& question) {
 
 void Desktop::message(const std::string& text, Icon icon, const std::string& title) {
     const Question question{Question::Kind::message, text, title.empty() ? programTitle_ : title, {}, icon};
-    if (!acknowledges_) {
-        ask(question);
-        return;
-    }
     if (beforeBox_) beforeBox_(question);
     emit({{"message", messageEvent(question)}});
+    const auto same = [&](const Question& one) { return wireForm(one) == wireForm(question); };
+    // A timer that fails every minute has one box, however long nobody reads it.
+    const bool unread = std::any_of(impl_->told.begin(), impl_->told.end(), same);
+    if (!acknowledges_ && !unread) impl_->told.push_back(question);
+}
+
+void Desktop::dropTold() {
+    impl_->told.clear();
+}
+
+void Desktop::awaitTold() {
+    loop_.runUntil([this] { return impl_->told.empty(); });
 }
 
 bool Desktop::askYesNo(const std::string& text, const std::string& title) {
@@ -106,43 +117,55 @@ std::optional<std::string> Desktop::askInput(const std::string& text, const std:
     return answer.is_object() ? answer["text"].get<std::string>() : answer.get<std::string>();
 }
 
-std::optional<std::filesystem::path> Desktop::pickFile(const std::string& title, const std::string& accept) {
+std::optional<std::string> Desktop::pickFile(const std::string& title, const std::string& accept) {
     const nlohmann::json answer =
         ask({Question::Kind::file, {}, title.empty() ? programTitle_ : title, {}, Icon::none, accept});
     if (answer == "cancel") return std::nullopt;
-    return std::filesystem::path(answer["file"].get<std::string>());
+    return answer["file"].get<std::string>();
+}
+
+std::optional<std::filesystem::path> Desktop::chosenFile(const std::string& name) const {
+    return findFile_(name);
 }
 
 nlohmann::json Desktop::ask(const Question& question) {
     if (beforeBox_) beforeBox_(question);
     const Operation operation(*this);
+    awaitTold();
     std::optional<nlohmann::json> answer;
     struct Open {
         Desktop& desktop;
         const Question* outer;
         std::optional<nlohmann::json>* outerAnswer;
         ~Open() {
-            desktop.waiting_ = outer;
+            desktop.asked_ = outer;
             desktop.impl_->answer = outerAnswer;
         }
-    } const open{*this, std::exchange(waiting_, &question), std::exchange(impl_->answer, &answer)};
-    if (question.kind == Question::Kind::message)
-        emit({{"message", messageEvent(question)}});
-    else
-        emit({{"ask", wireForm(question)}});
+    } const open{*this, std::exchange(asked_, &question), std::exchange(impl_->answer, &answer)};
+    emit({{"ask", wireForm(question)}});
     loop_.runUntil([&answer] { return answer.has_value(); });
     return *answer;
 }
 
+/// The question comes before boxes that were told while it was open: nothing covers what the nurse is answering.
+const Desktop::Question* Desktop::waiting() const noexcept {
+    if (asked_ && !impl_->answer->has_value()) return asked_;
+    return impl_->told.empty() ? nullptr : &impl_->told.front();
+}
+
 nlohmann::json Desktop::question() const {
-    return waiting_ ? wireForm(*waiting_) : nlohmann::json();
+    const Question* open = waiting();
+    return open ? wireForm(*open) : nlohmann::json();
 }
 
 void Desktop::answer(const nlohmann::json& answer) {
-    if (!waiting_ || impl_->answer->has_value()) throw Refused{"no question is open"};
-    if (!answers(waiting_->kind, answer))
-        throw Refused{std::string("the open question takes ") + expected(waiting_->kind)};
-    *impl_->answer = answer;
+    const Question* open = waiting();
+    if (!open) throw Refused{"no question is open"};
+    if (!answers(open->kind, answer)) throw Refused{std::string("the open question takes ") + expected(open->kind)};
+    if (open == asked_)
+        *impl_->answer = answer;
+    else
+        impl_->told.pop_front();
 }
 
 }  // namespace ui

@@ -2,6 +2,7 @@
 
 // The private side of the desktop, for its own source files and Control.
 
+#include <deque>
 #include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -44,6 +45,7 @@ struct Desktop::Impl {
     std::map<std::string, Change> changes;  ///< by path
     /// What a client shows for a property because it sent it itself: no echo is due while the content is the same.
     std::map<std::string, nlohmann::json> shown;  ///< by path
+    std::deque<Question> told;                    ///< boxes with OK only that wait for it, the first one showing
     /// The answer to the open question, once it has come.
     std::optional<nlohmann::json>* answer = nullptr;
 

@@ -1,10 +1,10 @@
 #include "ui/samples.h"
 
 #include <array>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "db/error.h"
 #include "db/recordset.h"
 #include "db/rowbuffer.h"
 #include "ui/controls.h"
@@ -127,7 +127,7 @@ private:
     Button cmdFocus{*this, "cmdFocus", "Go to the order", [this] { desktop().focus(cmdAddLine); }};
     Button cmdRing{*this, "cmdRing", "Ring", [this] { desktop().sound("ring1.wav"); }};
     Button cmdReport{*this, "cmdReport", "Report", [this] { report(); }};
-    Button cmdDelete{*this, "cmdDelete", "Fail", [] { throw std::runtime_error("Nothing to delete"); }};
+    Button cmdDelete{*this, "cmdDelete", "Fail", [] { throw db::Error(db::Category::other, "Nothing to delete"); }};
     Button cmdClose{*this, "cmdClose", "&Close", [this] { desktop().unload(name()); }};
 };
 
@@ -234,7 +234,8 @@ void frmSamples::askText() {
 }
 
 void frmSamples::pickFile() {
-    const auto file = desktop().pickFile("Choose a picture");
+    const auto chosen = desktop().pickFile("Choose a picture");
+    const auto file = chosen ? desktop().chosenFile(*chosen) : std::nullopt;
     says(file ? "File: " + file->extension().string() : "No file");
 }
 

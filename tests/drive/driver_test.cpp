@@ -14,14 +14,19 @@ using namespace db::literals;
 /// Writes in each way that a screen can, under its trap.
 class frmWrites : public core::Form {
 public:
-    explicit frmWrites(core::Workplace& workplace) : Form(workplace, "frmWrites", "Writes") {}
+    explicit frmWrites(core::Workplace& workplace) : Form(workplace, "frmWrites", "Writes") {
+        cmdHidden.setVisible(false);
+        txtHidden.setEnabled(false);
+    }
     ui::Button cmdSave{*this, "cmdSave", "Save", [this] { trapped([this] { save(); }); }};
     ui::Button cmdUntrapped{*this, "cmdUntrapped", "Untrapped", [this] {
                                 hospital().beginTrans();
                                 hospital().execute("delete from AppDefaults"_sql);
-                                throw std::runtime_error("left in the middle");
+                                throw db::Error(db::Category::other, "left in the middle");
                             }};
     ui::Button cmdAsk{*this, "cmdAsk", "Ask", [this] { saved = confirmedSave(); }};
+    ui::Button cmdHidden{*this, "cmdHidden", "Hidden", [this] { message("Worked"); }};
+    ui::TextBox txtHidden{*this, "txtHidden"};
     ui::Button cmdLeave{*this, "cmdLeave", "Leave", [this] { place().endProcess("Gone home"); }};
     ui::Timer tmrWatch{*this, "tmrWatch", std::chrono::minutes(1), true, [this] { ++ticks; }};
     int ticks = 0;
@@ -157,6 +162,23 @@ TEST_P(FailingWrite, leavesNothingHalfWritten) {
     EXPECT_EQ(replies[6]["events"][0]["message"]["text"], "Saved") << "only that one write fails";
 }
 INSTANTIATE_TEST_SUITE_P(EachWrite, FailingWrite, testing::Values(1, 2));
+
+TEST(Driver, aScriptMayForceWhatIsOutOfReach) {
+    Script script;
+    const auto replies = script.run(R"({"start":true}
+{"fire":"frmWrites.cmdHidden"}
+{"set":"frmWrites.txtHidden","to":"x"}
+{"fire":"frmWrites.cmdHidden","force":"yes"}
+{"fire":"frmWrites.cmdHidden","force":true}
+{"set":"frmWrites.txtHidden","to":"x","force":true}
+{"get":"frmWrites.txtHidden"}
+)");
+    EXPECT_EQ(replies[1]["events"][0]["error"], "frmWrites.cmdHidden is hidden or disabled");
+    EXPECT_EQ(replies[2]["events"][0]["error"], "frmWrites.txtHidden is hidden or disabled");
+    EXPECT_EQ(replies[3]["events"][0]["error"], "force takes true or false");
+    EXPECT_EQ(replies[4]["events"][0]["message"]["text"], "Worked");
+    EXPECT_EQ(replies[6]["state"]["text"], "x");
+}
 
 TEST(Driver, rollsBackWhatAnOperationWithoutATrapLeftOpen) {
     Script script;

@@ -53,12 +53,30 @@ const Transcript transcripts[] = {
        R"({"events":[{"ask":{"kind":"input","text":"Why?","title":"Reason","default":"none"}}],
            "waiting":{"kind":"input","text":"Why?","title":"Reason","default":"none"}})"},
       {R"({"answer":"cancel"})", R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"no reason"}}}]})"}}},
-    {"A box and the focus, on its tab page, in order with the changes",
+    {"A box that only tells, and what the operation does behind it, in order",
      {{R"({"fire":"frmWard.cmdTell"})",
        R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"before"}}},
-                     {"message":{"text":"Said","title":"Title","icon":"warning"}}],
+                     {"message":{"text":"Said","title":"Title","icon":"warning"}},
+                     {"changed":{"frmWard.tabs":{"page":1}}},{"focus":"frmWard.txtTab"}],
            "waiting":{"kind":"message","text":"Said","title":"Title","icon":"warning"}})"},
-      {R"({"answer":"ok"})", R"({"events":[{"changed":{"frmWard.tabs":{"page":1}}},{"focus":"frmWard.txtTab"}]})"}}},
+      {R"({"fire":"frmWard.cmdInside"})",
+       R"({"events":[{"error":"the open question has to be answered first"}],
+           "waiting":{"kind":"message","text":"Said","title":"Title","icon":"warning"}})"},
+      {R"({"answer":"ok"})", R"({"events":[]})"}}},
+    {"Boxes that tell come one after another, and a question waits for them",
+     {{R"({"fire":"frmWard.cmdTellAndAsk"})",
+       R"({"events":[{"message":{"text":"One","title":"Program","icon":"none"}},
+                     {"message":{"text":"Two","title":"Program","icon":"none"}}],
+           "waiting":{"kind":"message","text":"One","title":"Program","icon":"none"}})"},
+      {R"({"answer":"yes"})",
+       R"({"events":[{"error":"the open question takes \"ok\""}],
+           "waiting":{"kind":"message","text":"One","title":"Program","icon":"none"}})"},
+      {R"({"answer":"ok"})",
+       R"({"events":[],"waiting":{"kind":"message","text":"Two","title":"Program","icon":"none"}})"},
+      {R"({"answer":"ok"})",
+       R"({"events":[{"ask":{"kind":"yesno","text":"Sure?","title":"Check"}}],
+           "waiting":{"kind":"yesno","text":"Sure?","title":"Check"}})"},
+      {R"({"answer":"no"})", R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"no reason"}}}]})"}}},
     {"A modal screen keeps the others waiting and its caller goes on when it is hidden",
      {{R"({"fire":"frmWard.cmdModal"})", R"({"events":[{"opened":"frmModal","modal":true}]})"},
       {R"({"fire":"frmWard.cmdInside"})", R"({"events":[{"error":"frmWard has to wait for frmModal"}]})"},
@@ -118,6 +136,9 @@ struct Wrong {
 TEST(Conversation, refusesWhatIsWrongWithOneReplyAndRunsNothing) {
     const std::string longest(ui::longestRequest + 1, ' ');
     const std::string deep = R"({"answer":)" + std::string(100000, '[');
+    std::string many = R"({"answer":[0)";
+    for (int i = 0; i < 2000; ++i) many += ",0";
+    many += "]}";
     const Wrong wrongs[] = {
         {"", "the request is no JSON in UTF-8"},
         {"{\"fire\":\"frmWard.cmdInside\"", "the request is no JSON in UTF-8"},
@@ -130,7 +151,9 @@ TEST(Conversation, refusesWhatIsWrongWithOneReplyAndRunsNothing) {
         {R"({"fire":"frmWard.cmdInside","get":"frmWard"})", "two requests in one: fire and get"},
         {R"({"fire":"frmWard.cmdInside","to":1})", "fire has a key that it does not take"},
         {R"({"fire":7})", "fire takes a text"},
-        {R"({"fire":"frmWard.cmdInside","force":"yes"})", "force takes true or false"},
+        {R"({"fire":"frmWard.cmdInside","force":true})", "fire has a key that it does not take"},
+        {R"({"set":"frmWard.txtName","to":"x","force":true})", "set has a key that it does not take"},
+        {many.c_str(), "the request has too many parts"},
         {R"({"fire":"frmWard"})", "frmWard is a screen: name an event of it"},
         {R"({"fire":"frmNone.cmd"})", "frmNone is not open"},
         {R"({"fire":"frmWard.cmdNone"})", "frmWard has no control cmdNone"},
@@ -157,23 +180,20 @@ TEST(Conversation, refusesWhatIsWrongWithOneReplyAndRunsNothing) {
     EXPECT_EQ(talk.conversation.received(), std::size(wrongs));
 }
 
-TEST(Conversation, hiddenAndDisabledControlsAreOutOfReachUnlessForced) {
+TEST(Conversation, hiddenAndDisabledControlsAreOutOfReach) {
     Talk talk;
-    const auto fires = [&](const char* force) {
-        return talk.say(R"({"fire":"frmWard.cmdInside")" + std::string(force) + "}")["events"].dump();
-    };
+    const auto fires = [&] { return talk.say(R"({"fire":"frmWard.cmdInside"})")["events"].dump(); };
     const std::string refused = R"([{"error":"frmWard.cmdInside is hidden or disabled"}])";
     talk.ward().panel.setVisible(false);
     talk.conversation.flush();
-    EXPECT_EQ(fires(""), refused);
-    EXPECT_EQ(fires(R"(,"force":true)"), R"([{"changed":{"frmWard.lblInfo":{"caption":"inside"}}}])");
+    EXPECT_EQ(fires(), refused);
     talk.ward().panel.setVisible(true);
     talk.ward().cmdInside.setEnabled(false);
     talk.conversation.flush();
-    EXPECT_EQ(fires(""), refused);
+    EXPECT_EQ(fires(), refused);
     talk.desktop.hide("frmWard");
     talk.conversation.flush();
-    EXPECT_EQ(fires(""), R"([{"error":"frmWard is hidden"}])");
+    EXPECT_EQ(fires(), R"([{"error":"frmWard is hidden"}])");
 }
 
 TEST(Conversation, pushesWhatBelongsToNoRequestAndNothingElse) {

@@ -86,6 +86,43 @@ TEST(Desktop, acknowledgedBoxesReturnAtOnceAndTheirGuardSeesThemFirst) {
     EXPECT_TRUE(rolledBack);
 }
 
+TEST(Desktop, aSessionEndsWhenItsLastBoxWasRead) {
+    Talk talk;
+    const auto replies = talk.say(std::deque<std::string>{R"({"fire":"frmWard.cmdTellAndEnd"})", R"({"answer":"ok"})"});
+    ASSERT_EQ(replies.size(), 1U);
+    EXPECT_EQ(replies[0]["waiting"]["text"], "Last");
+    EXPECT_EQ(talk.reason, "good bye");
+}
+
+TEST(Desktop, aTimersBoxCoversNoQuestionAndShowsOnceHoweverOftenItComes) {
+    Talk talk;
+    std::vector<std::string> shown;
+    talk.loop.setBeforeWait([&] {
+        shown.push_back(talk.desktop.waiting()->text);
+        const bool asked = shown.back() == "Sure?";
+        if (shown.size() < 3)
+            talk.loop.post([&] { talk.desktop.message("News"); });
+        else
+            talk.loop.post([&, asked] { talk.desktop.answer(asked ? "no" : "ok"); });
+    });
+    EXPECT_FALSE(talk.desktop.askYesNo("Sure?", "Check"));
+    talk.loop.runUntil([&] { return talk.desktop.waiting() == nullptr; });
+    EXPECT_EQ(shown, (std::vector<std::string>{"Sure?", "Sure?", "Sure?", "News"}));
+}
+
+TEST(Desktop, aUserReadsSentencesAndTheLogHearsOfTheErrorItself) {
+    Talk talk;
+    std::string heard;
+    talk.desktop.setOnError([&](const std::exception& error) { heard = error.what(); });
+    EXPECT_EQ(talk.desktop.describe(db::Error(db::Category::other, "It broke")), "It broke");
+    const std::filesystem::filesystem_error full("copy", "/secret/place",
+                                                 std::make_error_code(std::errc::no_space_on_device));
+    EXPECT_EQ(talk.desktop.describe(full), "A file cannot be read or written: No space left on device.");
+    EXPECT_EQ(heard, full.what());
+    EXPECT_EQ(talk.desktop.describe(std::bad_alloc()).find("bad_alloc"), std::string::npos);
+    EXPECT_EQ(talk.desktop.describe(std::runtime_error("vector::at")).find("vector"), std::string::npos);
+}
+
 TEST(EventLoop, timersTickByHandOrByTheLoopAndOnlyWhileTheyRun) {
     Talk talk;
     talk.desktop.tick("frmWard.tmrWatch");
@@ -115,7 +152,7 @@ TEST(EventLoop, aTimerWhoseJobShowsABoxTicksNoSecondTimeMeanwhile) {
         std::this_thread::sleep_for(40ms);
         talk.loop.post([&] { talk.desktop.answer("ok"); });
     });
-    talk.loop.runUntil([&] { return boxes > 0; });
+    talk.loop.runUntil([&] { return boxes > 0 && !talk.desktop.waiting(); });
     nurse.join();
     EXPECT_EQ(boxes, 1);
     EXPECT_FALSE(talk.ward().tmrWatch.running());

@@ -67,6 +67,15 @@ public:
                            this->desktop().message("Said", ui::Icon::warning, "Title");
                            this->desktop().focus(txtTab);
                        }};
+    ui::Button cmdTellAndAsk{*this, "cmdTellAndAsk", "Tell and ask", [this] {
+                                 this->desktop().message("One");
+                                 this->desktop().message("Two");
+                                 ask();
+                             }};
+    ui::Button cmdTellAndEnd{*this, "cmdTellAndEnd", "Tell and end", [this] {
+                                 this->desktop().message("Last");
+                                 this->desktop().endSession("good bye");
+                             }};
     ui::Button cmdModal{*this, "cmdModal", "Modal", [this] {
                             this->desktop().showModal("frmModal");
                             lblInfo.setCaption("back");

@@ -5,7 +5,9 @@
 
 #include "app/commands.h"
 #include "app/datadirectory.h"
+#include "app/health.h"
 #include "app/seat.h"
+#include "core/pagesaves.h"
 #include "shell/signin.h"
 #include "web/host.h"
 
@@ -28,6 +30,8 @@ web::Config configOf(const ServeOptions& options) {
     if (!options.address.empty()) config.address = options.address;
     if (options.port >= 0) config.port = options.port;
     web::requireServable(config);
+    if (options.samples && !web::isLoopback(config.address))
+        throw std::runtime_error("--samples is for trying things out on this machine alone");
     return config;
 }
 
@@ -44,12 +48,13 @@ web::Authenticate authenticateBy(db::DataSources& sources, const web::Config& co
     settings.encodingTable = encodingTable(config);
     return [&sources, settings](const web::Attempt& attempt) -> web::AuthResult {
         using Outcome = web::AuthResult::Outcome;
-        const auto result = shell::signIn(sources, settings, attempt.user, attempt.password);
+        const auto trail = attempt.guessing ? shell::Trail::realNames : shell::Trail::always;
+        const auto result = shell::signIn(sources, settings, attempt.user, attempt.password, trail);
         switch (result.outcome) {
             case shell::SignInOutcome::ok:
                 return {Outcome::accepted, result.user};
             case shell::SignInOutcome::notNurse:
-                return {Outcome::notNurse};
+                return {Outcome::notNurse, result.user};
             case shell::SignInOutcome::unavailable:
                 web::log(web::Level::error, "sign-in-unavailable", {{"error", result.text}});
                 return {Outcome::unavailable};
@@ -60,8 +65,14 @@ web::Authenticate authenticateBy(db::DataSources& sources, const web::Config& co
     };
 }
 
+void forgetOldPageSaves(db::DataSources& sources) {
+    db::Databases databases(sources);
+    core::forgetOldPageSaves(databases);
+}
+
 int serve(const ServeOptions& options) {
-    const web::Config config = configOf(options);
+    web::Config config = configOf(options);
+    config.knownPlaces = fs::path(options.data) / "known-addresses";
     web::setLogLevel(*web::levelNamed(config.logLevel));
     requireDataDirectory(options.data);
     db::DataSources sources(dataSources(options.data, config));
@@ -71,7 +82,12 @@ int serve(const ServeOptions& options) {
     raiseFileLimit();
     std::signal(SIGPIPE, SIG_IGN);  // a log that nobody reads any more is no reason to go
 
-    web::Host host(config, authenticateBy(sources, config), [&](const ui::SignedIn& who, ui::EventLoop& loop) {
+    forgetOldPageSaves(sources);
+
+    const web::Services services{authenticateBy(sources, config),
+                                 [&](const std::string& user) { return shell::mayStay(sources, user); },
+                                 [&] { return faultsOf(sources, options.data); }};
+    web::Host host(config, services, [&](const ui::SignedIn& who, ui::EventLoop& loop) {
         return std::make_unique<NurseSeat>(sources, config, sessions, who, loop, options.samples);
     });
     host.stopOnSignals();

@@ -37,6 +37,8 @@ void addUser(CLI::App& program, Run& run) {
     addDataOption(*command, options->data);
     addConfigOption(*command, options->config);
     command->add_option("--password", user.password, "Password")->required()->type_name("P");
+    command->add_flag("--allow-short-password", user.mayHaveShortPassword,
+                      "Take a password of fewer than 8 characters");
     command->add_option("--role", user.roles, "A role, NURSING for this module; may be given again")
         ->required()
         ->type_name("ROLE")

@@ -38,6 +38,7 @@ void MdiVorel::load() {
     setCaption(session().gModuleRole + " (Ver " + std::to_string(place().settings.version.major) + ") : @ " +
                session().gAppLocation);
     showClock();
+    tmrIdle.setRunning(place().settings.idleMinutes > 0 || place().settings.mostHours > 0);
     core::OpenUserActivity(place(), false, false, session().gModuleRole);
 }
 
@@ -54,7 +55,8 @@ bool MdiVorel::queryUnload() {
 
 void MdiVorel::leave(bool automatic) {
     core::CloseUserActivity(place(), true, automatic, session().gModuleRole);
-    place().endProcess();
+    if (automatic) desktop().dropTold();  // nobody is there to press OK
+    place().endProcess(logoffReason_);
 }
 
 void MdiVorel::mnuEPE_Click() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -72,8 +73,8 @@ public:
     ui::Timer tmrNotify{*this, "tmrNotify", flashInterval, false, [this] { tmrNotify_Timer(); }};
     ui::Timer tmrMDI{*this, "tmrMDI", flashInterval, false, [this] { tmrMDI_Timer(); }};
     ui::Timer tmrSound{*this, "tmrSound", std::chrono::minutes(1), false, [this] { tmrSound_Timer(); }};
-    /// Kept for a logoff of idle users, which does not exist: nothing enables it and it has no job.
-    ui::Timer tmrIdle{*this, "tmrIdle", std::chrono::seconds(10), false, [] {}};
+    /// Runs only where the hospital has set a limit to idle or to long sessions.
+    ui::Timer tmrIdle{*this, "tmrIdle", std::chrono::seconds(10), false, [this] { tmrIdle_Timer(); }};
 
 private:
     static constexpr std::chrono::milliseconds flashInterval{500};
@@ -102,6 +103,8 @@ private:
     void tmrNotify_Timer();
     void tmrMDI_Timer();
     void tmrSound_Timer();
+    void tmrIdle_Timer();
+    void forceLogoff(const std::string& reason);
 
     void showList(const db::Sql& query, const std::string& whenEmpty, const std::string& report,
                   const std::string& title = {});
@@ -112,6 +115,9 @@ private:
     bool notifyFlashed_ = false;
     bool pictureFlashed_ = false;
     int soundTicks_ = 0;
+    ui::EventLoop::Clock::time_point started_ = ui::EventLoop::Clock::now();
+    bool warnedOfLogoff_ = false;
+    std::string logoffReason_;
     std::string dueText_;
     bool balanceDue_ = false;
     bool dischargeDue_ = false;

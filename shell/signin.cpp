@@ -49,24 +49,30 @@ std::string trailName(std::string_view typed) {
 }
 
 SignInResult check(db::DataSources& sources, const SignInSettings& settings, const std::string& user,
-                   const std::string& password) {
+                   const std::string& password, Trail trail) {
     db::Databases databases(sources);
     auto& hospital = databases.named("Hospital");
     // Characters without an encoded form are dropped, as in every password of the suite.
     const std::string encoded = core::EncodeText(password, settings.encodingTable, [] {});
     const Account account = findAccount(hospital, user);
     const SignInOutcome outcome = judge(hospital, account, encoded);
-    const bool ok = outcome == SignInOutcome::ok;
-    (ok ? core::WriteLoginTrailSuccess : core::WriteLoginTrailFailure)(hospital, trailName(user), settings.clock());
-    return {outcome, ok ? account.name : std::string(), {}};
+    if (trail == Trail::always || !account.name.empty())
+        core::noteSignIn(hospital, trailName(user), outcome == SignInOutcome::ok, settings.clock());
+    return {outcome, outcome == SignInOutcome::refused ? std::string() : account.name, {}};
 }
 
 }  // namespace
 
+bool mayStay(db::DataSources& sources, const std::string& user) {
+    db::Databases databases(sources);
+    auto& hospital = databases.named("Hospital");
+    return !findAccount(hospital, user).name.empty() && isNurse(hospital, user);
+}
+
 SignInResult signIn(db::DataSources& sources, const SignInSettings& settings, const std::string& user,
-                    const std::string& password) noexcept {
+                    const std::string& password, Trail trail) noexcept {
     try {
-        return check(sources, settings, user, password);
+        return check(sources, settings, user, password, trail);
     } catch (const std::exception& error) {
         return {SignInOutcome::unavailable, {}, error.what()};
     }

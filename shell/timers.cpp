@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 
 #include "shell/mdivorel.h"
@@ -106,6 +107,32 @@ void MdiVorel::tmrNotify_Timer() {
 void MdiVorel::tmrMDI_Timer() {
     session().gPatientsWaiting = false;
     flash(Picture1, pictureFlashed_, calm, red);
+}
+
+void MdiVorel::tmrIdle_Timer() {
+    const auto now = ui::EventLoop::Clock::now();
+    const auto left = [now](auto since, auto limit) {
+        return limit.count() > 0 ? since + limit - now : ui::EventLoop::Clock::duration::max();
+    };
+    const auto idle = left(desktop().lastActivity(), std::chrono::minutes(place().settings.idleMinutes));
+    const auto whole = left(started_, std::chrono::hours(place().settings.mostHours));
+    const auto shorter = std::min(idle, whole);
+    if (shorter <= std::chrono::seconds(0))
+        return forceLogoff(idle <= whole ? "You were signed out because nothing was done here for a while."
+                                         : "You were signed out because this session had lasted its longest time.");
+    const bool soon = shorter <= std::chrono::minutes(1);
+    if (soon && !warnedOfLogoff_)
+        message(idle <= whole
+                    ? "Nothing was done here for a while. In a minute you will be signed out; press OK to stay."
+                    : "This session has lasted its longest time. In a minute you will be signed out; save now.",
+                ui::Icon::warning);
+    warnedOfLogoff_ = soon;
+}
+
+void MdiVorel::forceLogoff(const std::string& reason) {
+    logoffReason_ = reason;
+    session().gForcedLogoff = true;
+    desktop().unload(name());
 }
 
 void MdiVorel::tmrSound_Timer() {

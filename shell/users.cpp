@@ -14,6 +14,8 @@ namespace {
 
 /// Characters that the tables hold.
 constexpr std::size_t longestPassword = 100;
+/// OWASP ASVS 5.0, 6.2.1.
+constexpr std::size_t shortestPassword = 8;
 constexpr std::size_t longestEmpId = 20;
 
 void require(bool holds, const std::string& otherwise) {
@@ -35,8 +37,12 @@ void checkTexts(const NewUser& user) {
     require(!hasQuote(user.empId), "The staff number holds a quote.");
 }
 
-std::string encodedPassword(const std::string& password, std::string_view encodingTable) {
+std::string encodedPassword(const NewUser& user, std::string_view encodingTable) {
+    const std::string& password = user.password;
     require(!password.empty(), "The password is empty.");
+    require(user.mayHaveShortPassword || password.size() >= shortestPassword,
+            "The password has fewer than " + std::to_string(shortestPassword) +
+                " characters: choose a longer one, or allow it with --allow-short-password.");
     require(password.size() <= longestPassword,
             "The password is longer than " + std::to_string(longestPassword) + " characters.");
     bool invalid = false;
@@ -119,7 +125,7 @@ void writeEmployee(db::Connection& hospital, const NewUser& user) {
 
 void addUser(db::Databases& databases, const NewUser& user, std::string_view encodingTable) {
     checkTexts(user);
-    const std::string encoded = encodedPassword(user.password, encodingTable);
+    const std::string encoded = encodedPassword(user, encodingTable);
     auto& hospital = databases.named("Hospital");
     db::Transaction transaction(hospital);
     const auto roles = roleIds(hospital, user.roles);

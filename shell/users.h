@@ -14,7 +14,8 @@ struct NewUser {
     std::string password;            ///< as typed
     std::vector<std::string> roles;  ///< "NURSING", "MANAGEMENT", ...: at least one
     std::string fullName = {};
-    std::string empId = {};  ///< the number in the staff list; a number that is new there gets its row
+    std::string empId = {};             ///< the number in the staff list; a number that is new there gets its row
+    bool mayHaveShortPassword = false;  ///< fewer than eight characters
 };
 
 /// Adds an enabled user with these roles, whole or not at all. Throws std::invalid_argument with one line that says

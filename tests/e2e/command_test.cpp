@@ -60,7 +60,7 @@ TEST(Command, DatabasesFromCreateToBringForward) {
         databases.named("Hospital").execute("update SchemaVersion set version = 1"_sql);
     }
     expectOneLine(run({"serve", "--data", directory, "--port", "0"}), "version 1");
-    expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "x", "--role", "NURSING"}),
+    expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "long-enough", "--role", "NURSING"}),
                   "version 1");
     EXPECT_NE(database({"check"}).status, 0);
 }
@@ -113,8 +113,10 @@ TEST(Command, UsersThatCannotBeAdded) {
     const Directory data;
     e2e::layOutHospital(data.path());
     const std::string directory = data.path().string();
-    expectOneLine(run({"user", "add", "nurse", "--data", directory, "--password", "x", "--role", "NURSING"}), "nurse");
-    expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "x", "--role", "SORCERY"}), "SORCERY");
+    expectOneLine(run({"user", "add", "nurse", "--data", directory, "--password", "long-enough", "--role", "NURSING"}),
+                  "nurse");
+    expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "long-enough", "--role", "SORCERY"}),
+                  "SORCERY");
     expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "a b", "--role", "NURSING"}),
                   "password");
     EXPECT_EQ(run({"database", "check", "--data", directory}).status, 0);

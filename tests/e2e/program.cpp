@@ -150,8 +150,8 @@ public:
         const std::string data = directory_.path().string();
         mustRun({"database", "create", "--data", data});
         if (rows == Rows::demonstration) mustRun({"database", "demo", "--data", data});
-        mustRun({"user", "add", "nurse", "--data", data, "--password", "secret", "--role", "NURSING", "--full-name",
-                 "Ada Nurse", "--emp-id", "E1"});
+        mustRun({"user", "add", "nurse", "--data", data, "--password", "secret-words", "--role", "NURSING",
+                 "--full-name", "Ada Nurse", "--emp-id", "E1"});
     }
     void copyTo(const std::filesystem::path& data) const {
         for (const auto& file : std::filesystem::directory_iterator(directory_.path()))

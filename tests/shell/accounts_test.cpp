@@ -15,7 +15,11 @@ using Outcome = shell::SignInOutcome;
 
 class AccountsTest : public ::testing::Test {
 protected:
-    void addUser(const shell::NewUser& user) { shell::addUser(place.databases, user, place.settings.encodingTable); }
+    /// The tests' passwords are short ones, as the suite's own may be.
+    void addUser(shell::NewUser user) {
+        user.mayHaveShortPassword = true;
+        shell::addUser(place.databases, user, place.settings.encodingTable);
+    }
     shell::SignInResult signIn(const std::string& user, const std::string& password) {
         place.databases.idle();
         shell::SignInSettings settings;
@@ -85,13 +89,38 @@ TEST_F(AccountsTest, SigningIn) {
         const auto result = signIn(each.user, each.password);
         const bool ok = each.outcome == Outcome::ok;
         EXPECT_EQ(result.outcome, each.outcome) << each.name << ": " << result.text;
-        EXPECT_EQ(result.user, ok ? "Grace" : "") << each.name;
+        EXPECT_EQ(result.user, ok ? "Grace" : each.outcome == Outcome::notNurse ? "doctor" : "") << each.name;
         EXPECT_EQ(hospital.dump("select userName, outcome, loginDate, loginTime from LoginTrail"_sql),
                   (each.trail.empty() ? each.user : each.trail) + (ok ? "|Successful" : "|Failed") +
                       " Logon|24-11-2026|09:31:00\n")
             << each.name;
     }
     EXPECT_EQ(accounts(), before);
+}
+
+TEST_F(AccountsTest, MadeUpNamesByTheHundredLeaveNoTrailAndRealOnesDo) {
+    addUser({"Grace", "Ward-3!", {"NURSING"}});
+    place.databases.idle();
+    const auto tries = [&](const std::string& user) {
+        return shell::signIn(hospital.sources, {}, user, "wrong", shell::Trail::realNames).outcome;
+    };
+    EXPECT_EQ(tries("nobody"), Outcome::refused);
+    EXPECT_EQ(tries("grace"), Outcome::refused);
+    EXPECT_EQ(hospital.dump("select userName, outcome from LoginTrail"_sql), "grace|Failed Logon\n");
+}
+
+TEST_F(AccountsTest, AUserMayStayWhileTheAccountIsEnabledAndHasTheRight) {
+    addUser({"Grace", "Ward-3!", {"NURSING"}});
+    const auto stays = [&] {
+        place.databases.idle();
+        return shell::mayStay(hospital.sources, "Grace");
+    };
+    EXPECT_TRUE(stays());
+    hospital.execute("update ApplicationUsers set AccountStatus='Disabled' where Username='Grace'"_sql);
+    EXPECT_FALSE(stays());
+    hospital.execute("update ApplicationUsers set AccountStatus='Enabled' where Username='Grace'"_sql);
+    hospital.execute("delete from UserRoles where Username='Grace'"_sql);
+    EXPECT_FALSE(stays());
 }
 
 TEST_F(AccountsTest, SigningInWithoutADatabaseSaysWhy) {
@@ -163,6 +192,14 @@ TEST_F(AccountsTest, AUserThatCannotBeIsRefusedInOneLine) {
         }
         EXPECT_EQ(accounts(), before) << why;
     }
+}
+
+TEST_F(AccountsTest, AShortPasswordHasToBeAllowed) {
+    shell::NewUser user{"ada", "7-signs", {"NURSING"}};
+    EXPECT_THROW(shell::addUser(place.databases, user, place.settings.encodingTable), std::invalid_argument);
+    user.password = "8--signs";
+    shell::addUser(place.databases, user, place.settings.encodingTable);
+    EXPECT_EQ(signIn("ada", "8--signs").outcome, Outcome::ok);
 }
 
 TEST_F(AccountsTest, AFailingWriteLeavesNothingOfAUser) {

@@ -180,5 +180,52 @@ TEST_F(TimersTest, TheRingSoundsEverySecondTick) {
     EXPECT_EQ(rings(2), 0U);
 }
 
+/// A hospital that signs out who does nothing for three minutes.
+class IdleTest : public MainWindowTest {
+protected:
+    void SetUp() override {
+        place.settings.idleMinutes = 3;
+        MainWindowTest::SetUp();
+    }
+    void idleFor(std::chrono::seconds time) { place.desktop.noteActivity(ui::EventLoop::Clock::now() - time); }
+    std::string activity() { return hospital.dump("select islogout, AutoLogoff, LogoutTime from UserActivities"_sql); }
+};
+
+TEST_F(IdleTest, ANurseWhoDoesNothingIsWarnedOnceAndThenSignedOut) {
+    ASSERT_TRUE(window().tmrIdle.running());
+    idleFor(std::chrono::seconds(110));
+    tick("tmrIdle");
+    const char* const warning =
+        "Nothing was done here for a while. In a minute you will be signed out; press OK to stay.";
+    hospital.expectMessage(warning);
+    idleFor(std::chrono::seconds(125));
+    tick("tmrIdle");
+    tick("tmrIdle");
+    idleFor(std::chrono::seconds(0));  // she pressed OK
+    tick("tmrIdle");
+    hospital.expectMessage(warning);
+    idleFor(std::chrono::seconds(125));
+    tick("tmrIdle");
+    EXPECT_EQ(activity(), "False|False|null\n");
+    idleFor(std::chrono::seconds(181));
+    std::string reason;
+    try {
+        tick("tmrIdle");
+    } catch (const ui::SessionEnded& ended) {
+        reason = ended.reason;
+    }
+    EXPECT_EQ(reason, "You were signed out because nothing was done here for a while.");
+    EXPECT_EQ(activity(), "True|True|09:30:00\n");
+}
+
+TEST_F(IdleTest, AnUnreadBoxAndAnOpenQuestionKeepNobodySignedIn) {
+    place.desktop.setAcknowledges(false);
+    hospital.expectMessage("Still open");
+    place.desktop.message("Still open");
+    idleFor(std::chrono::seconds(181));
+    EXPECT_TRUE(hospital.ends([&] { tick("tmrIdle"); }));
+    EXPECT_EQ(activity(), "True|True|09:30:00\n");
+}
+
 }  // namespace
 }  // namespace test

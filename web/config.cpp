@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <variant>
 
+#include "web/proxies.h"
+
 namespace web {
 
 namespace {
@@ -87,6 +89,10 @@ const Key keys[] = {
      [](Config& c) -> Slot {
          return Text{&c.encodingTable, &tableFault};
      }},
+    {"connections.most",
+     [](Config& c) -> Slot {
+         return Number{&c.mostConnections, 10, 1'000'000};
+     }},
     {"session.wait_minutes",
      [](Config& c) -> Slot {
          return Number{&c.sessionWaitMinutes, 1, 24 * 60};
@@ -94,6 +100,22 @@ const Key keys[] = {
     {"session.most",
      [](Config& c) -> Slot {
          return Number{&c.mostSessions, 1, 100'000};
+     }},
+    {"session.of_user",
+     [](Config& c) -> Slot {
+         return Number{&c.mostSessionsOfUser, 1, 1000};
+     }},
+    {"session.idle_minutes",
+     [](Config& c) -> Slot {
+         return Number{&c.idleMinutes, 0, 24 * 60};
+     }},
+    {"session.most_hours",
+     [](Config& c) -> Slot {
+         return Number{&c.mostHours, 0, 24 * 365};
+     }},
+    {"session.most_queued",
+     [](Config& c) -> Slot {
+         return Number{&c.mostQueued, 64 * 1024, 256 * mega};
      }},
     {"session.reports_kept",
      [](Config& c) -> Slot {
@@ -110,6 +132,10 @@ const Key keys[] = {
     {"sign_in.free_failures",
      [](Config& c) -> Slot {
          return Number{&c.freeFailures, 0, 1000};
+     }},
+    {"sign_in.free_failures_of_user",
+     [](Config& c) -> Slot {
+         return Number{&c.freeFailuresOfUser, 0, 100'000};
      }},
     {"sign_in.free_failures_of_address",
      [](Config& c) -> Slot {
@@ -197,7 +223,8 @@ private:
     }
 
     void readNode(const std::string& name, const toml::node& node) {
-        if (name == "origins") return readOrigins(node);
+        if (name == "origins") return readTexts(config_.origins, name, node);
+        if (name == "proxies") return readProxies(node);
         if (name == "sources") return readSources(node);
         if (const auto* key = findKey(name)) return putNode(key->slot(config_), node, where(node, name));
         const bool holder =
@@ -207,11 +234,19 @@ private:
         readTable(*node.as_table(), name + ".");
     }
 
-    void readOrigins(const toml::node& node) {
+    void readTexts(std::vector<std::string>& texts, const std::string& name, const toml::node& node) {
         const auto* list = node.as_array();
         if (list == nullptr || !(list->empty() || list->is_homogeneous<std::string>()))
-            throw ConfigError(where(node, "origins") + ": must be a list of texts");
-        for (const auto& origin : *list) config_.origins.push_back(origin.as_string()->get());
+            throw ConfigError(where(node, name) + ": must be a list of texts");
+        for (const auto& text : *list) texts.push_back(text.as_string()->get());
+    }
+
+    void readProxies(const toml::node& node) {
+        readTexts(config_.proxies, "proxies", node);
+        for (auto& proxy : config_.proxies) {
+            if (const char* fault = addressFault(proxy)) throw ConfigError(where(node, "proxies") + ": " + fault);
+            proxy = plainAddress(proxy);
+        }
     }
 
     void readSources(const toml::node& node) {
@@ -248,13 +283,6 @@ std::string variableOf(std::string_view key) {
     return name;
 }
 
-bool isLoopback(const std::string& address) {
-    in_addr v4{};
-    if (inet_pton(AF_INET, address.c_str(), &v4) == 1) return (ntohl(v4.s_addr) >> 24) == 127;
-    in6_addr v6{};
-    return inet_pton(AF_INET6, address.c_str(), &v6) == 1 && IN6_IS_ADDR_LOOPBACK(&v6);
-}
-
 }  // namespace
 
 Environment processEnvironment() {
@@ -286,6 +314,13 @@ void requireServable(const Config& config) {
                           " is reached from other machines, and without TLS passwords would travel in plain; set "
                           "tls.certificate and tls.key, or allow_plain_remote");
     }
+}
+
+bool isLoopback(const std::string& address) {
+    in_addr v4{};
+    if (inet_pton(AF_INET, address.c_str(), &v4) == 1) return (ntohl(v4.s_addr) >> 24) == 127;
+    in6_addr v6{};
+    return inet_pton(AF_INET6, address.c_str(), &v6) == 1 && IN6_IS_ADDR_LOOPBACK(&v6);
 }
 
 std::optional<Level> levelNamed(const std::string& name) {

@@ -32,6 +32,8 @@ struct Config {
     std::string certificate;  ///< PEM files; both or none
     std::string key;
     std::vector<std::string> origins;  ///< origins allowed beside the host's own ("https://nursing.example.org")
+    std::vector<std::string> proxies;  ///< addresses of proxies that speak TLS with the pages and are believed
+    int mostConnections = 2000;        ///< at once
 
     std::string hospitalNumber = "001";
     std::string serverName = "SERVER";
@@ -43,11 +45,16 @@ struct Config {
 
     int sessionWaitMinutes = 10;  ///< how long a session whose page is gone waits for it
     int mostSessions = 1000;
+    int mostSessionsOfUser = 5;
+    int idleMinutes = 0;                  ///< a nurse who does nothing for so long is signed out; 0 never
+    int mostHours = 0;                    ///< a session lasts no longer; 0 for any time
+    int mostQueued = 4 * 1024 * 1024;     ///< bytes of a page's messages that wait in its session
     int reportsKept = 20;                 ///< of each session
     int longestMessage = 1024 * 1024;     ///< bytes of one WebSocket message
     int longestUpload = 5 * 1024 * 1024;  ///< bytes of one uploaded file
 
-    int freeFailures = 3;  ///< failed sign-ins of a user before the first delay
+    int freeFailures = 3;         ///< failed sign-ins of a user from an address before the first delay
+    int freeFailuresOfUser = 50;  ///< from anywhere
     int freeFailuresOfAddress = 20;
     int firstDelayMilliseconds = 1000;  ///< doubled by each further failure
     int longestDelaySeconds = 30;
@@ -59,6 +66,9 @@ struct Config {
     std::string webRoot;  ///< holds client/ and layouts/
     std::string bootstrapRoot = "/usr/share/javascript/bootstrap5";
     std::string chartRoot = "/usr/share/javascript/chart.js";
+
+    /// Where users have signed in before is kept here; no key: whoever starts the host sets it. Empty keeps it nowhere.
+    std::filesystem::path knownPlaces;
 
     [[nodiscard]] bool tls() const noexcept { return !certificate.empty(); }
 };
@@ -75,6 +85,9 @@ Config readConfig(const std::optional<std::filesystem::path>& file, const Enviro
 /// Throws ConfigError for a configuration that must not be served: without TLS beyond this machine unless allowed, an
 /// address that is none, half a certificate.
 void requireServable(const Config& config);
+
+/// Whether an address is this machine's own.
+bool isLoopback(const std::string& address);
 
 /// The level of a configured name, or nothing.
 std::optional<Level> levelNamed(const std::string& name);

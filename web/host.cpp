@@ -1,7 +1,9 @@
 #include "web/host.h"
 
 #include <thread>
+#include <typeinfo>
 
+#include "web/connections.h"
 #include "web/httpconnection.h"
 #include "web/log.h"
 #include "web/network.h"
@@ -13,12 +15,16 @@ namespace web {
 namespace {
 
 constexpr auto tendEvery = std::chrono::seconds(1);
+constexpr auto reviewEvery = std::chrono::minutes(1);
+constexpr auto healthKept = std::chrono::seconds(5);
 constexpr auto longestGoodbye = std::chrono::seconds(5);
 
 net::ssl::context makeTls(const Config& config) {
     net::ssl::context tls(net::ssl::context::tls_server);
-    tls.set_options(net::ssl::context::default_workarounds | net::ssl::context::no_tlsv1 |
-                    net::ssl::context::no_tlsv1_1);
+    // Forward secrecy and authenticated encryption only, as TLS 1.3 has them anyway.
+    SSL_CTX_set_min_proto_version(tls.native_handle(), TLS1_2_VERSION);
+    SSL_CTX_set_cipher_list(tls.native_handle(), "ECDHE+AESGCM:ECDHE+CHACHA20");
+    SSL_CTX_set_options(tls.native_handle(), SSL_OP_NO_RENEGOTIATION | SSL_OP_NO_COMPRESSION);
     error_code error;
     tls.use_certificate_chain_file(config.certificate, error);
     if (error) throw HostError("tls.certificate: " + config.certificate + " cannot be used: " + error.message());
@@ -45,11 +51,12 @@ tcp::acceptor listenAt(net::io_context& network, const Config& config) {
 
 /// Everything of the network runs on the one thread that calls `run`; passwords are checked on two others.
 struct Host::Impl {
-    Impl(Config given, Authenticate check, ui::MakeSeat makeSeat)
+    Impl(Config given, Services asked, ui::MakeSeat makeSeat)
         : config(std::move(given)),
-          authenticate(std::move(check)),
+          services(std::move(asked)),
+          connections(static_cast<std::size_t>(config.mostConnections)),
           sessions(config, std::move(makeSeat)),
-          site(config, sessions, {waits(), authenticates()}),
+          site(config, sessions, {waits(), authenticates(), tellsHealth()}),
           acceptor(listenAt(network, config)) {
         if (config.tls()) tls.emplace(makeTls(config));
     }
@@ -63,43 +70,97 @@ struct Host::Impl {
 
     std::function<void(const Attempt&, std::function<void(AuthResult)>)> authenticates() {
         return [this](const Attempt& attempt, std::function<void(AuthResult)> then) {
-            net::post(checkers, [this, attempt, then = std::move(then)] {
+            // The way back is handed on and not kept: a connection ends on the network's thread.
+            net::post(checkers, [this, attempt, then = std::move(then)]() mutable {
                 AuthResult result{AuthResult::Outcome::unavailable};
                 try {
-                    result = authenticate(attempt);
-                } catch (const std::exception&) {
-                    log(Level::error, "sign-in-failed", {{"address", attempt.address}});
+                    result = services.authenticate(attempt);
+                } catch (const std::exception& error) {
+                    log(Level::error, "sign-in-failed", {{"address", attempt.address}, {"type", typeid(error).name()}});
                 }
-                net::post(network, [then, result] { then(result); });
+                net::post(network, [then = std::move(then), result] { then(result); });
             });
         };
     }
 
-    void accept() {
-        acceptor.async_accept([this](error_code error, tcp::socket socket) {
-            if (error == net::error::operation_aborted || stopping) return;
-            if (error) return acceptAgain(error);
-            serveConnection(std::move(socket), tls ? &*tls : nullptr, config, site);
-            accept();
-        });
+    /// Looks at most every few seconds, however often somebody asks: whoever asks meanwhile hears the same.
+    std::function<void(std::function<void(const Faults&)>)> tellsHealth() {
+        return [this](std::function<void(const Faults&)> then) {
+            if (std::chrono::steady_clock::now() < healthHolds) return then(faults);
+            asking.push_back(std::move(then));
+            if (asking.size() > 1) return;
+            net::post(checkers, [this] {
+                Faults found{"host"};
+                try {
+                    found = services.checkHealth();
+                } catch (const std::exception&) {
+                    log(Level::error, "health-unknown");
+                }
+                net::post(network, [this, found] { tellHealth(found); });
+            });
+        };
     }
 
-    /// Out of file handles, for one: some will be free again.
-    void acceptAgain(error_code error) {
-        log(Level::error, "accept-failed", {{"error", error.message()}});
-        retry.expires_after(std::chrono::milliseconds(200));
-        retry.async_wait([this](error_code) {
-            if (!stopping) accept();
+    void tellHealth(const Faults& found) {
+        faults = found;
+        healthHolds = std::chrono::steady_clock::now() + healthKept;
+        for (const auto& fault : faults) log(Level::error, "health-failing", {{"what", fault}});
+        for (const auto& then : std::exchange(asking, {})) then(faults);
+    }
+
+    void accept() {
+        acceptor.async_accept([this](error_code error, tcp::socket socket) {
+            accepting = false;
+            if (error == net::error::operation_aborted || stopping) return;
+            // Out of file handles, for one: some will be free again when the sessions are tended.
+            if (error) return log(Level::error, "accept-failed", {{"error", error.message()}});
+            accept();
+            serveConnection(std::move(socket), tls ? &*tls : nullptr, config, site, connections);
         });
+        accepting = true;
     }
 
     void tend() {
         tending.expires_after(tendEvery);
         tending.async_wait([this](error_code error) {
             if (error || stopping) return;
-            sessions.tend();
             tend();
+            if (!accepting) accept();
+            sessions.tend();
+            reviewUsers();
         });
+    }
+
+    /// An account that was disabled, or lost its right, ends its sessions within a minute.
+    void reviewUsers() {
+        const auto now = std::chrono::steady_clock::now();
+        if (now < nextReview) return;
+        nextReview = now + reviewEvery;
+        for (const auto& user : sessions.users())
+            net::post(checkers, [this, user] {
+                try {
+                    if (services.mayStay(user)) return;
+                    net::post(network,
+                              [this, user] { sessions.closeOf(user, "Your account was changed. Sign in again."); });
+                } catch (const std::exception&) {
+                    log(Level::warning, "user-not-reviewed", {{"user", user}});
+                }
+            });
+    }
+
+    /// Runs until the host stops. What throws, most of all for want of memory, takes its own connection along and
+    /// nothing else.
+    void serve() {
+        for (;;) {
+            try {
+                if (!stopping) tend();
+                network.run();
+                return;
+            } catch (const std::exception& error) {
+                log(Level::error, "connection-failed", {{"type", typeid(error).name()}});
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            }
+        }
     }
 
     void stop() {
@@ -133,22 +194,27 @@ struct Host::Impl {
     }
 
     Config config;
-    Authenticate authenticate;
+    Services services;
+    Connections connections;  // before the network, whose last handlers still have their places
     net::io_context network{1};
     Sessions sessions;
     Site site;
     std::optional<net::ssl::context> tls;
     tcp::acceptor acceptor;
     net::steady_timer tending{network};
-    net::steady_timer retry{network};
     net::signal_set signals{network};
     net::thread_pool checkers{2};
+    Faults faults;
+    std::chrono::steady_clock::time_point healthHolds;
+    std::chrono::steady_clock::time_point nextReview = std::chrono::steady_clock::now() + reviewEvery;
+    std::vector<std::function<void(const Faults&)>> asking;
+    bool accepting = false;
     bool stopping = false;
 };
 
-Host::Host(Config config, Authenticate authenticate, ui::MakeSeat makeSeat) {
+Host::Host(Config config, Services services, ui::MakeSeat makeSeat) {
     requireServable(config);
-    impl_ = std::make_unique<Impl>(std::move(config), std::move(authenticate), std::move(makeSeat));
+    impl_ = std::make_unique<Impl>(std::move(config), std::move(services), std::move(makeSeat));
 }
 
 Host::~Host() = default;
@@ -173,9 +239,8 @@ void Host::stopOnSignals() {
 
 void Host::run() {
     impl_->accept();
-    impl_->tend();
     log(Level::info, "listening", {{"url", url()}});
-    impl_->network.run();
+    impl_->serve();
     impl_->checkers.join();
     impl_->awaitSessions();
     log(Level::info, "stopped");

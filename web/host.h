@@ -6,6 +6,7 @@
 #include "ui/seat.h"
 #include "web/authenticate.h"
 #include "web/config.h"
+#include "web/health.h"
 
 namespace web {
 
@@ -14,12 +15,19 @@ struct HostError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// What the host asks of the hospital's databases.
+struct Services {
+    Authenticate authenticate;
+    MayStay mayStay;
+    CheckHealth checkHealth;
+};
+
 /// Serves the sign-in page and the nurses' sessions at one address.
 class Host {
 public:
     /// Listens. Throws ConfigError for a configuration that must not be served, HostError where the address is taken
     /// or a certificate cannot be used.
-    Host(Config config, Authenticate authenticate, ui::MakeSeat makeSeat);
+    Host(Config config, Services services, ui::MakeSeat makeSeat);
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
     ~Host();

@@ -14,10 +14,10 @@ struct Request {
     std::string method = "GET";
     std::string path;                            ///< as sent, without the query
     std::string query;                           ///< without the "?"
-    std::map<std::string, std::string> headers;  ///< names in lower case
+    std::map<std::string, std::string> headers;  ///< names in lower case; what came twice is joined with ", "
     std::string body;
     std::string address;  ///< of the workstation
-    bool secure = false;  ///< came over TLS
+    bool secure = false;  ///< came over TLS, to the host or to a proxy before it
 
     /// "" where the header was not sent.
     [[nodiscard]] std::string_view header(const std::string& lowerName) const;
@@ -37,6 +37,9 @@ Response page(int status, std::string html);
 Response json(int status, std::string text);
 /// 303: the browser goes on with a GET.
 Response redirect(const std::string& path);
+
+/// What every answer says of itself: what a page may load, that nobody frames it, and over TLS that it stays so.
+void addSecurityHeaders(Response& response, bool secure);
 
 /// The text behind "%41" and "+" escapes; nothing where an escape is broken.
 std::optional<std::string> urlDecoded(std::string_view text);

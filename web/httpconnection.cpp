@@ -3,7 +3,10 @@
 #include <array>
 
 #include "web/config.h"
+#include "web/connections.h"
+#include "web/log.h"
 #include "web/pageconnection.h"
+#include "web/proxies.h"
 
 namespace web {
 
@@ -12,22 +15,58 @@ namespace {
 namespace http = beast::http;
 
 constexpr auto readTime = std::chrono::seconds(30);
+constexpr auto uploadTime = std::chrono::minutes(2);
 constexpr auto drainTime = std::chrono::seconds(2);
 constexpr auto writeTime = std::chrono::minutes(2);
 constexpr std::uint32_t longestHead = 16 * 1024;
+/// What is read ahead: a head, or a piece of a body with what a chunk says of itself.
+constexpr std::size_t readAhead = 2 * longestHead;
+/// What may stand between the bytes of a body: the sizes of its chunks and its trailer.
+constexpr std::size_t mostFraming = 1024;
+
+bool same(beast::string_view text, const char* wanted) {
+    return beast::iequals(text, wanted);
+}
+
+/// What of a head cannot be answered: a message whose length two readers could take for different ones is refused
+/// before anything is done with it.
+std::optional<Response> faultOf(const http::request<http::string_body>& head) {
+    const auto one = [&](http::field field) { return head.count(field) == 1; };
+    const auto none = [&](http::field field) { return head.count(field) == 0; };
+    if (!one(http::field::host) || head[http::field::host].empty()) return plainText(400, "A request names one host\n");
+    if (!none(http::field::content_length) && !one(http::field::content_length))
+        return plainText(400, "A request has one length\n");
+    if (!none(http::field::te) && !same(head[http::field::te], "trailers"))
+        return plainText(501, "This transfer coding is not known here\n");
+    if (!none(http::field::transfer_encoding)) {
+        if (!none(http::field::content_length) || head.version() < 11)
+            return plainText(400, "A request has one length\n");
+        if (!one(http::field::transfer_encoding) || !same(head[http::field::transfer_encoding], "chunked"))
+            return plainText(501, "This transfer coding is not known here\n");
+    }
+    if (!none(http::field::expect) && !(one(http::field::expect) && same(head[http::field::expect], "100-continue")))
+        return plainText(417, "This expectation cannot be met\n");
+    return std::nullopt;
+}
 
 /// One browser connection: requests one after another, until it becomes a page's WebSocket or ends.
 template <class Stream>
-class HttpConnection : public std::enable_shared_from_this<HttpConnection<Stream>> {
+class HttpConnection : public Connections::Place, public std::enable_shared_from_this<HttpConnection<Stream>> {
 public:
-    HttpConnection(Stream&& stream, const Config& config, Site& site)
-        : stream_(std::move(stream)), config_(config), site_(site) {}
+    HttpConnection(Stream&& stream, const Config& config, Site& site, Connections& connections)
+        : Place(connections),
+          stream_(std::move(stream)),
+          config_(config),
+          site_(site),
+          connections_(connections),
+          buffer_(readAhead) {}
 
     void start() {
         error_code error;
         const auto peer = lowest().socket().remote_endpoint(error);
         if (error) return;
-        address_ = peer.address().to_string();
+        address_ = plainAddress(peer.address().to_string());
+        setWaiting(true);
         if constexpr (secure) {
             lowest().expires_after(readTime);
             stream_.async_handshake(net::ssl::stream_base::server,
@@ -39,12 +78,18 @@ public:
         }
     }
 
+    void makeRoom() override { lowest().close(); }
+
 private:
     static constexpr bool secure = std::is_same_v<Stream, TlsStream>;
 
     beast::tcp_stream& lowest() { return beast::get_lowest_layer(stream_); }
 
     void readHead() {
+        setWaiting(false);
+        setWaiting(true);  // from now on
+        upload_.reset();
+        request_ = {};
         parser_.emplace();
         parser_->header_limit(longestHead);
         parser_->body_limit(boost::none);
@@ -52,22 +97,49 @@ private:
         http::async_read_header(stream_, buffer_, *parser_,
                                 [self = this->shared_from_this()](error_code error, std::size_t) {
                                     if (error) return self->refuse(error);
-                                    self->readBody();
+                                    self->judgeHead();
                                 });
     }
 
-    void readBody() {
+    void judgeHead() {
         request_ = requestOf(parser_->get());
+        if (auto fault = faultOf(parser_->get())) return refuse(std::move(*fault));
         if (beast::websocket::is_upgrade(parser_->get()) && request_.path == "/session") return openPage();
-        const auto limit = site_.longestBody(request_);
-        if (parser_->content_length().value_or(0) > limit) return tooLarge();
-        parser_->body_limit(limit);
-        http::async_read(stream_, buffer_, *parser_, [self = this->shared_from_this()](error_code error, std::size_t) {
-            if (error) return self->refuse(error);
-            self->answer();
+        auto admitted = site_.admitBody(request_);
+        if (auto* refusal = std::get_if<Response>(&admitted)) return refuse(std::move(*refusal));
+        auto& body = std::get<Site::Body>(admitted);
+        if (body.upload) {
+            upload_ = std::move(body.upload);
+            setWaiting(false);
+            lowest().expires_after(uploadTime);
+        }
+        if (parser_->content_length().value_or(0) > body.longest) return tooLarge();
+        parser_->body_limit(body.longest);
+        bodyLeft_ = body.longest + mostFraming;
+        if (parser_->is_done()) return answer();
+        if (request_.header("expect").empty()) return readBody();
+        askForBody();
+    }
+
+    void askForBody() {
+        static constexpr std::string_view goOn = "HTTP/1.1 100 Continue\r\n\r\n";
+        net::async_write(stream_, net::buffer(goOn), [self = this->shared_from_this()](error_code error, std::size_t) {
+            if (!error) self->readBody();
         });
     }
 
+    /// Every byte counts, also those that tell the sizes of chunks.
+    void readBody() {
+        http::async_read_some(stream_, buffer_, *parser_,
+                              [self = this->shared_from_this()](error_code error, std::size_t bytes) {
+                                  if (error) return self->refuse(error);
+                                  if (bytes > self->bodyLeft_) return self->tooLarge();
+                                  self->bodyLeft_ -= bytes;
+                                  self->parser_->is_done() ? self->answer() : self->readBody();
+                              });
+    }
+
+    /// Anybody's request may still be in the way of others while it is slowed: only a session's own is not.
     void answer() {
         request_.body = std::move(parser_->get().body());
         keepAlive_ = parser_->keep_alive();
@@ -78,32 +150,39 @@ private:
 
     void openPage() {
         auto admitted = site_.admit(request_);
-        keepAlive_ = false;
-        if (auto* refusal = std::get_if<Response>(&admitted)) return write(std::move(*refusal));
+        if (auto* refusal = std::get_if<Response>(&admitted)) return refuse(std::move(*refusal));
+        setWaiting(false);
         lowest().expires_never();  // the WebSocket keeps its own time
         // cppcheck-suppress accessMoved ; it takes the template's angle for a second use
         std::make_shared<PageConnection<Stream>>(std::move(stream_),
                                                  std::move(std::get<std::shared_ptr<NurseSession>>(admitted)),
-                                                 static_cast<std::size_t>(config_.longestMessage))
+                                                 static_cast<std::size_t>(config_.longestMessage), connections_)
             ->start(parser_->get());
     }
 
     void refuse(error_code error) {
-        if (error == http::error::body_limit) return tooLarge();
+        if (error == http::error::body_limit || error == http::error::buffer_overflow) return tooLarge();
         // Anything but a broken request is a connection that ended.
         if (error.category() != make_error_code(http::error::bad_method).category() ||
             error == http::error::end_of_stream || error == http::error::partial_message)
             return shut();
-        keepAlive_ = false;
-        write(plainText(400, "Bad request\n"));
+        refuse(plainText(400, "Bad request\n"));
     }
 
-    void tooLarge() {
+    /// An answer after which nothing more is read: what follows may be anything.
+    void refuse(Response response) {
         keepAlive_ = false;
-        write(json(413, R"({"error":"The request is too large"})"));
+        log(Level::warning, "request-refused",
+            {{"status", std::to_string(response.status)},
+             {"path", request_.path.substr(0, 100)},
+             {"address", request_.address.empty() ? address_ : request_.address}});
+        write(std::move(response));
     }
+
+    void tooLarge() { refuse(json(413, R"({"error":"The request is too large"})")); }
 
     void write(Response response) {
+        addSecurityHeaders(response, request_.secure || secure);
         http::response<http::string_body> message{static_cast<http::status>(response.status), 11};
         for (const auto& [name, value] : response.headers) message.insert(name, value);
         message.keep_alive(keepAlive_);
@@ -115,13 +194,21 @@ private:
         http::async_write(stream_, response_, [self = this->shared_from_this()](error_code error, std::size_t) {
             if (error) return;
             if (self->keepAlive_) return self->readHead();
-            if constexpr (!secure) self->shut();
-            self->lowest().expires_after(drainTime);
-            self->drain();
+            self->linger();
         });
     }
 
-    /// Closing on bytes that are still coming would reset the connection and take the answer with it.
+    /// Closing on bytes that are still coming would reset the connection and take the answer with it. A few such
+    /// connections are read on; where many come, they are left to themselves until their client has seen the answer.
+    void linger() {
+        if constexpr (!secure) shut();
+        draining_ = connections_.beginDraining();
+        lowest().expires_after(drainTime);
+        if (draining_) return drain();
+        lingering_.expires_after(drainTime);
+        lingering_.async_wait([self = this->shared_from_this()](error_code) { self->lowest().close(); });
+    }
+
     void drain() {
         stream_.async_read_some(net::buffer(drained_),
                                 [self = this->shared_from_this()](error_code error, std::size_t) {
@@ -149,36 +236,47 @@ private:
         if (question != std::string::npos) request.query = target.substr(question + 1);
         for (const auto& field : message) {
             std::string name = field.name_string();
-            beast::string_view value = field.value();
             for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-            request.headers.emplace(std::move(name), std::string(value));
+            std::string& value = request.headers[name];
+            if (!value.empty()) value += ", ";
+            value += std::string(field.value());
         }
         request.address = address_;
         request.secure = secure;
+        seeThroughProxies(request, config_.proxies);
         return request;
     }
 
     Stream stream_;
     const Config& config_;
     Site& site_;
+    Connections& connections_;
     std::string address_;
     beast::flat_buffer buffer_;
     std::optional<http::request_parser<http::string_body>> parser_;
+    std::size_t bodyLeft_ = 0;
+    std::shared_ptr<void> upload_;  ///< holds the session's turn while its file comes
     Request request_;
     http::response<http::string_body> response_;
+    std::shared_ptr<void> draining_;
     std::array<char, 4096> drained_;
+    net::steady_timer lingering_{stream_.get_executor()};
     bool keepAlive_ = true;
 };
 
 }  // namespace
 
-void serveConnection(tcp::socket socket, net::ssl::context* tls, const Config& config, Site& site) {
+void serveConnection(tcp::socket socket, net::ssl::context* tls, const Config& config, Site& site,
+                     Connections& connections) {
+    if (!connections.admit()) return log(Level::warning, "connections-full");
     error_code ignored;
     socket.set_option(tcp::no_delay(true), ignored);
     if (tls != nullptr)
-        std::make_shared<HttpConnection<TlsStream>>(TlsStream(std::move(socket), *tls), config, site)->start();
+        std::make_shared<HttpConnection<TlsStream>>(TlsStream(std::move(socket), *tls), config, site, connections)
+            ->start();
     else
-        std::make_shared<HttpConnection<PlainStream>>(PlainStream(std::move(socket)), config, site)->start();
+        std::make_shared<HttpConnection<PlainStream>>(PlainStream(std::move(socket)), config, site, connections)
+            ->start();
 }
 
 }  // namespace web

@@ -51,7 +51,11 @@ void setLogLevel(Level level) noexcept {
     lowest = level;
 }
 
-void log(Level level, std::string_view event, std::initializer_list<LogField> fields) noexcept try {
+void log(Level level, std::string_view event, std::initializer_list<LogField> fields) noexcept {
+    log(level, event, std::span(fields.begin(), fields.size()));
+}
+
+void log(Level level, std::string_view event, std::span<const LogField> fields) noexcept try {
     if (level < lowest.load() || level == Level::off) return;
     std::string line = timeStamp();
     line += " level=";

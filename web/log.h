@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,6 +17,7 @@ using LogField = std::pair<std::string_view, std::string>;
 
 /// Writes one line to standard error: "2026-11-24T21:44:16Z level=info event=sign-in user=nurse address=127.0.0.1".
 /// Thread-safe. Fields never hold a patient's data, a statement's values, or what a nurse typed into a screen.
+void log(Level level, std::string_view event, std::span<const LogField> fields) noexcept;
 void log(Level level, std::string_view event, std::initializer_list<LogField> fields = {}) noexcept;
 
 }  // namespace web

@@ -8,8 +8,6 @@
 
 #include "db/error.h"
 #include "web/config.h"
-#include "web/log.h"
-#include "web/token.h"
 
 namespace web {
 
@@ -17,23 +15,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int mostQueued = 1000;
+/// What a line takes in the queue beside its bytes.
+constexpr std::size_t lineCost = 200;
 constexpr std::size_t mostUploads = 10;
 constexpr const char* brokenReason = "The session could not go on. Sign in again.";
 
 std::string endedLine(const std::string& reason) {
     const nlohmann::json line{{"events", {{{"ended", reason}}}}, {"waiting", nullptr}};
     return line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
-
-/// A run-time error's description may stand in a log, other exceptions' texts may hold anything.
-void logFailure(const std::string& user, const std::exception& error) {
-    if (const auto* known = dynamic_cast<const db::Error*>(&error)) {
-        log(Level::error, "session-error",
-            {{"user", user}, {"operation", known->operation()}, {"error", known->what()}, {"cause", known->cause()}});
-    } else {
-        log(Level::error, "session-error", {{"user", user}, {"type", typeid(error).name()}});
-    }
 }
 
 /// ".jpg" of "Photo.JPG"; "" where the name has none that is plain.
@@ -72,6 +61,7 @@ void NurseSession::attach(std::shared_ptr<Page> page) {
         }
         replaced = std::exchange(page_, std::move(page));
         greeted_ = false;
+        pageWaits_ = false;
     }
     if (replaced) {
         replaced->send(R"({"replaced":true})");
@@ -88,20 +78,28 @@ void NurseSession::detach(const Page& page) {
 }
 
 bool NurseSession::receive(const Page& page, std::string line) {
+    const std::size_t bytes = line.size() + lineCost;
+    bool more = true;
     {
         const std::lock_guard lock(mutex_);
         if (page_.get() != &page || ended_) return true;
-        if (queued_ >= mostQueued) return false;
-        ++queued_;
+        queued_ += bytes;
+        more = queued_ <= static_cast<std::size_t>(config_.mostQueued);
+        pageWaits_ = !more;
     }
-    loop_.post([this, line = std::move(line)] {
-        {
-            const std::lock_guard lock(mutex_);
-            --queued_;
-        }
+    loop_.post([this, bytes, line = std::move(line)] {
+        workedOff(bytes);
         conversation_->receive(line);
     });
-    return true;
+    return more;
+}
+
+void NurseSession::workedOff(std::size_t bytes) {
+    const std::lock_guard lock(mutex_);
+    queued_ -= bytes;
+    if (!page_ || !pageWaits_ || queued_ > static_cast<std::size_t>(config_.mostQueued) / 2) return;
+    pageWaits_ = false;
+    page_->readOn();
 }
 
 void NurseSession::end(const std::string& reason) {
@@ -126,6 +124,36 @@ NurseSession::Clock::duration NurseSession::abandoned() const {
 fs::path NurseSession::programDirectory() const {
     const std::lock_guard lock(mutex_);
     return programDirectory_;
+}
+
+void NurseSession::log(Level level, std::string_view event, std::vector<LogField> more) const noexcept {
+    constexpr std::size_t shortName = 8;
+    more.insert(more.begin(),
+                {{"user", who_.user}, {"address", who_.workstation}, {"session", publicId_.substr(0, shortName)}});
+    web::log(level, event, more);
+}
+
+/// A database error's description holds no value and may stand in a log; other exceptions' texts may hold anything.
+void NurseSession::logFailure(const std::exception& error) const {
+    if (const auto* known = dynamic_cast<const db::Error*>(&error))
+        return log(Level::error, "error-shown",
+                   {{"operation", known->operation()}, {"error", known->what()}, {"cause", known->cause()}});
+    log(Level::error, "error-shown", {{"type", typeid(error).name()}});
+}
+
+std::shared_ptr<void> NurseSession::beginUpload() {
+    const std::lock_guard lock(mutex_);
+    if (!uploading_.expired()) return nullptr;
+    auto turn = std::make_shared<char>();
+    uploading_ = turn;
+    return turn;
+}
+
+std::optional<fs::path> NurseSession::uploaded(const std::string& token) const {
+    const std::lock_guard lock(mutex_);
+    const auto found = uploads_.find(token);
+    if (found == uploads_.end()) return std::nullopt;
+    return found->second;
 }
 
 std::string NurseSession::keepUpload(const std::string& fileName, const std::string& content) {
@@ -155,11 +183,17 @@ void NurseSession::work() noexcept {
     } catch (const ui::SessionEnded& ended) {
         reason = ended.reason;
     } catch (const std::exception& error) {
-        logFailure(who_.user, error);
+        logFailure(error);
     } catch (...) {
-        log(Level::error, "session-error", {{"user", who_.user}, {"type", "unknown"}});
+        log(Level::error, "error-shown", {{"type", "unknown"}});
     }
-    finish(reason);
+    try {
+        finish(reason);
+    } catch (const std::exception&) {  // no memory for its last words
+        log(Level::error, "session-ended");
+    }
+    const std::lock_guard lock(mutex_);
+    over_ = true;
 }
 
 std::string NurseSession::live() {
@@ -173,12 +207,16 @@ std::string NurseSession::live() {
     ui::Conversation conversation(seat->desktop(), [this](const std::string& line) { write(line); });
     conversation.add("answer",
                      [this](const nlohmann::json& request, nlohmann::json&) { answer(request.at("answer")); });
+    conversation.add("stored",
+                     [this](const nlohmann::json& request, nlohmann::json& reply) { tellStored(request, reply); });
+    conversation.setOnMalformed([this] { log(Level::warning, "page-request-refused"); });
     seat->desktop().setReportKeeper(
         [this, &seat](const ui::Report& report) { return reports_.keep(report, seat->hospitalName()); });
-    seat->desktop().setOnFailure([this, &seat] {
-        log(Level::warning, "screen-error", {{"user", who_.user}});
-        seat->failed();
-    });
+    seat->desktop().setOnFailure([&seat] { seat->failed(); });
+    seat->desktop().setOnError([this](const std::exception& error) { logFailure(error); });
+    seat->desktop().setFileFinder([this](const std::string& token) { return uploaded(token); });
+    seat->noteSaves({publicId_, [&conversation] { return conversation.received(); },
+                     [&conversation](const std::string& screen) { conversation.note("saved", screen); }});
     loop_.setBeforeWait([&] {
         conversation.flush();
         seat->idle();
@@ -213,10 +251,10 @@ void NurseSession::runOn(ui::Seat& seat) {
     } catch (const ui::SessionEnded&) {
         throw;
     } catch (const std::exception& error) {
-        logFailure(who_.user, error);
+        logFailure(error);
         seat.failed();
     } catch (...) {
-        log(Level::error, "session-error", {{"user", who_.user}, {"type", "unknown"}});
+        log(Level::error, "error-shown", {{"type", "unknown"}});
         seat.failed();
     }
     seat.desktop().message("Unexpected error", ui::Icon::stop);
@@ -225,7 +263,11 @@ void NurseSession::runOn(ui::Seat& seat) {
 void NurseSession::greet() {
     conversation_->flush();
     const nlohmann::json snapshot = seat_->desktop().snapshot();
-    nlohmann::json line{{"snapshot", snapshot}, {"received", conversation_->received()}};
+    nlohmann::json line{{"snapshot", snapshot},
+                        {"received", conversation_->received()},
+                        {"session", publicId_},
+                        {"user", who_.user},
+                        {"host", runToken()}};
     line["waiting"] = seat_->desktop().question();
     std::string text = line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 
@@ -253,23 +295,24 @@ void NurseSession::finish(const std::string& reason) {
     if (page && !told) page->send(lastLine_);
     if (page) page->close();
     page.reset();
-    log(Level::info, "session-ended", {{"user", who_.user}, {"address", who_.workstation}});
-    const std::lock_guard lock(mutex_);
-    over_ = true;
+    log(Level::info, "session-ended", {{"reason", reason}});
 }
 
 /// A page names its own uploads by their tokens and never a path of this machine.
 void NurseSession::answer(const nlohmann::json& answer) {
-    if (!answer.is_object() || !answer.contains("file")) return seat_->desktop().answer(answer);
-    const auto& token = answer["file"];
-    fs::path file;
-    if (token.is_string()) {
-        const std::lock_guard lock(mutex_);
-        const auto found = uploads_.find(token.get<std::string>());
-        if (found != uploads_.end()) file = found->second;
+    if (answer.is_object() && answer.contains("file")) {
+        const auto& token = answer["file"];
+        if (!token.is_string() || !uploaded(token.get<std::string>())) throw ui::Refused{"no such uploaded file"};
     }
-    if (file.empty()) throw ui::Refused{"no such uploaded file"};
-    seat_->desktop().answer({{"file", file.string()}});
+    seat_->desktop().answer(answer);
+}
+
+/// What became of the saves of an earlier session, whose page asks because its host or its line went away.
+void NurseSession::tellStored(const nlohmann::json& request, nlohmann::json& reply) {
+    const auto session = ui::textOf(request, "stored");
+    if (!isToken(session)) throw ui::Refused{"stored takes the name of a session"};
+    const auto save = seat_->lastSave(session);  // without an answer there is no state
+    reply["state"] = save ? nlohmann::json{{"request", save->request}, {"screen", save->screen}} : nlohmann::json();
 }
 
 }  // namespace web

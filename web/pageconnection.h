@@ -2,6 +2,7 @@
 
 #include <deque>
 
+#include "web/connections.h"
 #include "web/log.h"
 #include "web/network.h"
 #include "web/nursesession.h"
@@ -11,29 +12,39 @@ namespace web {
 /// A page's WebSocket: hands its messages to the session and writes the session's lines one at a time. Whatever the
 /// page sends, the session stays whole: the worst a page can lose is its connection.
 template <class Stream>
-class PageConnection : public Page, public std::enable_shared_from_this<PageConnection<Stream>> {
+class PageConnection : public Page,
+                       public Connections::Place,
+                       public std::enable_shared_from_this<PageConnection<Stream>> {
 public:
-    PageConnection(Stream&& stream, std::shared_ptr<NurseSession> session, std::size_t longestMessage)
-        : socket_(std::move(stream)), session_(std::move(session)), longestMessage_(longestMessage) {}
+    PageConnection(Stream&& stream, std::shared_ptr<NurseSession> session, std::size_t longestMessage,
+                   Connections& connections)
+        : Place(connections),
+          socket_(std::move(stream)),
+          session_(std::move(session)),
+          longestMessage_(longestMessage) {}
 
     /// Answers the upgrade request and goes on until the connection ends.
     template <class Request>
     void start(const Request& request) {
         using Option = beast::websocket::stream_base::timeout;
         socket_.set_option(Option{std::chrono::seconds(30), std::chrono::seconds(60), true});
+        socket_.set_option(beast::websocket::stream_base::decorator(
+            [](beast::websocket::response_type& response) { response.erase(beast::http::field::server); }));
         socket_.auto_fragment(false);  // a line is a frame
         socket_.read_message_max(0);   // what is too long is thrown away as it comes, and answered
         socket_.async_accept(request, [self = this->shared_from_this()](error_code error) {
             if (error) return self->gone();
-            self->socket_.text(true);
-            self->session_->attach(self);
-            self->read();
+            self->guard([&] {
+                self->socket_.text(true);
+                self->session_->attach(self);
+                self->read();
+            });
         });
     }
 
     void send(std::string line) override {
         net::post(socket_.get_executor(), [self = this->shared_from_this(), line = std::move(line)]() mutable {
-            self->enqueue(std::move(line));
+            self->guard([&] { self->enqueue(std::move(line)); });
         });
     }
 
@@ -44,6 +55,15 @@ public:
         });
     }
 
+    void readOn() override {
+        net::post(socket_.get_executor(), [self = this->shared_from_this()] {
+            if (!self->gone_) self->guard([&] { self->read(); });
+        });
+    }
+
+    /// Pages are never asked to; they have signed in.
+    void makeRoom() override {}
+
 private:
     // A page that does not read is let go: it comes back and draws itself anew.
     static constexpr std::size_t mostLines = 2000;
@@ -53,7 +73,7 @@ private:
     void read() {
         socket_.async_read_some(buffer_, readAtOnce, [self = this->shared_from_this()](error_code error, std::size_t) {
             if (error) return self->gone();
-            self->received();
+            self->guard([&] { self->received(); });
         });
     }
 
@@ -68,9 +88,20 @@ private:
                 overlong_ ? std::string(ui::longestRequest + 1, ' ') : beast::buffers_to_string(buffer_.data());
             buffer_.clear();
             overlong_ = false;
-            if (!session_->receive(*this, std::move(line))) return drop("too many requests");
+            // The page's further lines wait in the network until the session has worked some off.
+            if (!session_->receive(*this, std::move(line))) return;
         }
         read();
+    }
+
+    /// Whatever goes wrong here, most of all memory that is not there, costs this connection and nothing else.
+    template <class Work>
+    void guard(const Work& work) {
+        try {
+            work();
+        } catch (const std::exception&) {
+            drop("failed");
+        }
     }
 
     void enqueue(std::string line) {
@@ -101,7 +132,7 @@ private:
     }
 
     void drop(const char* why) {
-        log(Level::warning, "page-dropped", {{"user", session_->who().user}, {"why", why}});
+        session_->log(Level::warning, "page-dropped", {{"why", why}});
         beast::get_lowest_layer(socket_).close();
         gone();
     }

@@ -8,6 +8,9 @@ namespace web {
 
 namespace {
 
+/// Of all reports of a session, but for the last one, which is shown whatever it takes.
+constexpr std::size_t mostBytes = std::size_t{64} * 1024 * 1024;
+
 KeptReport::Cell cellOf(const db::Value& value) {
     const auto& content = value.content();
     if (std::holds_alternative<db::Bytes>(content)) return {};
@@ -22,6 +25,13 @@ std::vector<std::vector<KeptReport::Cell>> cellsOf(const db::Recordset& rows) {
             cells[row].push_back(cellOf(rows.value(row, column)));
     }
     return cells;
+}
+
+std::size_t bytesOf(const KeptReport& report) {
+    std::size_t bytes = 0;
+    for (const auto& row : report.rows)
+        for (const auto& cell : row) bytes += sizeof cell + cell.text.size();
+    return bytes;
 }
 
 std::string headingOf(const KeptReport& report) {
@@ -71,11 +81,16 @@ std::uint64_t ReportShelf::keep(const ui::Report& report, const std::string& hos
     kept->made = db::DateTime::now().text();
     kept->columns = report.rows.fields();
     kept->rows = cellsOf(report.rows);
+    kept->bytes = bytesOf(*kept);
 
     const std::lock_guard lock(mutex_);
     kept->id = ++last_;
+    bytes_ += kept->bytes;
     reports_.push_back(std::move(kept));
-    if (reports_.size() > most_) reports_.pop_front();
+    while (reports_.size() > most_ || (reports_.size() > 1 && bytes_ > mostBytes)) {
+        bytes_ -= reports_.front()->bytes;
+        reports_.pop_front();
+    }
     return last_;
 }
 

@@ -24,13 +24,15 @@ struct KeptReport {
     std::string made;  ///< date and time
     std::vector<std::string> columns;
     std::vector<std::vector<Cell>> rows;
+    std::size_t bytes = 0;  ///< that the rows take
 };
 
 /// The last reports of a session, for the pages that show them. Thread-safe.
 class ReportShelf {
 public:
     explicit ReportShelf(std::size_t most) : most_(most) {}
-    /// Keeps a copy under the next number, from 1; the oldest beyond the limit goes.
+    /// Keeps a copy under the next number, from 1; the oldest go that are beyond the limit, in
+    /// their number or in what all take.
     std::uint64_t keep(const ui::Report& report, const std::string& hospital);
     /// Nothing where the report is unknown or gone.
     [[nodiscard]] std::shared_ptr<const KeptReport> find(std::uint64_t id) const;
@@ -40,6 +42,7 @@ private:
     mutable std::mutex mutex_;
     std::deque<std::shared_ptr<const KeptReport>> reports_;
     std::uint64_t last_ = 0;
+    std::size_t bytes_ = 0;
 };
 
 /// A page made for printing.

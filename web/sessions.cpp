@@ -1,5 +1,6 @@
 #include "web/sessions.h"
 
+#include <algorithm>
 #include <system_error>
 
 #include "web/config.h"
@@ -8,18 +9,42 @@
 
 namespace web {
 
-std::string Sessions::open(ui::SignedIn who) {
+Sessions::Opened Sessions::open(ui::SignedIn who) {
+    using enum Opened::Result;
     tend();
-    if (count() >= static_cast<std::size_t>(config_.mostSessions)) return {};
-    log(Level::info, "session-started", {{"user", who.user}, {"address", who.workstation}});
+    if (!makeRoomFor(who.user)) return {userFull};
+    if (count() >= static_cast<std::size_t>(config_.mostSessions)) return {full};
     std::string token = randomToken();
     try {
-        byToken_.emplace(token, std::make_shared<NurseSession>(config_, makeSeat_, std::move(who)));
+        const auto session = std::make_shared<NurseSession>(config_, makeSeat_, std::move(who));
+        byToken_.emplace(token, session);
+        session->log(Level::info, "session-started");
     } catch (const std::system_error&) {  // no more threads
         log(Level::error, "no-thread", {{"sessions", std::to_string(count())}});
-        return {};
+        return {full};
     }
-    return token;
+    return {open, token};
+}
+
+/// The tokens of a user's sessions, the oldest first.
+std::vector<std::string> Sessions::tokensOf(const std::string& user) const {
+    std::vector<std::string> tokens;
+    for (const auto& [token, session] : byToken_)
+        if (session->who().user == user) tokens.push_back(token);
+    std::sort(tokens.begin(), tokens.end(),
+              [&](const auto& a, const auto& b) { return byToken_.at(a)->started() < byToken_.at(b)->started(); });
+    return tokens;
+}
+
+bool Sessions::makeRoomFor(const std::string& user) {
+    const auto tokens = tokensOf(user);
+    if (tokens.size() < static_cast<std::size_t>(config_.mostSessionsOfUser)) return true;
+    const auto away = std::find_if(tokens.begin(), tokens.end(), [&](const auto& token) {
+        return byToken_.at(token)->abandoned() > NurseSession::Clock::duration::zero();
+    });
+    if (away == tokens.end()) return false;
+    close(*away, "The session ended because you signed in at another place.");
+    return true;
 }
 
 std::shared_ptr<NurseSession> Sessions::find(const std::string& token) const {
@@ -34,6 +59,16 @@ void Sessions::close(const std::string& token, const std::string& reason) {
     found->second->end(reason);
     ending_.push_back(std::move(found->second));
     byToken_.erase(found);
+}
+
+std::set<std::string> Sessions::users() const {
+    std::set<std::string> users;
+    for (const auto& [token, session] : byToken_) users.insert(session->who().user);
+    return users;
+}
+
+void Sessions::closeOf(const std::string& user, const std::string& reason) {
+    for (const auto& token : tokensOf(user)) close(token, reason);
 }
 
 void Sessions::closeAll(const std::string& reason) {

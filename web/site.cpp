@@ -7,25 +7,24 @@
 #include "web/config.h"
 #include "web/log.h"
 #include "web/staticfiles.h"
+#include "web/token.h"
 
 namespace web {
 
 namespace {
 
-constexpr const char* cookieName = "vorel_session";
 constexpr std::size_t longestForm = 4096;
 
-constexpr const char* securityHeaders[][2] = {
-    {"Content-Security-Policy",
-     "default-src 'self'; img-src 'self' data:; object-src 'none'; base-uri 'none'; form-action 'self'; "
-     "frame-ancestors 'none'"},
-    {"X-Content-Type-Options", "nosniff"},
-    {"X-Frame-Options", "DENY"},
-    // Not "no-referrer": browsers would then send forms with the origin "null".
-    {"Referrer-Policy", "same-origin"},
-    {"Cross-Origin-Opener-Policy", "same-origin"},
-    {"Cross-Origin-Resource-Policy", "same-origin"},
-};
+/// Over TLS a cookie that no other host and no plain page can set.
+const char* cookieName(const Request& request) {
+    return request.secure ? "__Host-vorel_session" : "vorel_session";
+}
+
+/// A name as it may stand in a log: whoever types a password there by mistake should not find all of it.
+std::string loggedName(const std::string& user) {
+    constexpr std::size_t longest = 50;
+    return user.substr(0, longest);
+}
 
 void replaceAll(std::string& text, std::string_view what, const std::string& with) {
     for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size()))
@@ -51,7 +50,11 @@ struct Site::Route {
 };
 
 Site::Site(const Config& config, Sessions& sessions, Later later, SignInDelays::Now now)
-    : config_(config), sessions_(sessions), later_(std::move(later)), delays_(config, now) {}
+    : config_(config),
+      sessions_(sessions),
+      later_(std::move(later)),
+      delays_(config, now),
+      known_(config.knownPlaces) {}
 
 void Site::handle(const Request& request, const Answer& answer) {
     static constexpr Route routes[] = {
@@ -68,8 +71,14 @@ void Site::handle(const Request& request, const Answer& answer) {
         {"POST", "/upload", &Site::upload},
         {"GET", "/health", &Site::health},
     };
-    const Answer secured = [answer](Response response) {
-        for (const auto& [name, value] : securityHeaders) response.headers.emplace_back(name, value);
+    const Answer logged = [answer, method = request.method, path = request.path.substr(0, 100),
+                           address = request.address](Response response) {
+        if (response.status == 401 || response.status == 403 || response.status == 429)
+            log(Level::warning, "request-refused",
+                {{"status", std::to_string(response.status)},
+                 {"method", method},
+                 {"path", path},
+                 {"address", address}});
         answer(std::move(response));
     };
     const std::string_view method = request.method == "HEAD" ? "GET" : std::string_view(request.method);
@@ -78,26 +87,35 @@ void Site::handle(const Request& request, const Answer& answer) {
         if (!route.fits(request.path)) continue;
         known = true;
         if (route.method != method) continue;
-        if (method == "POST" && !sameOrigin(request)) return secured(plainText(403, "Not from a page of this host\n"));
+        if (method == "POST" && !sameOrigin(request)) return logged(plainText(403, "Not from a page of this host\n"));
         const auto rest = std::string_view(request.path).substr(std::min(route.path.size(), request.path.size()));
-        return (this->*route.handler)(request, rest, secured);
+        return (this->*route.handler)(request, rest, logged);
     }
-    secured(known ? plainText(405, "Method not allowed\n") : plainText(404, "Not found\n"));
+    logged(known ? plainText(405, "Method not allowed\n") : plainText(404, "Not found\n"));
 }
 
-std::size_t Site::longestBody(const Request& request) const {
-    if (request.method != "POST") return 0;
-    return request.path == "/upload" ? static_cast<std::size_t>(config_.longestUpload) : longestForm;
-}
-
-std::variant<std::shared_ptr<NurseSession>, Response> Site::admit(const Request& request) const {
+/// A file is read for a session only, and one at a time.
+std::variant<Site::Body, Response> Site::admitBody(const Request& request) const {
+    if (request.method != "POST") return Body{};
+    if (request.path != "/upload") return Body{longestForm};
     if (!sameOrigin(request)) return plainText(403, "Not from a page of this host\n");
+    const auto session = sessionOf(request);
+    if (!session) return json(401, R"({"error":"Not signed in"})");
+    auto turn = session->beginUpload();
+    if (!turn) return json(429, R"({"error":"Another file is under way: send this one again"})");
+    return Body{static_cast<std::size_t>(config_.longestUpload), std::move(turn)};
+}
+
+/// Browsers always say where the page of a WebSocket comes from.
+std::variant<std::shared_ptr<NurseSession>, Response> Site::admit(const Request& request) const {
+    if (request.header("origin").empty() || !sameOrigin(request))
+        return plainText(403, "Not from a page of this host\n");
     if (auto session = sessionOf(request)) return session;
     return plainText(401, "Not signed in\n");
 }
 
 std::shared_ptr<NurseSession> Site::sessionOf(const Request& request) const {
-    return sessions_.find(request.cookie(cookieName));
+    return sessions_.find(request.cookie(cookieName(request)));
 }
 
 /// Browsers say where a request comes from; a program that says nothing carries no nurse's cookie by accident.
@@ -116,12 +134,13 @@ Response Site::signInPage(int status, const std::string& message, const std::str
     if (!html) return plainText(500, "The sign-in page is missing\n");
     replaceAll(*html, "{{message}}", htmlEscaped(message));
     replaceAll(*html, "{{user}}", htmlEscaped(user));
+    replaceAll(*html, "{{host}}", runToken());
     return page(status, std::move(*html));
 }
 
 /// Sets the session's cookie, or drops it where the token is empty.
 Response Site::cookieRedirect(const Request& request, const std::string& token, const std::string& to) const {
-    std::string cookie = std::string(cookieName) + "=" + token + "; Path=/; HttpOnly; SameSite=Strict";
+    std::string cookie = std::string(cookieName(request)) + "=" + token + "; Path=/; HttpOnly; SameSite=Strict";
     if (request.secure) cookie += "; Secure";
     if (token.empty()) cookie += "; Max-Age=0";
     Response response = redirect(to);
@@ -140,42 +159,66 @@ void Site::showSignIn(const Request& request, std::string_view, const Answer& an
 }
 
 void Site::signIn(const Request& request, std::string_view, const Answer& answer) {
-    const Attempt attempt{trimmed(formField(request.body, "user")), formField(request.body, "password"),
-                          request.address};
+    Attempt attempt{trimmed(formField(request.body, "user")), formField(request.body, "password"), request.address};
     if (attempt.user.empty() || attempt.password.empty())
         return answer(signInPage(401, "Enter your user name and your password.", attempt.user));
-    const auto delay = delays_.begin(attempt.user, attempt.address);
+    const auto delay = delays_.begin(attempt.user, attempt.address, known_.knows(attempt.user, attempt.address));
     if (!delay) {
-        log(Level::warning, "sign-in-slowed", {{"address", attempt.address}});
+        log(Level::warning, "sign-in-slowed", {{"user", loggedName(attempt.user)}, {"address", attempt.address}});
         return answer(signInPage(429, "Too many attempts. Wait a little and try again.", attempt.user));
     }
+    attempt.guessing = delays_.guesses(attempt.address);
     later_.wait(std::chrono::ceil<std::chrono::milliseconds>(*delay), [this, request, attempt, answer] {
         later_.authenticate(attempt, [this, request, attempt, answer](const AuthResult& result) {
-            signedIn(request, attempt, result, answer);
+            checked(request, attempt, result, answer);
         });
     });
 }
 
-void Site::signedIn(const Request& request, const Attempt& attempt, const AuthResult& result, const Answer& answer) {
+void Site::checked(const Request& request, const Attempt& attempt, const AuthResult& result, const Answer& answer) {
     using Outcome = AuthResult::Outcome;
-    if (result.outcome == Outcome::refused) {
-        log(Level::warning, "sign-in-refused", {{"address", attempt.address}});
-        return answer(signInPage(401, "The user name or the password is not right.", attempt.user));
-    }
+    if (result.outcome == Outcome::refused) return refuseSignIn(attempt, answer);
     delays_.succeeded(attempt.user, attempt.address);
-    if (result.outcome == Outcome::unavailable)
+    if (result.outcome == Outcome::unavailable) {
+        log(Level::error, "sign-in-unavailable", {{"address", attempt.address}});
         return answer(signInPage(503, "Signing in is not possible at the moment. Try again later.", attempt.user));
-    if (result.outcome == Outcome::notNurse)
+    }
+    if (result.outcome == Outcome::notNurse) {
+        log(Level::warning, "sign-in-without-right", {{"user", result.user}, {"address", attempt.address}});
         return answer(signInPage(403, "This account has no right to use the nursing module.", attempt.user));
-    const std::string token = sessions_.open({result.user, attempt.address});
-    if (token.empty())
-        return answer(signInPage(503, "Too many people are signed in at the moment. Try again later.", attempt.user));
-    sessions_.close(request.cookie(cookieName), "Signed in anew.");
-    answer(cookieRedirect(request, token, "/"));
+    }
+    if (known_.remember(result.user, attempt.address))
+        log(Level::info, "sign-in-from-new-address", {{"user", result.user}, {"address", attempt.address}});
+    openSession(request, attempt, result.user, answer);
+}
+
+/// Whoever guesses from an address waits longer and longer for a no, and nobody beside him waits for a yes.
+void Site::refuseSignIn(const Attempt& attempt, const Answer& answer) {
+    log(Level::warning, "sign-in-refused", {{"user", loggedName(attempt.user)}, {"address", attempt.address}});
+    const auto delay = delays_.failed(attempt.address);
+    if (!delay) return answer(signInPage(429, "Too many attempts. Wait a little and try again.", attempt.user));
+    later_.wait(std::chrono::ceil<std::chrono::milliseconds>(*delay), [this, attempt, answer] {
+        answer(signInPage(401, "The user name or the password is not right.", attempt.user));
+    });
+}
+
+void Site::openSession(const Request& request, const Attempt& attempt, const std::string& user, const Answer& answer) {
+    using Result = Sessions::Opened::Result;
+    sessions_.close(request.cookie(cookieName(request)), "Signed in anew.");
+    if (formField(request.body, "others") == "end") sessions_.closeOf(user, "You ended this session at another place.");
+    const auto opened = sessions_.open({user, attempt.address});
+    if (opened.result == Result::open) return answer(cookieRedirect(request, opened.token, "/"));
+    log(Level::warning, "sign-in-full", {{"user", user}, {"address", attempt.address}});
+    if (opened.result == Result::userFull)
+        return answer(signInPage(409,
+                                 "You are signed in at as many places as one may be. Sign off at one of them, or sign "
+                                 "in again with \"End my other sessions\" ticked.",
+                                 attempt.user));
+    answer(signInPage(503, "Too many people are signed in at the moment. Try again later.", attempt.user));
 }
 
 void Site::signOut(const Request& request, std::string_view, const Answer& answer) {
-    sessions_.close(request.cookie(cookieName), "Signed out.");
+    sessions_.close(request.cookie(cookieName(request)), "Signed out.");
     answer(cookieRedirect(request, {}, "/sign-in"));
 }
 
@@ -235,7 +278,10 @@ void Site::upload(const Request& request, std::string_view, const Answer& answer
 }
 
 void Site::health(const Request&, std::string_view, const Answer& answer) {
-    answer(json(200, R"({"status":"ok"})"));
+    later_.health([answer](const Faults& faults) {
+        if (faults.empty()) return answer(json(200, R"({"status":"ok"})"));
+        answer(json(503, nlohmann::json{{"status", "failing"}, {"failing", faults}}.dump()));
+    });
 }
 
 }  // namespace web

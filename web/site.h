@@ -6,7 +6,9 @@
 #include <variant>
 
 #include "web/authenticate.h"
+#include "web/health.h"
 #include "web/http.h"
+#include "web/knownplaces.h"
 #include "web/sessions.h"
 #include "web/signindelays.h"
 
@@ -23,14 +25,20 @@ public:
     struct Later {
         std::function<void(std::chrono::milliseconds, std::function<void()>)> wait;
         std::function<void(const Attempt&, std::function<void(AuthResult)>)> authenticate;
+        std::function<void(std::function<void(const Faults&)>)> health;
+    };
+    /// What a request may bring along.
+    struct Body {
+        std::size_t longest = 0;         ///< bytes
+        std::shared_ptr<void> upload{};  ///< of a session's file: its turn, to be held while the file comes
     };
 
     Site(const Config& config, Sessions& sessions, Later later, SignInDelays::Now now = &SignInDelays::Clock::now);
 
-    /// Answers now or later, once, with the security headers on.
+    /// Answers now or later, once.
     void handle(const Request& request, const Answer& answer);
-    /// The longest body that is read for this request.
-    [[nodiscard]] std::size_t longestBody(const Request& request) const;
+    /// Whether the request's body is read at all, and how much of it, by its head alone.
+    [[nodiscard]] std::variant<Body, Response> admitBody(const Request& request) const;
     /// Whether the request may open a session's WebSocket: the session, or the refusal.
     [[nodiscard]] std::variant<std::shared_ptr<NurseSession>, Response> admit(const Request& request) const;
 
@@ -46,7 +54,9 @@ private:
     void home(const Request& request, std::string_view rest, const Answer& answer);
     void showSignIn(const Request& request, std::string_view rest, const Answer& answer);
     void signIn(const Request& request, std::string_view rest, const Answer& answer);
-    void signedIn(const Request& request, const Attempt& attempt, const AuthResult& result, const Answer& answer);
+    void checked(const Request& request, const Attempt& attempt, const AuthResult& result, const Answer& answer);
+    void refuseSignIn(const Attempt& attempt, const Answer& answer);
+    void openSession(const Request& request, const Attempt& attempt, const std::string& user, const Answer& answer);
     void signOut(const Request& request, std::string_view rest, const Answer& answer);
     void clientFile(const Request& request, std::string_view rest, const Answer& answer);
     void bootstrapFile(const Request& request, std::string_view rest, const Answer& answer);
@@ -61,6 +71,7 @@ private:
     Sessions& sessions_;
     Later later_;
     SignInDelays delays_;
+    KnownPlaces known_;
 };
 
 }  // namespace web

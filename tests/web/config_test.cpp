@@ -46,6 +46,7 @@ TEST(Config, BrokenFilesAreToldByFileLineAndKey) {
         {"service row", "[registration]\nconsultation_service = \"x\"\n", "registration.consultation_service: must be"},
         {"log level", "[log]\nlevel = \"loud\"\n", "vorel.toml:2: log.level: must be"},
         {"origins", "origins = [1]\n", "origins: must be a list of texts"},
+        {"a proxy's name", "proxies = [\"proxy\"]\n", "vorel.toml:1: proxies: must be an IP address"},
         {"source key", "[sources.Hospital]\nfile = \"x\"\n", "sources.Hospital.file: unknown key"},
         {"message limit", "[session]\nlongest_message = 9000000\n", "session.longest_message: must be"},
         {"half a certificate", "[tls]\ncertificate = \"a.pem\"\n", "tls: certificate and key belong together"},
@@ -104,6 +105,12 @@ TEST(Config, TheSampleHoldsTheDefaults) {
     EXPECT_EQ(sample.longestMessage, defaults.longestMessage);
     EXPECT_EQ(sample.longestUpload, defaults.longestUpload);
     EXPECT_EQ(sample.freeFailures, defaults.freeFailures);
+    EXPECT_EQ(sample.mostConnections, defaults.mostConnections);
+    EXPECT_EQ(sample.mostSessionsOfUser, defaults.mostSessionsOfUser);
+    EXPECT_EQ(sample.mostQueued, defaults.mostQueued);
+    EXPECT_EQ(sample.idleMinutes, defaults.idleMinutes);
+    EXPECT_EQ(sample.mostHours, defaults.mostHours);
+    EXPECT_EQ(sample.freeFailuresOfUser, defaults.freeFailuresOfUser);
     EXPECT_EQ(sample.freeFailuresOfAddress, defaults.freeFailuresOfAddress);
     EXPECT_EQ(sample.firstDelayMilliseconds, defaults.firstDelayMilliseconds);
     EXPECT_EQ(sample.longestDelaySeconds, defaults.longestDelaySeconds);

@@ -19,17 +19,24 @@ web::AuthResult check(const web::Attempt& attempt) {
     return {web::AuthResult::Outcome::accepted, attempt.user};
 }
 
-web::Config testConfig() {
+web::Services services() {
+    return {&check, [](const std::string&) { return true; }, [] { return web::Faults{}; }};
+}
+
+web::Config testConfig(int connections = 1000) {
     web::setLogLevel(web::Level::off);
     auto config = web::readConfig(std::nullopt, [](const std::string&) { return std::nullopt; });
     config.port = 0;
     config.longestUpload = 5000;
+    config.mostConnections = connections;
+    config.mostSessionsOfUser = 100;
     return config;
 }
 
 class HostTest : public testing::Test {
 protected:
-    web::Host host{testConfig(), &check, &webtest::makeTestSeat};
+    explicit HostTest(int connections = 1000) : host(testConfig(connections), services(), &webtest::makeTestSeat) {}
+    web::Host host;
     std::thread thread{[this] { host.run(); }};
 
     ~HostTest() override {
@@ -156,12 +163,106 @@ TEST_F(HostTest, RequestsThatAreTooLargeOrBrokenAreRefused) {
     EXPECT_EQ(status(post("/sign-in"), "user=" + std::string(5000, 'x')), "413");
     EXPECT_EQ(status(post("/sign-in", "Transfer-Encoding: chunked\r\n") + "\r\n2000\r\n" + std::string(0x2000, 'x')),
               "413");
+    EXPECT_EQ(status(post("/upload?name=a.jpg"), std::string(5000, 'x')), "401");
     EXPECT_EQ(status("GET /" + std::string(20'000, 'x') + " HTTP/1.1\r\nHost: vorel\r\n"), "400");
     EXPECT_EQ(status("nonsense\r\n"), "400");
     EXPECT_EQ(status(post("/sign-in"), "user=nurse&password=throw"), "503");
     EXPECT_EQ(status("GET /health HTTP/1.1\r\nHost: vorel\r\n"), "200");
     EXPECT_EQ(status("GET /static/client/../config.h HTTP/1.1\r\nHost: vorel\r\n"), "404");
     EXPECT_EQ(status("DELETE / HTTP/1.1\r\nHost: vorel\r\n"), "405");
+}
+
+TEST_F(HostTest, AMessageThatTwoReadersCouldReadDifferentlyIsRefused) {
+    const std::string smuggled = "0\r\n\r\nGET /health HTTP/1.1\r\nHost: vorel\r\n\r\n";
+    const std::string head = "POST /sign-in HTTP/1.1\r\nOrigin: http://vorel\r\n";
+    const struct {
+        const char* headers;
+        const char* status;
+    } cases[] = {
+        {"Host: vorel\r\nTransfer-Encoding: gzip\r\n", "501"},
+        {"Host: vorel\r\nTransfer-Encoding: chunked, identity\r\n", "501"},
+        {"Host: vorel\r\nTransfer-Encoding: gzip, chunked\r\n", "501"},
+        {"Host: vorel\r\nTransfer-Encoding: chunked\r\nTransfer-Encoding: chunked\r\n", "400"},
+        {"Host: vorel\r\nTE: gzip\r\n", "501"},
+        {"Host: vorel\r\nTransfer-Encoding: chunked\r\nContent-Length: 5\r\n", "400"},
+        {"Host: vorel\r\nContent-Length: 5\r\nContent-Length: 6\r\n", "400"},
+        {"Host: vorel\r\nHost: vorel\r\nContent-Length: 0\r\n", "400"},
+        {"Host:\r\nContent-Length: 0\r\n", "400"},
+        {"Content-Length: 0\r\n", "400"},
+        {"Host: vorel\r\nContent-Length: 5\r\nExpect: a-miracle\r\n", "417"},
+    };
+    for (const auto& row : cases) {
+        RawClient client(host.port());
+        client.write(head + row.headers + "\r\n" + smuggled);
+        const std::string all = client.readAll();
+        EXPECT_EQ(all.substr(9, 3), row.status) << row.headers;
+        EXPECT_EQ(all.find("HTTP/1.1", 1), std::string::npos)
+            << "one answer, and the connection closed: " << row.headers;
+    }
+}
+
+TEST_F(HostTest, ChunkedBodiesCountEachByteOfTheirFraming) {
+    const std::string head = post("/sign-in", "Transfer-Encoding: chunked\r\n") + "\r\n";
+    const std::string form = "user=nurse&password=secret";
+    RawClient whole(host.port());
+    EXPECT_EQ(whole.ask(head + "1a;note=\"fine\"\r\n" + form + "\r\n0\r\nTrailer: fine\r\n").substr(9, 3), "303");
+    const std::string long64K(65536, 'x');
+    const std::pair<const char*, std::string> endless[] = {
+        {"extension", "1;" + long64K},
+        {"trailer", "0\r\nX: " + long64K},
+        {"trailers", "0\r\n" +
+                         [] {
+                             std::string lines;
+                             for (int i = 0; i < 5000; ++i) lines += "X: 123456\r\n";
+                             return lines;
+                         }()},
+        {"extensions",
+         [&] {
+             std::string chunks;
+             for (int i = 0; i < 20; ++i) chunks += "1;" + std::string(1000, 'x') + "\r\nu\r\n";
+             return chunks;
+         }()},
+        {"size", "FFFFFFFFFFFFFFFF\r\n" + long64K},
+        {"size without an end", long64K},
+    };
+    for (const auto& [name, body] : endless) {
+        RawClient client(host.port());
+        client.write(head + body);
+        const std::string status = client.readAll().substr(0, 12);
+        EXPECT_TRUE(status == "HTTP/1.1 413" || status == "HTTP/1.1 400") << name << ": " << status;
+    }
+}
+
+TEST_F(HostTest, WhoWaitsForPermissionToSendGetsIt) {
+    RawClient client(host.port());
+    const std::string form = "user=nurse&password=secret";
+    client.write(post("/sign-in", "Expect: 100-continue\r\nContent-Length: 26\r\n") + "\r\n");
+    EXPECT_EQ(client.readUntil("\r\n\r\n"), "HTTP/1.1 100 Continue\r\n\r\n");
+    client.write(form);
+    EXPECT_EQ(client.readUntil("\r\n").substr(9, 3), "303");
+    RawClient stranger(host.port());
+    stranger.write(post("/upload", "Expect: 100-continue\r\nContent-Length: 5000\r\n") + "\r\n");
+    EXPECT_EQ(stranger.readUntil("\r\n").substr(9, 3), "401") << "before the body";
+}
+
+/// A host that takes ten connections.
+class SmallHostTest : public HostTest {
+protected:
+    SmallHostTest() : HostTest(10) {}
+};
+
+TEST_F(SmallHostTest, WhoSaysNothingMakesRoomForWhoDoes) {
+    const std::string cookie = signIn();
+    const auto page = open(cookie);
+    std::vector<std::unique_ptr<RawClient>> silent;
+    for (int i = 0; i < 25; ++i) {
+        silent.push_back(std::make_unique<RawClient>(host.port()));
+        silent.back()->write("GET / HTTP/1.1\r\nHo");
+    }
+    EXPECT_NE(signIn(), "");
+    EXPECT_EQ(send(*page, R"({"get":"frmTest.txtName"})")["reply"], 1) << "a page stays";
+    EXPECT_EQ(silent.front()->readAll(), "") << "the one that had waited longest";
+    EXPECT_EQ(silent.back()->ask("st: vorel\r\n").substr(9, 3), "303");
 }
 
 TEST_F(HostTest, ASlowedSignInKeepsNobodyElseWaiting) {
@@ -180,6 +281,17 @@ TEST_F(HostTest, ASlowedSignInKeepsNobodyElseWaiting) {
     EXPECT_NE(slowed.find("401 "), std::string::npos);
 }
 
+TEST_F(HostTest, StoppingWaitsForNoSlowedSignIn) {
+    std::vector<std::unique_ptr<RawClient>> slowed;
+    const std::string form = "user=guessed&password=x";
+    for (int i = 0; i < 7; ++i) {
+        slowed.push_back(std::make_unique<RawClient>(host.port()));
+        slowed.back()->write(post("/sign-in", "Content-Length: " + std::to_string(form.size()) + "\r\n\r\n") + form);
+    }
+    EXPECT_NE(signIn(), "");
+    host.stop();
+}
+
 TEST_F(HostTest, StoppingTellsThePages) {
     const auto client = open(signIn());
     host.stop();
@@ -188,16 +300,16 @@ TEST_F(HostTest, StoppingTellsThePages) {
 }
 
 TEST(Host, CannotServe) {
-    web::Host first(testConfig(), &check, &webtest::makeTestSeat);
+    web::Host first(testConfig(), services(), &webtest::makeTestSeat);
     auto taken = testConfig();
     taken.port = first.port();
-    EXPECT_THROW(web::Host(taken, &check, &webtest::makeTestSeat), web::HostError);
+    EXPECT_THROW(web::Host(taken, services(), &webtest::makeTestSeat), web::HostError);
     auto open = testConfig();
     open.address = "0.0.0.0";
-    EXPECT_THROW(web::Host(open, &check, &webtest::makeTestSeat), web::ConfigError);
+    EXPECT_THROW(web::Host(open, services(), &webtest::makeTestSeat), web::ConfigError);
     auto broken = testConfig();
     broken.certificate = broken.key = __FILE__;
-    EXPECT_THROW(web::Host(broken, &check, &webtest::makeTestSeat), web::HostError);
+    EXPECT_THROW(web::Host(broken, services(), &webtest::makeTestSeat), web::HostError);
 }
 
 }  // namespace

@@ -102,6 +102,26 @@ public:
 
     int closeCode = -1;
 
+    /// Everything until the other side closes.
+    std::string readAll() {
+        std::string all;
+        for (;;) {
+            const std::string one = readBytes(1);
+            if (one.empty()) return all;
+            all += one;
+        }
+    }
+
+    std::string readUntil(const std::string& end) {
+        std::string bytes;
+        while (!bytes.ends_with(end)) {
+            const std::string one = readBytes(1);
+            if (one.empty()) break;
+            bytes += one;
+        }
+        return bytes;
+    }
+
 private:
     std::string readBytes(std::size_t count) {
         std::string bytes(count, '\0');
@@ -112,16 +132,6 @@ private:
             got += static_cast<std::size_t>(now);
         }
         bytes.resize(got);
-        return bytes;
-    }
-
-    std::string readUntil(const std::string& end) {
-        std::string bytes;
-        while (!bytes.ends_with(end)) {
-            const std::string one = readBytes(1);
-            if (one.empty()) break;
-            bytes += one;
-        }
         return bytes;
     }
 

@@ -9,6 +9,7 @@ namespace {
 
 using nlohmann::json;
 using webtest::eventually;
+using webtest::frmTest;
 using webtest::TestPage;
 
 class SessionTest : public testing::Test {
@@ -78,6 +79,44 @@ TEST_F(SessionTest, FilesAreAnsweredByTheTokensOfOwnUploadsOnly) {
     EXPECT_EQ(reply["events"][0]["changed"]["frmTest.txtName"]["text"], ".jpg");
 }
 
+TEST_F(SessionTest, WhatOnlyScriptsMayAskIsRefusedOnAPagesLine) {
+    for (const char* line :
+         {R"({"start":true})", R"({"show":"frmTest"})", R"({"tick":"frmTest.tmrTest"})",
+          R"({"clock":"2026-11-24 09:30:00"})", R"({"query":"select 1","on":"Hospital"})",
+          R"({"execute":"delete from Users","on":"Hospital"})", R"({"trace":true})", R"({"fail":{"statement":1}})",
+          R"({"get":"session"})", R"({"fire":"frmTest.cmdHidden","force":true})",
+          R"({"set":"frmTest.txtLocked","to":"/etc/passwd","force":true})", R"({"fire":"frmTest.cmdHidden"})",
+          R"({"set":"frmTest.txtLocked","to":"x"})", R"({"stored":"x' or '1'='1"})"}) {
+        ASSERT_TRUE(session.receive(*page, line));
+        const auto reply = page->next();
+        EXPECT_NE(errorOf(reply), "") << line;
+        EXPECT_FALSE(reply.contains("state")) << line;
+    }
+    EXPECT_EQ(send({{"get", "frmTest.txtLocked"}})["state"]["text"], "");
+    EXPECT_EQ(send({{"get", "frmTest.txtName"}})["state"]["text"], "");
+}
+
+TEST_F(SessionTest, APageThatSendsFasterThanItsSessionWorksIsLetWait) {
+    // The session stands still while the statement of this button runs.
+    ASSERT_TRUE(session.receive(*page, R"({"fire":"frmTest.cmdSleep"})"));
+    const std::string line(1 << 20, ' ');
+    int taken = 0;
+    while (session.receive(*page, line)) ASSERT_LT(++taken, 100);
+    EXPECT_LE(taken, config.mostQueued / (1 << 20));
+    frmTest::wakes.count_down();
+    EXPECT_TRUE(eventually([&] { return page->readsOn() == 1; }));
+    for (int i = 0; i < taken + 2; ++i) page->next();
+    EXPECT_EQ(send({{"get", "frmTest.txtName"}})["state"]["text"], "");
+}
+
+TEST_F(SessionTest, ASaveIsToldToItsPageAndToTheNextSessionThatAsks) {
+    const auto reply = send({{"fire", "frmTest.cmdSave"}});
+    EXPECT_EQ(reply["saved"], "frmTest");
+    const auto stored = send({{"stored", std::string(64, 'a')}});
+    EXPECT_EQ(stored["state"], json({{"request", 7}, {"screen", "frmTest"}}));
+    EXPECT_TRUE(send({{"stored", std::string(64, 'b')}})["state"].is_null());
+}
+
 TEST_F(SessionTest, AnErrorIsShownAndTheSessionGoesOn) {
     EXPECT_EQ(send({{"fire", "frmTest.cmdFail"}})["waiting"]["text"], "It failed");
     send({{"answer", "ok"}});
@@ -104,20 +143,49 @@ TEST_F(SessionTest, ReportsCarryTheirNumberAndAreKept) {
     EXPECT_EQ(session.reports().find(2), nullptr);
 }
 
+TEST(Sessions, OneUserHasSoManyAndTheOldestWhosePageIsAwayGoesFirst) {
+    web::setLogLevel(web::Level::off);
+    web::Config config;
+    config.mostSessionsOfUser = 2;
+    web::Sessions sessions(config, &webtest::makeTestSeat);
+    using enum web::Sessions::Opened::Result;
+    const auto openWithPage = [&](const std::shared_ptr<TestPage>& page) {
+        const auto opened = sessions.open({"nurse", "a"});
+        if (opened.result == open) sessions.find(opened.token)->attach(page);
+        return opened;
+    };
+    const auto pages = std::vector{std::make_shared<TestPage>(), std::make_shared<TestPage>()};
+    const auto first = openWithPage(pages[0]);
+    const auto second = openWithPage(pages[1]);
+    EXPECT_EQ(sessions.open({"nurse", "a"}).result, userFull) << "nobody's page is taken from her";
+    EXPECT_EQ(sessions.open({"other", "a"}).result, open);
+    sessions.find(second.token)->detach(*pages[1]);
+    sessions.find(first.token)->detach(*pages[0]);
+    const auto third = sessions.open({"nurse", "a"});
+    EXPECT_EQ(third.result, open);
+    EXPECT_EQ(sessions.find(first.token), nullptr);
+    EXPECT_NE(sessions.find(second.token), nullptr);
+    for (int i = 0; i < 20; ++i) EXPECT_EQ(sessions.open({"nurse", "a"}).result, open);
+    EXPECT_EQ(sessions.users(), (std::set<std::string>{"nurse", "other"}));
+    sessions.closeOf("nurse", "Elsewhere");
+    EXPECT_EQ(sessions.users(), std::set<std::string>{"other"});
+    sessions.closeAll({});
+}
+
 TEST(Sessions, OnesWithoutAPageExpireAndOneThatCannotStartEnds) {
     web::setLogLevel(web::Level::off);
     web::Config config;
     config.sessionWaitMinutes = 0;
     config.mostSessions = 2;
     web::Sessions sessions(config, &webtest::makeTestSeat);
-    const std::string token = sessions.open({"nurse", "a"});
+    const std::string token = sessions.open({"nurse", "a"}).token;
     const auto page = std::make_shared<TestPage>();
     sessions.find(token)->attach(page);
     page->next();
     sessions.tend();
     EXPECT_NE(sessions.find(token), nullptr) << "a session with a page stays";
-    EXPECT_NE(sessions.open({"nurse", "b"}), token);
-    EXPECT_EQ(sessions.open({"nurse", "c"}), "") << "no more than the host may have";
+    EXPECT_NE(sessions.open({"nurse", "b"}).token, token);
+    EXPECT_EQ(sessions.open({"nurse", "c"}).token, "") << "no more than the host may have";
 
     sessions.find(token)->detach(*page);
     EXPECT_TRUE(eventually([&] {
@@ -127,9 +195,9 @@ TEST(Sessions, OnesWithoutAPageExpireAndOneThatCannotStartEnds) {
     EXPECT_EQ(sessions.find(token), nullptr);
 
     config.sessionWaitMinutes = 10;
-    const std::string broken = sessions.open({"nobody", "a"});
+    const std::string broken = sessions.open({"nobody", "a"}).token;
     EXPECT_TRUE(eventually([&] { return sessions.find(broken) == nullptr; }));
-    const std::string other = sessions.open({"nurse", "a"});
+    const std::string other = sessions.open({"nurse", "a"}).token;
     EXPECT_NE(sessions.find(other), nullptr);
     sessions.closeAll("The end");
     EXPECT_EQ(sessions.find(other), nullptr);

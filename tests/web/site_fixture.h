@@ -3,6 +3,8 @@
 #include <condition_variable>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <latch>
 #include <memory>
 #include <mutex>
 #include <nlohmann/json.hpp>
@@ -11,6 +13,7 @@
 #include <thread>
 #include <vector>
 
+#include "db/error.h"
 #include "ui/controls.h"
 #include "ui/seat.h"
 #include "web/config.h"
@@ -50,18 +53,28 @@ private:
 /// A screen that does what a test needs to happen in a session.
 class frmTest : public ui::Screen {
 public:
-    explicit frmTest(ui::Desktop& owner) : Screen(owner, "frmTest", "Test") {}
+    explicit frmTest(ui::Desktop& owner) : Screen(owner, "frmTest", "Test") {
+        cmdHidden.setVisible(false);
+        txtLocked.setEnabled(false);
+    }
+    static inline std::latch wakes{1};  ///< ends every sleep
+    std::function<void()> saves = [] {};
     ui::TextBox txtName{*this, "txtName"};
     ui::Button cmdAsk{*this, "cmdAsk", "Ask",
                       [this] { txtName.setText(desktop().askYesNo("Sure?", "Check") ? "yes" : "no"); }};
     ui::Button cmdFile{*this, "cmdFile", "File", [this] {
-                           const auto file = desktop().pickFile("Choose");
+                           const auto name = desktop().pickFile("Choose");
+                           const auto file = name ? desktop().chosenFile(*name) : std::nullopt;
                            txtName.setText(file && fs::exists(*file) ? file->extension().string() : "none");
                        }};
     ui::Button cmdReport{*this, "cmdReport", "Report", [this] {
                              desktop().report({"rptTest", "A <test>", db::Recordset()});
                          }};
-    ui::Button cmdFail{*this, "cmdFail", "Fail", [] { throw std::runtime_error("It failed"); }};
+    ui::Button cmdFail{*this, "cmdFail", "Fail", [] { throw db::Error(db::Category::other, "It failed"); }};
+    ui::Button cmdHidden{*this, "cmdHidden", "Hidden", [this] { txtName.setText("worked"); }};
+    ui::TextBox txtLocked{*this, "txtLocked"};
+    ui::Button cmdSleep{*this, "cmdSleep", "Sleep", [] { wakes.wait(); }};
+    ui::Button cmdSave{*this, "cmdSave", "Save", [this] { saves(); }};
     ui::Button cmdThrow{*this, "cmdThrow", "Throw", [] { throw 42; }};
     ui::Button cmdExit{*this, "cmdExit", "Exit", [this] { desktop().endSession("Good bye"); }};
 };
@@ -69,7 +82,11 @@ public:
 class TestSeat : public ui::Seat {
 public:
     explicit TestSeat(ui::EventLoop& loop) : desktop_(loop, "Test") {
-        desktop_.provide("frmTest", [this] { return std::make_unique<frmTest>(desktop_); });
+        desktop_.provide("frmTest", [this] {
+            auto screen = std::make_unique<frmTest>(desktop_);
+            screen->saves = [this] { notes_.committed("frmTest"); };
+            return screen;
+        });
         directory_.write("ring1.wav", "RIFF");
         directory_.write("sysdoc.sys", "nurse");
     }
@@ -77,11 +94,17 @@ public:
     void start() override { desktop_.show("frmTest"); }
     void idle() override {}
     void failed() override {}
+    void noteSaves(ui::SaveNotes notes) override { notes_ = std::move(notes); }
+    std::optional<ui::StoredSave> lastSave(const std::string& session) override {
+        if (session != std::string(64, 'a')) return std::nullopt;
+        return ui::StoredSave{7, "frmTest"};
+    }
     [[nodiscard]] fs::path programDirectory() const override { return directory_.path(); }
     [[nodiscard]] std::string hospitalName() const override { return "General & Co"; }
 
 private:
     Directory directory_;
+    ui::SaveNotes notes_;
     ui::Desktop desktop_;
 };
 
@@ -102,6 +125,15 @@ public:
         const std::lock_guard lock(mutex_);
         closed_ = true;
         changed_.notify_all();
+    }
+    void readOn() override {
+        const std::lock_guard lock(mutex_);
+        ++readsOn_;
+    }
+    /// How often the session let it go on.
+    int readsOn() {
+        const std::lock_guard lock(mutex_);
+        return readsOn_;
     }
     /// The next line; null where none comes.
     nlohmann::json next() {
@@ -124,6 +156,7 @@ private:
     std::vector<nlohmann::json> lines_;
     std::size_t read_ = 0;
     bool closed_ = false;
+    int readsOn_ = 0;
 };
 
 /// Waits until `holds` does, for a minute at most: sanitizers are slow.

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "tests/web/site_fixture.h"
+#include "web/proxies.h"
 #include "web/site.h"
+#include "web/staticfiles.h"
 
 namespace {
 
@@ -20,6 +24,7 @@ protected:
     webtest::Directory root;
     web::Config config;
     std::vector<std::chrono::milliseconds> waits;
+    web::Faults faults;
     std::optional<web::Sessions> sessions;
     std::optional<web::Site> site;
 
@@ -38,7 +43,8 @@ protected:
                                           waits.push_back(time);
                                           then();
                                       },
-                                      [](const web::Attempt& attempt, const auto& then) { then(check(attempt)); }},
+                                      [](const web::Attempt& attempt, const auto& then) { then(check(attempt)); },
+                                      [this](const auto& then) { then(faults); }},
                      [] { return now; });
     }
     void TearDown() override {
@@ -127,14 +133,25 @@ TEST_F(SiteTest, CookiesAndHeadersAreStrict) {
     secure.path = "/sign-in";
     secure.body = "user=nurse&password=secret";
     secure.secure = true;
-    EXPECT_NE(headerOf(ask(secure), "Set-Cookie").find("; Secure"), std::string::npos);
+    const Response overTls = ask(secure);
+    EXPECT_NE(headerOf(overTls, "Set-Cookie").find("; Secure"), std::string::npos);
+    EXPECT_TRUE(headerOf(overTls, "Set-Cookie").starts_with("__Host-vorel_session="));
+    Request home;
+    home.secure = true;
+    home.path = "/";
+    home.headers["cookie"] = "vorel_session=" + cookieOf(overTls).substr(cookieOf(overTls).find('=') + 1);
+    EXPECT_EQ(ask(home).status, 303) << "a cookie that a plain page could have set";
+    home.headers["cookie"] = cookieOf(overTls);
+    EXPECT_EQ(ask(home).status, 200);
 
-    for (const char* path : {"/", "/sign-in", "/health", "/static/client/css/app.css", "/nothing"}) {
-        const Response answer = get(path);
+    for (const bool tls : {false, true}) {
+        Response answer;
+        web::addSecurityHeaders(answer, tls);
         const std::string policy = headerOf(answer, "Content-Security-Policy");
-        EXPECT_NE(policy.find("default-src 'self'"), std::string::npos) << path;
-        EXPECT_EQ(policy.find("unsafe"), std::string::npos) << path;
-        EXPECT_EQ(headerOf(answer, "X-Content-Type-Options"), "nosniff") << path;
+        EXPECT_NE(policy.find("default-src 'self'"), std::string::npos);
+        EXPECT_EQ(policy.find("unsafe"), std::string::npos);
+        EXPECT_EQ(headerOf(answer, "X-Content-Type-Options"), "nosniff");
+        EXPECT_EQ(headerOf(answer, "Strict-Transport-Security").empty(), !tls);
     }
 }
 
@@ -166,12 +183,15 @@ TEST_F(SiteTest, ForeignPagesAreRefused) {
                  {"origin", "http://vorel.evil", false},  {"origin", "null", false},
                  {"sec-fetch-site", "cross-site", false}, {"sec-fetch-site", "same-site", false},
                  {"sec-fetch-site", "same-origin", true}, {"x-nothing", "", true}};
+    // A browser always says where the page of a WebSocket comes from.
     for (const auto& row : cases) {
         Request request;
         request.headers = {{"host", "vorel:8080"}, {"cookie", cookie}, {row.header, row.value}};
         request.path = "/session";
         const auto admitted = site->admit(request);
-        EXPECT_EQ(std::holds_alternative<std::shared_ptr<web::NurseSession>>(admitted), row.admitted) << row.value;
+        const bool says = row.header == std::string("origin");
+        EXPECT_EQ(std::holds_alternative<std::shared_ptr<web::NurseSession>>(admitted), says && row.admitted)
+            << row.value;
         request.method = "POST";
         request.path = "/upload";
         EXPECT_EQ(ask(request).status, row.admitted ? 200 : 403) << row.value;
@@ -235,35 +255,152 @@ TEST_F(SiteTest, ReportsArePagesAndFiles) {
     EXPECT_NE(get("/reports/1", signedIn()).status, 200) << "another session's report";
 }
 
-TEST_F(SiteTest, FailuresSlowTheUserAndTheAddressAndNobodyElse) {
-    config.freeFailures = 2;
-    config.firstDelayMilliseconds = 1000;
-    config.longestDelaySeconds = 3;
-    TearDown();
-    SetUp();
-    const auto waitOf = [&](const std::string& user, const std::string& password, const std::string& address) {
-        signIn(user, password, address);
-        return waits.back();
+/// One attempt after the other, each with the answer's status and how long it was held up.
+class SlowedTest : public SiteTest {
+protected:
+    void SetUp() override {
+        config.freeFailures = 2;
+        config.freeFailuresOfUser = 6;
+        config.freeFailuresOfAddress = 5;
+        config.longestDelaySeconds = 3;
+        config.mostSessionsOfUser = 100;
+        config.knownPlaces = root.path() / "known";
+        SiteTest::SetUp();
+        now += 24h;
+    }
+    struct Tried {
+        int status;
+        std::chrono::milliseconds waited;
+        bool operator==(const Tried&) const = default;
     };
-    EXPECT_EQ(waitOf("nurse", "x", "a"), 0ms);
-    EXPECT_EQ(waitOf("NURSE", "x", "b"), 0ms);
-    EXPECT_EQ(waitOf("nurse", "x", "c"), 1000ms) << "counted by user, whatever the letter case and the address";
-    EXPECT_EQ(waitOf("other", "x", "c"), 0ms);
-    EXPECT_EQ(waitOf("nurse", "x", "d"), 3000ms) << "1 s for the third, and 2 s more";
-    const auto served = waits.size();
-    EXPECT_EQ(signIn("nurse", "secret", "d").status, 429);
-    EXPECT_EQ(waits.size(), served) << "refused at once";
-    now += 6s;
-    EXPECT_EQ(waitOf("nurse", "secret", "d"), 0ms);
-    EXPECT_EQ(waitOf("nurse", "x", "d"), 0ms) << "a success starts anew";
-    waitOf("nurse", "x", "d");
-    now += 16min;
-    EXPECT_EQ(waitOf("nurse", "x", "d"), 0ms) << "forgotten";
+    Tried tries(const std::string& user, const std::string& password, const std::string& address) {
+        waits.clear();
+        const int status = signIn(user, password, address).status;
+        return {status, std::accumulate(waits.begin(), waits.end(), 0ms)};
+    }
+};
 
+TEST_F(SlowedTest, FailuresOfAUserFromAnAddressSlowHerThereAndNowhereElse) {
+    EXPECT_EQ(tries("nurse", "x", "a"), (Tried{401, 0ms}));
+    EXPECT_EQ(tries("NURSE ", "x", "a"), (Tried{401, 0ms}));
+    EXPECT_EQ(tries("nurse", "x", "a"), (Tried{401, 1000ms}));
+    EXPECT_EQ(tries("nurse", "secret", "a"), (Tried{303, 3000ms})) << "1 s for the third, and 2 s more";
+    EXPECT_EQ(tries("nurse", "x", "a"), (Tried{401, 0ms})) << "a success starts anew";
+    for (int i = 0; i < 4; ++i) tries("other", "x", "b");
+    EXPECT_EQ(tries("other", "x", "b").status, 429) << "longer than anybody waits: refused at once";
+    EXPECT_EQ(tries("other", "secret", "c"), (Tried{303, 0ms})) << "elsewhere she is not locked out";
     now += 16min;
-    for (int i = 0; i < 20; ++i) waitOf("user" + std::to_string(i), "x", "guesser");
-    EXPECT_EQ(waitOf("user20", "x", "guesser"), 1000ms) << "counted by address";
-    EXPECT_EQ(waitOf("user21", "x", "elsewhere"), 0ms);
+    EXPECT_EQ(tries("other", "x", "b"), (Tried{401, 0ms})) << "forgotten";
+}
+
+TEST_F(SlowedTest, MadeUpNamesSlowTheirAnswersAndNotTheNurseBesideThem) {
+    for (int i = 0; i < 30; ++i) tries("made-up-" + std::to_string(i), "x", "a");
+    EXPECT_EQ(tries("made-up-30", "x", "a").status, 429);
+    EXPECT_EQ(tries("nurse", "secret", "a"), (Tried{303, 0ms}));
+    EXPECT_EQ(tries("made-up-31", "x", "b"), (Tried{401, 0ms}));
+}
+
+TEST_F(SlowedTest, AGuessedNameIsSlowedEverywhereButWhereSheSignedInBefore) {
+    EXPECT_EQ(tries("nurse", "secret", "ward"), (Tried{303, 0ms}));
+    for (int i = 0; i < 12; ++i) tries("nurse", "x", "address-" + std::to_string(i));
+    EXPECT_EQ(tries("nurse", "secret", "elsewhere").status, 429);
+    EXPECT_EQ(tries("nurse", "secret", "ward"), (Tried{303, 0ms}));
+    for (int i = 0; i < 50; ++i) tries("nurse", "x", "ward");
+    EXPECT_EQ(tries("nurse", "secret", "ward"), (Tried{303, 3000ms})) << "slowed, and never refused";
+    // The next run of the host knows it too, and the file names nobody.
+    for (int i = 0; i < 12; ++i) tries("nurse", "x", "address-" + std::to_string(i));
+    EXPECT_TRUE(web::KnownPlaces(config.knownPlaces).knows("NURSE", "ward"));
+    EXPECT_FALSE(web::KnownPlaces(config.knownPlaces).knows("nurse", "elsewhere"));
+    const auto kept = web::readFile(config.knownPlaces).value_or("nurse");
+    EXPECT_EQ(kept.find("nurse"), std::string::npos);
+    EXPECT_EQ(kept.find("ward"), std::string::npos);
+}
+
+TEST_F(SlowedTest, NamesWithoutEndFillNoMemoryAndFreeNobody) {
+    for (int i = 0; i < 4; ++i) tries("nurse", "x", "a");
+    for (int i = 0; i < 30'000; ++i)
+        site->handle(
+            [&] {
+                Request request;
+                request.method = "POST";
+                request.path = "/sign-in";
+                request.headers["host"] = "vorel:8080";
+                request.body = "user=n" + std::to_string(i) + "&password=x";
+                request.address = "2001:db8:1:2::" + std::to_string(i % 9999);
+                return request;
+            }(),
+            [](const Response&) {});
+    EXPECT_EQ(tries("nurse", "x", "a").status, 429);
+}
+
+TEST_F(SiteTest, AUserAtHerLimitMayEndHerOtherSessions) {
+    config.mostSessionsOfUser = 1;
+    const std::string first = signedIn();
+    const auto page = std::make_shared<webtest::TestPage>();
+    sessions->find(first.substr(first.find('=') + 1))->attach(page);
+    page->next();
+    const Response full = signIn("nurse", "secret");
+    EXPECT_EQ(full.status, 409);
+    EXPECT_NE(full.body.find("End my other sessions"), std::string::npos);
+    EXPECT_EQ(signIn("nurse", "wrong&others=end").status, 401);
+    EXPECT_EQ(get("/", first).status, 200);
+    EXPECT_EQ(signIn("nurse", "secret&others=end").status, 303);
+    EXPECT_EQ(get("/", first).status, 303);
+}
+
+TEST_F(SiteTest, ABodyIsReadForWhoMaySendIt) {
+    const auto admits = [&](const std::string& path, const std::string& cookie, const std::string& origin) {
+        Request request;
+        request.method = "POST";
+        request.path = path;
+        request.headers = {{"host", "vorel:8080"}, {"origin", origin}, {"cookie", cookie}};
+        return site->admitBody(request);
+    };
+    const auto statusOf = [](const auto& admitted) { return std::get<Response>(admitted).status; };
+    const std::string cookie = signedIn();
+    EXPECT_EQ(statusOf(admits("/upload", "", "http://vorel:8080")), 401);
+    EXPECT_EQ(statusOf(admits("/upload", cookie, "http://evil")), 403);
+    {
+        const auto file = admits("/upload", cookie, "http://vorel:8080");
+        EXPECT_EQ(std::get<web::Site::Body>(file).longest, 5U * 1024 * 1024);
+        EXPECT_EQ(statusOf(admits("/upload", cookie, "http://vorel:8080")), 429) << "one at a time";
+    }
+    EXPECT_TRUE(std::holds_alternative<web::Site::Body>(admits("/upload", cookie, "http://vorel:8080")));
+    EXPECT_EQ(std::get<web::Site::Body>(admits("/sign-in", "", "http://evil")).longest, 4096U);
+}
+
+TEST_F(SiteTest, HealthTellsTheTruth) {
+    EXPECT_EQ(get("/health").status, 200);
+    faults = {"disk", "Hospital"};
+    EXPECT_EQ(get("/health").status, 503);
+    EXPECT_EQ(get("/health").body, R"({"failing":["disk","Hospital"],"status":"failing"})");
+}
+
+TEST(Proxies, OnlyANamedOneSaysWhoTheWorkstationIs) {
+    const struct {
+        const char* peer;
+        const char* forwarded;
+        const char* address;
+        bool secure;
+    } cases[] = {
+        {"10.0.0.9", "1.2.3.4", "10.0.0.9", false},
+        {"10.0.0.1", "1.2.3.4", "1.2.3.4", true},
+        {"10.0.0.1", "6.6.6.6, 1.2.3.4", "1.2.3.4", true},
+        {"10.0.0.1", "1.2.3.4, 10.0.0.2", "1.2.3.4", true},
+        {"10.0.0.1", "1.2.3.4,  ::ffff:10.0.0.2 ", "1.2.3.4", true},
+        {"10.0.0.1", "10.0.0.2", "10.0.0.2", true},
+        {"10.0.0.1", "1.2.3.4, nonsense", "10.0.0.1", true},
+        {"10.0.0.1", "", "10.0.0.1", true},
+        {"10.0.0.1", "2001:DB8:0::1", "2001:db8::1", true},
+    };
+    for (const auto& row : cases) {
+        Request request;
+        request.address = row.peer;
+        request.headers["x-forwarded-for"] = row.forwarded;
+        web::seeThroughProxies(request, {"10.0.0.1", "10.0.0.2"});
+        EXPECT_EQ(request.address, row.address) << row.forwarded;
+        EXPECT_EQ(request.secure, row.secure) << row.forwarded;
+    }
 }
 
 }  // namespace

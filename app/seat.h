@@ -22,7 +22,7 @@ public:
     void start() override;
     void idle() override { place_.databases.idle(); }
     void failed() override { place_.databases.rollbackAll(); }
-    void noteSaves(ui::SaveNotes notes) override { core::notePageSaves(place_, user_, std::move(notes)); }
+    void noteSaves(const ui::SaveNotes& notes) override { core::notePageSaves(place_, user_, notes); }
     [[nodiscard]] std::optional<ui::StoredSave> lastSave(const std::string& session) override {
         return core::lastPageSave(place_, user_, session);
     }

@@ -18,7 +18,7 @@ void note(db::Connection& hospital, const std::string& user, const ui::SaveNotes
 
 }  // namespace
 
-void notePageSaves(Workplace& place, const std::string& user, ui::SaveNotes notes) {
+void notePageSaves(Workplace& place, const std::string& user, const ui::SaveNotes& notes) {
     auto screen = std::make_shared<std::string>();  // of the save that commits now
     const auto before = [&place, user, notes, screen](db::Connection& connection) {
         screen->clear();

@@ -37,7 +37,7 @@ public:
     /// An error that no trap took: what is open is rolled back before its description is shown.
     virtual void failed() = 0;
     /// From now on each save is noted with the request that brought it, in the save's own transaction.
-    virtual void noteSaves(SaveNotes /*notes*/) {}
+    virtual void noteSaves(const SaveNotes& /*notes*/) {}
     /// The last save of an earlier session of the same user; nothing where there is none.
     [[nodiscard]] virtual std::optional<StoredSave> lastSave(const std::string& /*session*/) { return std::nullopt; }
     /// Where the session's own files lie ("the program directory"); empty where it has none.

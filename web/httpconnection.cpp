@@ -20,7 +20,7 @@ constexpr auto drainTime = std::chrono::seconds(2);
 constexpr auto writeTime = std::chrono::minutes(2);
 constexpr std::uint32_t longestHead = 16 * 1024;
 /// What is read ahead: a head, or a piece of a body with what a chunk says of itself.
-constexpr std::size_t readAhead = 2 * longestHead;
+constexpr std::size_t readAhead = std::size_t{2} * longestHead;
 /// What may stand between the bytes of a body: the sizes of its chunks and its trailer.
 constexpr std::size_t mostFraming = 1024;
 

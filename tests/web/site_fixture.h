@@ -94,7 +94,7 @@ public:
     void start() override { desktop_.show("frmTest"); }
     void idle() override {}
     void failed() override {}
-    void noteSaves(ui::SaveNotes notes) override { notes_ = std::move(notes); }
+    void noteSaves(const ui::SaveNotes& notes) override { notes_ = notes; }
     std::optional<ui::StoredSave> lastSave(const std::string& session) override {
         if (session != std::string(64, 'a')) return std::nullopt;
         return ui::StoredSave{7, "frmTest"};

@@ -21,8 +21,10 @@ constexpr auto writeTime = std::chrono::minutes(2);
 constexpr std::uint32_t longestHead = 16 * 1024;
 /// What is read ahead: a head, or a piece of a body with what a chunk says of itself.
 constexpr std::size_t readAhead = std::size_t{2} * longestHead;
-/// What may stand between the bytes of a body: the sizes of its chunks and its trailer.
-constexpr std::size_t mostFraming = 1024;
+/// What may stand between the bytes of a body, the sizes of its chunks and its trailer: a part of what the body may
+/// have, and a little more.
+constexpr std::size_t framingShare = 16;
+constexpr std::size_t leastFraming = 1024;
 
 bool same(beast::string_view text, const char* wanted) {
     return beast::iequals(text, wanted);
@@ -115,7 +117,7 @@ private:
         }
         if (parser_->content_length().value_or(0) > body.longest) return tooLarge();
         parser_->body_limit(body.longest);
-        bodyLeft_ = body.longest + mostFraming;
+        bodyLeft_ = body.longest + body.longest / framingShare + leastFraming;
         if (parser_->is_done()) return answer();
         if (request_.header("expect").empty()) return readBody();
         askForBody();
@@ -172,10 +174,10 @@ private:
     /// An answer after which nothing more is read: what follows may be anything.
     void refuse(Response response) {
         keepAlive_ = false;
-        log(Level::warning, "request-refused",
-            {{"status", std::to_string(response.status)},
-             {"path", request_.path.substr(0, 100)},
-             {"address", request_.address.empty() ? address_ : request_.address}});
+        logOften(Level::warning, "request-refused",
+                 {{"status", std::to_string(response.status)},
+                  {"path", request_.path.substr(0, 100)},
+                  {"address", request_.address.empty() ? address_ : request_.address}});
         write(std::move(response));
     }
 
@@ -268,7 +270,7 @@ private:
 
 void serveConnection(tcp::socket socket, net::ssl::context* tls, const Config& config, Site& site,
                      Connections& connections) {
-    if (!connections.admit()) return log(Level::warning, "connections-full");
+    if (!connections.admit()) return logOften(Level::warning, "connections-full");
     error_code ignored;
     socket.set_option(tcp::no_delay(true), ignored);
     if (tls != nullptr)

@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <ctime>
+#include <mutex>
 
 namespace web {
 
@@ -71,6 +72,27 @@ void log(Level level, std::string_view event, std::span<const LogField> fields) 
     line += '\n';
     // One write a line, so that the threads' lines do not mix; where the log cannot be written there is nobody to tell.
     if (::write(STDERR_FILENO, line.data(), line.size()) < 0) return;
+} catch (const std::exception&) {
+    return;
+}
+
+void logOften(Level level, std::string_view event, std::vector<LogField> fields) noexcept try {
+    static std::mutex mutex;
+    static std::time_t second = 0;
+    static unsigned written = 0;
+    static unsigned unlogged = 0;
+    {
+        constexpr unsigned mostInASecond = 20;
+        const std::lock_guard lock(mutex);
+        const std::time_t now = std::time(nullptr);
+        if (std::exchange(second, now) != now) written = 0;
+        if (written++ >= mostInASecond) {
+            ++unlogged;
+            return;
+        }
+        if (unlogged > 0) fields.emplace_back("unlogged", std::to_string(std::exchange(unlogged, 0)));
+    }
+    log(level, event, fields);
 } catch (const std::exception&) {
     return;
 }

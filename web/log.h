@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace web {
 
@@ -19,5 +20,9 @@ using LogField = std::pair<std::string_view, std::string>;
 /// Thread-safe. Fields never hold a patient's data, a statement's values, or what a nurse typed into a screen.
 void log(Level level, std::string_view event, std::span<const LogField> fields) noexcept;
 void log(Level level, std::string_view event, std::initializer_list<LogField> fields = {}) noexcept;
+
+/// The same for what anybody on the network may cause as often as he likes: of all such lines at most twenty a second
+/// are written, so that nobody fills the disk. The next one then tells how many were not: "unlogged=480".
+void logOften(Level level, std::string_view event, std::vector<LogField> fields = {}) noexcept;
 
 }  // namespace web

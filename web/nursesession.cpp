@@ -126,11 +126,17 @@ fs::path NurseSession::programDirectory() const {
     return programDirectory_;
 }
 
-void NurseSession::log(Level level, std::string_view event, std::vector<LogField> more) const noexcept {
+void NurseSession::log(Level level, std::string_view event, std::vector<LogField> more) const noexcept try {
+    web::log(level, event, withSession(std::move(more)));
+} catch (const std::exception&) {
+    return;
+}
+
+std::vector<LogField> NurseSession::withSession(std::vector<LogField> more) const {
     constexpr std::size_t shortName = 8;
     more.insert(more.begin(),
                 {{"user", who_.user}, {"address", who_.workstation}, {"session", publicId_.substr(0, shortName)}});
-    web::log(level, event, more);
+    return more;
 }
 
 /// A database error's description holds no value and may stand in a log; other exceptions' texts may hold anything.
@@ -209,7 +215,7 @@ std::string NurseSession::live() {
                      [this](const nlohmann::json& request, nlohmann::json&) { answer(request.at("answer")); });
     conversation.add("stored",
                      [this](const nlohmann::json& request, nlohmann::json& reply) { tellStored(request, reply); });
-    conversation.setOnMalformed([this] { log(Level::warning, "page-request-refused"); });
+    conversation.setOnMalformed([this] { logOften(Level::warning, "page-request-refused", withSession({})); });
     seat->desktop().setReportKeeper(
         [this, &seat](const ui::Report& report) { return reports_.keep(report, seat->hospitalName()); });
     seat->desktop().setOnFailure([&seat] { seat->failed(); });

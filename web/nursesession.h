@@ -85,6 +85,7 @@ private:
     void answer(const nlohmann::json& answer);
     void tellStored(const nlohmann::json& request, nlohmann::json& reply);
     void workedOff(std::size_t bytes);
+    [[nodiscard]] std::vector<LogField> withSession(std::vector<LogField> more) const;
     void logFailure(const std::exception& error) const;
     [[nodiscard]] std::optional<std::filesystem::path> uploaded(const std::string& token) const;
 

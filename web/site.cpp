@@ -74,11 +74,11 @@ void Site::handle(const Request& request, const Answer& answer) {
     const Answer logged = [answer, method = request.method, path = request.path.substr(0, 100),
                            address = request.address](Response response) {
         if (response.status == 401 || response.status == 403 || response.status == 429)
-            log(Level::warning, "request-refused",
-                {{"status", std::to_string(response.status)},
-                 {"method", method},
-                 {"path", path},
-                 {"address", address}});
+            logOften(Level::warning, "request-refused",
+                     {{"status", std::to_string(response.status)},
+                      {"method", method},
+                      {"path", path},
+                      {"address", address}});
         answer(std::move(response));
     };
     const std::string_view method = request.method == "HEAD" ? "GET" : std::string_view(request.method);
@@ -164,7 +164,7 @@ void Site::signIn(const Request& request, std::string_view, const Answer& answer
         return answer(signInPage(401, "Enter your user name and your password.", attempt.user));
     const auto delay = delays_.begin(attempt.user, attempt.address, known_.knows(attempt.user, attempt.address));
     if (!delay) {
-        log(Level::warning, "sign-in-slowed", {{"user", loggedName(attempt.user)}, {"address", attempt.address}});
+        logOften(Level::warning, "sign-in-slowed", {{"user", loggedName(attempt.user)}, {"address", attempt.address}});
         return answer(signInPage(429, "Too many attempts. Wait a little and try again.", attempt.user));
     }
     attempt.guessing = delays_.guesses(attempt.address);
@@ -194,7 +194,7 @@ void Site::checked(const Request& request, const Attempt& attempt, const AuthRes
 
 /// Whoever guesses from an address waits longer and longer for a no, and nobody beside him waits for a yes.
 void Site::refuseSignIn(const Attempt& attempt, const Answer& answer) {
-    log(Level::warning, "sign-in-refused", {{"user", loggedName(attempt.user)}, {"address", attempt.address}});
+    logOften(Level::warning, "sign-in-refused", {{"user", loggedName(attempt.user)}, {"address", attempt.address}});
     const auto delay = delays_.failed(attempt.address);
     if (!delay) return answer(signInPage(429, "Too many attempts. Wait a little and try again.", attempt.user));
     later_.wait(std::chrono::ceil<std::chrono::milliseconds>(*delay), [this, attempt, answer] {

@@ -1,4 +1,6 @@
 import assert from "node:assert/strict";
+import {renameSync} from "node:fs";
+import path from "node:path";
 import test from "node:test";
 
 import {nurse} from "./support/host.mjs";
@@ -34,6 +36,21 @@ test("the right password opens the work place with clock, menu, alerts and statu
     assert.match(await page.locator("footer").textContent(), /Please Log off your User Account when Necessary/);
     assert.deepEqual(page.problems, []);
     await picture(page, "work");
+});
+
+test("the host says how it is", async () => {
+    const says = async (status, failing) => {
+        for (;;) {
+            const answer = await fetch(`${house.host.url}/health`);
+            if (answer.status === status) return assert.deepEqual((await answer.json()).failing, failing);
+        }
+    };
+    const file = path.join(house.host.data, "SmsCenter.db");
+    await says(200, undefined);
+    renameSync(file, `${file}.away`);
+    await says(503, ["SmsCenter"]);
+    renameSync(`${file}.away`, file);
+    await says(200, undefined);
 });
 
 test("logging off ends the session and shows the way back", async () => {

@@ -143,6 +143,20 @@ TEST_F(SessionTest, ReportsCarryTheirNumberAndAreKept) {
     EXPECT_EQ(session.reports().find(2), nullptr);
 }
 
+TEST(Log, WhatAnybodyMayCauseIsWrittenSoOftenASecond) {
+    web::setLogLevel(web::Level::warning);
+    std::string all;
+    for (int turn = 0; turn < 300 && all.find("unlogged=") == std::string::npos; ++turn) {
+        testing::internal::CaptureStderr();
+        for (int i = 0; i < 100; ++i) web::logOften(web::Level::warning, "request-refused", {{"status", "400"}});
+        all = testing::internal::GetCapturedStderr();
+        EXPECT_LE(std::count(all.begin(), all.end(), '\n'), 40) << "twenty a second, and a second may end meanwhile";
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_NE(all.find(" unlogged="), std::string::npos);
+    web::setLogLevel(web::Level::off);
+}
+
 TEST(Sessions, OneUserHasSoManyAndTheOldestWhosePageIsAwayGoesFirst) {
     web::setLogLevel(web::Level::off);
     web::Config config;

@@ -132,7 +132,7 @@ async function upload(file) {
     try {
         // Of the name only its end: addresses are logged on the way, and a file is often named after a patient.
         const [extension = ""] = /\.[a-z0-9]+$/i.exec(file.name) ?? [];
-        const answer = await fetch(`/upload?name=${extension}`, {method: "POST", body: file});
+        const answer = await fetch(`/upload?name=file${extension}`, {method: "POST", body: file});
         const reply = await answer.json().catch(() => ({}));
         if (reply.file) return reply;
         return {error: reply.error ?? "The file could not be sent."};

@@ -108,6 +108,7 @@ export async function startHost(environment = {}) {
             child.stdout.resume();
             proxy.mend();
         },
+        data,
         query: (query) => drive(data, {query, on: "Hospital"}).rows,
         execute: (execute) => drive(data, {execute, on: "Hospital"}),
         async stop() {

@@ -30,7 +30,7 @@ std::string pairOf(const std::string& user, const std::string& address) {
 }  // namespace
 
 std::string SignInDelays::keyOf(std::string user) {
-    user = user.substr(0, longestKey);
+    user.resize(std::min(user.size(), longestKey));
     while (!user.empty() && user.back() == ' ') user.pop_back();
     for (char& c : user) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return user;

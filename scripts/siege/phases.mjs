@@ -3,7 +3,7 @@
 import {setTimeout as sleep} from "node:timers/promises";
 
 import {Line, LineLost, Page, ask, frameOf, signIn} from "./line.mjs";
-import {Nurse, workUntilKilled} from "./nurse.mjs";
+import {workUntilKilled} from "./nurse.mjs";
 
 const block = Buffer.alloc(64 * 1024, "x"); // what is poured is one block over and over: the siege itself stays small
 const answerTime = 10000; // an answer that takes longer did not come
@@ -25,10 +25,9 @@ const source = (number) => `127.0.${1 + Math.floor(number / 250) % 250}.${1 + nu
 // ---- kills
 
 async function kills(siege, until, row) {
-    const {host, saves, random} = siege;
-    const nurses = siege.users("ward").map((account) => new Nurse(account, saves, () => random() < 0.05 ? random() * 300 : 0));
+    const {host, random} = siege;
     while (siege.goesOn(until)) {
-        const work = nurses.map((nurse) => workUntilKilled(nurse, host, row));
+        const work = siege.ward.map((nurse) => workUntilKilled(nurse, host, row));
         await sleep(200 + random() * 3000);
         await (random() < 0.1 ? stop(host, row) : kill(host, row));
         await Promise.all(work);

@@ -97,6 +97,9 @@ class Siege {
         this.host = new Host({program: options.program, memoryLimit: options.memory, connectionsMost: 2000});
         this.books = new Books(this.host);
         this.rows = [...options.phases.map(({name}) => name), "at the end"].map((name) => new Row(name));
+        // They number their patients through all rounds: a name that came twice would be another patient's.
+        const hurries = () => this.random() < 0.05 ? this.random() * 300 : 0;
+        this.ward = this.users("ward").map((account) => new Nurse(account, this.saves, hurries));
         this.nurse = new Nurse(this.users("beside")[0], this.saves, () => 50 + this.random() * 200);
     }
 

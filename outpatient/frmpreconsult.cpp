@@ -13,11 +13,11 @@ constexpr const char* noRow = "Please select a record from the list";
 }  // namespace
 
 frmPreConsult::frmPreConsult(core::Workplace& place) : Form(place, "frmPreConsult", title) {
-    chkAll.on("Click", [this] { chkAll_Click(); });
-    cboVehNo.on("Click", [this] { cboVehNo_Click(); });
-    dtDate.on("Change", [this] { trapped([this] { refreshQueue(); }); });
-    grdData.on("DblClick", [this] { cmdEdit_Click(); });
-    grdDoc.on("DblClick", [this] { grdDoc_DblClick(); });
+    chkAll.on(ui::Event::click, [this] { chkAll_Click(); });
+    cboVehNo.on(ui::Event::click, [this] { cboVehNo_Click(); });
+    dtDate.on(ui::Event::change, [this] { trapped([this] { refreshQueue(); }); });
+    grdData.on(ui::Event::dblClick, [this] { cmdEdit_Click(); });
+    grdDoc.on(ui::Event::dblClick, [this] { grdDoc_DblClick(); });
     for (const char* column : {"ID", "pno"}) grdData.hideColumn(column);
     enter(Mode::browsing);
 }

@@ -13,8 +13,8 @@ frmPatientsNew::frmPatientsNew(core::Workplace& place)
     grdDoc.onPage(SSTab1, 2);
     cboDoc.heldBy(fraAttd);
     grdDoc.hideColumn("EmpID");
-    cboDoc.on("Click", [this] { cboDoc_Click(); });
-    grdDoc.on("DblClick", [this] { trapped([this] { grdDoc_DblClick(); }); });
+    cboDoc.on(ui::Event::click, [this] { cboDoc_Click(); });
+    grdDoc.on(ui::Event::dblClick, [this] { trapped([this] { grdDoc_DblClick(); }); });
 }
 
 std::vector<core::Form::Check> frmPatientsNew::checks() {

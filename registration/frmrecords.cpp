@@ -33,18 +33,18 @@ frmRecords::frmRecords(core::Workplace& place)
 }
 
 void frmRecords::bindEvents() {
-    const auto bind = [this](ui::Control& control, const char* event, void (frmRecords::*operation)()) {
+    const auto bind = [this](ui::Control& control, ui::Event event, void (frmRecords::*operation)()) {
         control.on(event, [this, operation] { trapped([this, operation] { (this->*operation)(); }); });
     };
-    bind(cboPat, "Click", &frmRecords::cboPat_Click);
-    bind(cboType, "Click", &frmRecords::cboType_Click);
-    bind(cboPurpose, "Click", &frmRecords::cboPurpose_Click);
-    bind(dtDate, "Change", &frmRecords::refreshQueue);
+    bind(cboPat, ui::Event::click, &frmRecords::cboPat_Click);
+    bind(cboType, ui::Event::click, &frmRecords::cboType_Click);
+    bind(cboPurpose, ui::Event::click, &frmRecords::cboPurpose_Click);
+    bind(dtDate, ui::Event::change, &frmRecords::refreshQueue);
     // A purpose that is no entry of the list is routed nowhere.
-    cboPurpose.on("Change", [this] { session().gAttendPurpose.clear(); });
-    cboVehNo.on("Click", [this] { cboVehNo_Click(); });
-    grdData.on("DblClick", [this] { cmdEdit_Click(); });
-    txtName.on("KeyReturn", [this] {
+    cboPurpose.on(ui::Event::change, [this] { session().gAttendPurpose.clear(); });
+    cboVehNo.on(ui::Event::click, [this] { cboVehNo_Click(); });
+    grdData.on(ui::Event::dblClick, [this] { cmdEdit_Click(); });
+    txtName.on(ui::Event::keyReturn, [this] {
         const auto text = core::trimmed(txtName.text());
         const bool number = !text.empty() && text.find_first_not_of("0123456789/") == std::string::npos;
         find(number ? SearchKind::sysNo : SearchKind::name);

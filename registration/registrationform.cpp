@@ -26,31 +26,31 @@ RegistrationForm::RegistrationForm(core::Workplace& place, std::string name, std
 }
 
 void RegistrationForm::bindEvents() {
-    const auto bind = [this](ui::Control& control, const char* event, void (RegistrationForm::*operation)()) {
+    const auto bind = [this](ui::Control& control, ui::Event event, void (RegistrationForm::*operation)()) {
         control.on(event, [this, operation] { trapped([this, operation] { (this->*operation)(); }); });
     };
-    bind(cboPat, "Click", &RegistrationForm::cboPat_Click);
-    bind(cboClient, "Click", &RegistrationForm::cboClient_Click);
-    bind(cboCard, "Click", &RegistrationForm::cboCard_Click);
-    bind(cboFile, "Click", &RegistrationForm::cboFile_Click);
-    bind(cboMat, "Click", &RegistrationForm::cboMat_Click);
-    bind(cboIntro, "Click", &RegistrationForm::cboIntro_Click);
-    bind(cboPurpose, "Click", &RegistrationForm::routeThePurpose);
-    bind(chkReg, "Click", &RegistrationForm::chkReg_Click);
-    bind(dtDate, "Change", &RegistrationForm::dtDate_Change);
-    bind(txtAge, "Change", &RegistrationForm::txtAge_Change);
-    bind(txtAge, "LostFocus", &RegistrationForm::txtAge_LostFocus);
-    bind(lblDebt, "DblClick", &RegistrationForm::lblDebt_DblClick);
-    bind(txtName, "Change", &RegistrationForm::txtName_Change);
-    bind(grdData, "DblClick", &RegistrationForm::grdData_DblClick);
-    bind(txtsurNAme, "LostFocus", &RegistrationForm::txtsurNAme_LostFocus);
-    cboClin.on("Click", [this] {
+    bind(cboPat, ui::Event::click, &RegistrationForm::cboPat_Click);
+    bind(cboClient, ui::Event::click, &RegistrationForm::cboClient_Click);
+    bind(cboCard, ui::Event::click, &RegistrationForm::cboCard_Click);
+    bind(cboFile, ui::Event::click, &RegistrationForm::cboFile_Click);
+    bind(cboMat, ui::Event::click, &RegistrationForm::cboMat_Click);
+    bind(cboIntro, ui::Event::click, &RegistrationForm::cboIntro_Click);
+    bind(cboPurpose, ui::Event::click, &RegistrationForm::routeThePurpose);
+    bind(chkReg, ui::Event::click, &RegistrationForm::chkReg_Click);
+    bind(dtDate, ui::Event::change, &RegistrationForm::dtDate_Change);
+    bind(txtAge, ui::Event::change, &RegistrationForm::txtAge_Change);
+    bind(txtAge, ui::Event::lostFocus, &RegistrationForm::txtAge_LostFocus);
+    bind(lblDebt, ui::Event::dblClick, &RegistrationForm::lblDebt_DblClick);
+    bind(txtName, ui::Event::change, &RegistrationForm::txtName_Change);
+    bind(grdData, ui::Event::dblClick, &RegistrationForm::grdData_DblClick);
+    bind(txtsurNAme, ui::Event::lostFocus, &RegistrationForm::txtsurNAme_LostFocus);
+    cboClin.on(ui::Event::click, [this] {
         // What could not be looked up lets nobody through.
         if (!rowLoading_ && !trapped([this] { cboClin_Click(); })) clearClinic();
     });
     // A purpose that is no entry of the list is routed nowhere.
-    cboPurpose.on("Change", [this] { session().gAttendPurpose.clear(); });
-    chkAll.on("Click", [this] {
+    cboPurpose.on(ui::Event::change, [this] { session().gAttendPurpose.clear(); });
+    chkAll.on(ui::Event::click, [this] {
         trapped([this] {
             if (chkAll.checked()) client_.offerAllCategories();
         });

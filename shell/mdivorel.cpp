@@ -12,7 +12,7 @@ MdiVorel::MdiVorel(core::Workplace& place) : Form(place, "MdiVorel", "") {
     for (ui::Control* held : std::initializer_list<ui::Control*>{&cmdExpired, &cmdComm, &cmdNotify, &cmdCommView})
         held->heldBy(Picture1);
     for (ui::Label* held : {&lblServer, &lblDate, &lblTime}) held->heldBy(Frame1);
-    Picture1.on("DblClick", [this] { Picture1_DblClick(); });
+    Picture1.on(ui::Event::dblClick, [this] { Picture1_DblClick(); });
 }
 
 void MdiVorel::buildMenu() {
@@ -24,7 +24,7 @@ void MdiVorel::buildMenu() {
         for (const MenuEntry& entry : heading.entries) {
             auto& item = menu_.emplace_back(*this, entry.name, entry.caption, &parent);
             item.setVisible(isShown(entry.shown));
-            if (const auto& run = entry.action.run) item.on("Click", [this, &run] { run(*this); });
+            if (const auto& run = entry.action.run) item.on(ui::Event::click, [this, &run] { run(*this); });
         }
     }
 }

@@ -10,7 +10,7 @@ CheckBox::CheckBox(Screen& screen, std::string name, std::string caption)
 void CheckBox::setChecked(bool checked) {
     if (std::exchange(checked_, checked) == checked) return;
     touch("checked");
-    raise("Click");
+    raise(Event::click);
 }
 
 std::vector<std::string_view> CheckBox::properties() const {
@@ -37,7 +37,7 @@ void OptionButton::setChecked(bool checked) {
         auto* other = dynamic_cast<OptionButton*>(control);
         if (other && other != this && other->group_ == group_) other->setChecked(false);
     }
-    raise("Click");
+    raise(Event::click);
 }
 
 std::vector<std::string_view> OptionButton::properties() const {
@@ -61,7 +61,7 @@ void DatePicker::setValue(std::optional<db::DateTime> value) {
     if (value == value_) return;
     value_ = value;
     touch("date");
-    raise("Change");
+    raise(Event::change);
 }
 
 std::vector<std::string_view> DatePicker::properties() const {

@@ -4,7 +4,6 @@
 
 #include "ui/controls.h"
 #include "ui/desktop_impl.h"
-#include "ui/names.h"
 #include "ui/screen.h"
 
 namespace ui {
@@ -37,32 +36,26 @@ bool Control::reachable() const noexcept {
     return !tabs_ || tabs_->reachable();
 }
 
-void Control::on(std::string_view event, Handler handler) {
-    handlers_.insert_or_assign(std::string(event), std::move(handler));
+void Control::on(Event event, Handler handler) {
+    handlers_.insert_or_assign(event, std::move(handler));
 }
 
-const Control::Handler* Control::handler(std::string_view event) const {
-    for (const auto& [name, handler] : handlers_)
-        if (handler && sameName(name, event)) return &handler;
-    return nullptr;
+bool Control::handles(Event event) const {
+    const auto found = handlers_.find(event);
+    return found != handlers_.end() && found->second;
 }
 
-bool Control::handles(std::string_view event) const {
-    return handler(event) != nullptr;
-}
-
-void Control::raise(std::string_view event) {
-    const Handler* bound = handler(event);
-    if (!bound) return;
-    const Handler running = *bound;  // the operation may bind another one
+void Control::raise(Event event) {
+    if (!handles(event)) return;
+    const Handler running = handlers_.at(event);  // the operation may bind another one
     const Desktop::Operation operation(screen_.desktop());
     running();
 }
 
-std::vector<std::string> Control::events() const {
-    std::vector<std::string> names;
-    for (const auto& [name, handler] : handlers_)
-        if (handler) names.push_back(name);
+std::vector<std::string_view> Control::events() const {
+    std::vector<std::string_view> names;
+    for (const auto& [event, handler] : handlers_)
+        if (handler) names.push_back(nameOf(event));
     return names;
 }
 

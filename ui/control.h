@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "ui/event.h"
+
 namespace ui {
 
 class Screen;
@@ -51,17 +53,16 @@ public:
     [[nodiscard]] TabStrip* tabs() const noexcept { return tabs_; }
     [[nodiscard]] int page() const noexcept { return page_; }
 
-    /// Binds the operation of an event ("Click", "Change", "DblClick", "LostFocus", "GotFocus", ...), replacing an
-    /// earlier one.
-    void on(std::string_view event, Handler handler);
-    [[nodiscard]] bool handles(std::string_view event) const;
+    /// Binds the operation of an event, replacing an earlier one.
+    void on(Event event, Handler handler);
+    [[nodiscard]] bool handles(Event event) const;
     /// Runs the event's operation, if it has one.
-    void raise(std::string_view event);
+    void raise(Event event);
     /// The names of the events that have an operation.
-    [[nodiscard]] std::vector<std::string> events() const;
+    [[nodiscard]] std::vector<std::string_view> events() const;
 
-    /// The event that firing the control by its name alone means ("Click" unless the control says otherwise).
-    [[nodiscard]] virtual std::string_view defaultEvent() const { return "Click"; }
+    /// The event that firing the control by its name alone means.
+    [[nodiscard]] virtual Event defaultEvent() const { return Event::click; }
     /// "textBox", "button", ...
     [[nodiscard]] virtual std::string_view kind() const = 0;
     /// The names of the content's properties, in the order of the wire form.
@@ -83,11 +84,9 @@ protected:
     virtual void enabledChanged() {}
 
 private:
-    [[nodiscard]] const Handler* handler(std::string_view event) const;
-
     Screen& screen_;
     std::string name_;
-    std::map<std::string, Handler, std::less<>> handlers_;
+    std::map<Event, Handler> handlers_;
     const Control* holder_ = nullptr;
     TabStrip* tabs_ = nullptr;
     int page_ = 0;

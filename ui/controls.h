@@ -323,7 +323,7 @@ public:
     void clear();
     [[nodiscard]] const std::vector<TreeNode>& nodes() const noexcept { return nodes_; }
     [[nodiscard]] int index() const noexcept { return index_; }
-    [[nodiscard]] std::string_view defaultEvent() const override { return "NodeClick"; }
+    [[nodiscard]] Event defaultEvent() const override { return Event::nodeClick; }
     [[nodiscard]] std::string_view kind() const override { return "treeView"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
@@ -346,7 +346,7 @@ public:
     [[nodiscard]] bool checked(std::size_t row) const { return checked_.at(row); }
     void setChecked(std::size_t row, bool checked);
     [[nodiscard]] int row() const noexcept { return row_; }
-    [[nodiscard]] std::string_view defaultEvent() const override { return "ItemClick"; }
+    [[nodiscard]] Event defaultEvent() const override { return Event::itemClick; }
     [[nodiscard]] std::string_view kind() const override { return "listView"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
@@ -411,7 +411,7 @@ public:
     /// Runs the job once if the timer runs. A job that is still at work (it shows a box) is not run again meanwhile; an
     /// error that no trap of it takes is shown.
     void tick();
-    [[nodiscard]] std::string_view defaultEvent() const override { return "Timer"; }
+    [[nodiscard]] Event defaultEvent() const override { return Event::timer; }
     [[nodiscard]] std::string_view kind() const override { return "timer"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;

@@ -52,10 +52,10 @@ void Desktop::fire(std::string_view path, bool force) {
         if (!fireScreen(at)) throw Refused{at.screen->name() + " is a screen: name an event of it"};
         return;
     }
-    const std::string event = at.event.empty() ? std::string(at.control->defaultEvent()) : at.event;
-    if (!at.control->handles(event) && !sameName(event, at.control->defaultEvent()))
-        throw Refused{at.control->path() + " has no event " + event};
-    at.control->raise(event);
+    const std::optional<Event> event = at.event.empty() ? at.control->defaultEvent() : eventNamed(at.event);
+    if (!event || (!at.control->handles(*event) && *event != at.control->defaultEvent()))
+        throw Refused{at.control->path() + " has no event " + at.event};
+    at.control->raise(*event);
 }
 
 void Desktop::set(std::string_view path, const nlohmann::json& content, bool force) {

@@ -53,7 +53,7 @@ nlohmann::json Label::property(std::string_view /*name*/) const {
 
 Button::Button(Screen& screen, std::string name, std::string caption, Handler click)
     : Control(screen, std::move(name)), caption_(std::move(caption)) {
-    on("Click", std::move(click));
+    on(Event::click, std::move(click));
 }
 
 void Button::setCaption(std::string caption) {
@@ -138,7 +138,7 @@ nlohmann::json StatusBar::property(std::string_view /*name*/) const {
 MenuItem::MenuItem(Screen& screen, std::string name, std::string caption, const MenuItem* parent, Handler click)
     : Control(screen, std::move(name)), caption_(std::move(caption)), parent_(parent) {
     if (parent) heldBy(*parent);
-    on("Click", std::move(click));
+    on(Event::click, std::move(click));
 }
 
 void MenuItem::setCaption(std::string caption) {

@@ -38,7 +38,7 @@ void DataGrid::setRow(int row) {
     if (row >= 0) rows_.moveTo(static_cast<std::size_t>(row));
     if (std::exchange(row_, row) == row) return;
     touch("row");
-    raise("RowChange");
+    raise(Event::rowChange);
 }
 
 std::string DataGrid::text(std::string_view field) const {
@@ -92,7 +92,7 @@ nlohmann::json DataGrid::property(std::string_view name) const {
 
 void DataGrid::take(const nlohmann::json& content) {
     setRow(rowIn(*this, content, rows_.rowCount()));
-    raise("Click");
+    raise(Event::click);
 }
 
 FlexGrid::FlexGrid(Screen& screen, std::string name, std::vector<std::string> columns)
@@ -156,7 +156,7 @@ nlohmann::json FlexGrid::property(std::string_view name) const {
 
 void FlexGrid::take(const nlohmann::json& content) {
     setRow(rowIn(*this, content, cells_.size()));
-    raise("Click");
+    raise(Event::click);
 }
 
 }  // namespace ui

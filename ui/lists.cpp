@@ -25,7 +25,7 @@ void ItemControl::setIndex(int index) {
     if (index < -1 || index >= static_cast<int>(items_.size()))
         throw db::Error(db::Category::other, "Invalid property array index");
     pick(index);
-    raise("Click");
+    raise(Event::click);
 }
 
 std::string ItemControl::key() const {
@@ -63,7 +63,7 @@ void ComboBox::setText(std::string text) {
     pick(-1);
     text_ = std::move(text);
     touch("text");
-    raise("Change");
+    raise(Event::change);
 }
 
 void ComboBox::clear() {

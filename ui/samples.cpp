@@ -188,40 +188,40 @@ void frmSamples::fillTrend() {
 }
 
 void frmSamples::bindTexts() {
-    txtName.on("KeyReturn", [this] { says("Name: " + txtName.text()); });
-    txtName.on("LostFocus", [this] { says("Left the name"); });
-    txtCode.on("GotFocus", [this] { says("Came to the code"); });
-    txtTemp.on("LostFocus", [this] {
+    txtName.on(Event::keyReturn, [this] { says("Name: " + txtName.text()); });
+    txtName.on(Event::lostFocus, [this] { says("Left the name"); });
+    txtCode.on(Event::gotFocus, [this] { says("Came to the code"); });
+    txtTemp.on(Event::lostFocus, [this] {
         if (txtTemp.text().size() <= 4) return;
         desktop().message("The temperature is too long", Icon::warning);
         desktop().focus(txtTemp);
     });
-    txtNote.on("Change", [this] { says("Note: " + std::to_string(txtNote.text().size())); });
+    txtNote.on(Event::change, [this] { says("Note: " + std::to_string(txtNote.text().size())); });
 }
 
 void frmSamples::bindChoices() {
-    cboDrug.on("Click", [this] { says("Drug: " + cboDrug.text()); });
-    cboWard.on("Click", [this] { says("Ward: " + cboWard.text()); });
-    dtVisit.on("Change", [this] { says(dtVisit.value() ? "Visit: " + dtVisit.value()->isoDate() : "No visit"); });
-    chkFasting.on("Click", [this] { says(chkFasting.checked() ? "Fasting" : "Not fasting"); });
-    optMale.on("Click", [this] { says("Male"); });
-    optFemale.on("Click", [this] { says("Female"); });
-    chkHold.on("Click", [this] { picHolder.setEnabled(!chkHold.checked()); });
+    cboDrug.on(Event::click, [this] { says("Drug: " + cboDrug.text()); });
+    cboWard.on(Event::click, [this] { says("Ward: " + cboWard.text()); });
+    dtVisit.on(Event::change, [this] { says(dtVisit.value() ? "Visit: " + dtVisit.value()->isoDate() : "No visit"); });
+    chkFasting.on(Event::click, [this] { says(chkFasting.checked() ? "Fasting" : "Not fasting"); });
+    optMale.on(Event::click, [this] { says("Male"); });
+    optFemale.on(Event::click, [this] { says("Female"); });
+    chkHold.on(Event::click, [this] { picHolder.setEnabled(!chkHold.checked()); });
 }
 
 void frmSamples::bindLists() {
-    grdData.on("RowChange", [this] { says("Patient: " + grdData.text("PNo")); });
-    grdData.on("DblClick", [this] { says("Opened: " + grdData.text("PNo") + " " + grdData.text("consultID")); });
-    lstBeds.on("Click", [this] { says(lstBeds.text()); });
-    lstBeds.on("DblClick", [this] { says("Opened: " + lstBeds.text()); });
-    treeUnits.on("NodeClick",
+    grdData.on(Event::rowChange, [this] { says("Patient: " + grdData.text("PNo")); });
+    grdData.on(Event::dblClick, [this] { says("Opened: " + grdData.text("PNo") + " " + grdData.text("consultID")); });
+    lstBeds.on(Event::click, [this] { says(lstBeds.text()); });
+    lstBeds.on(Event::dblClick, [this] { says("Opened: " + lstBeds.text()); });
+    treeUnits.on(Event::nodeClick,
                  [this] { says("Unit: " + treeUnits.nodes().at(static_cast<std::size_t>(treeUnits.index())).text); });
-    lvwTests.on("ItemCheck", [this] {
+    lvwTests.on(Event::itemCheck, [this] {
         const auto row = static_cast<std::size_t>(lvwTests.row());
         says(lvwTests.cell(row, 0) + (lvwTests.checked(row) ? " checked" : " not checked"));
     });
-    tabPages.on("Click", [this] { says("Page " + std::to_string(tabPages.page() + 1)); });
-    picPhoto.on("DblClick", [this] { says("Photo"); });
+    tabPages.on(Event::click, [this] { says("Page " + std::to_string(tabPages.page() + 1)); });
+    picPhoto.on(Event::dblClick, [this] { says("Photo"); });
 }
 
 void frmSamples::ask() {

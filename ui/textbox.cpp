@@ -90,7 +90,7 @@ void TextBox::setText(std::string text) {
         touch("text");
     else if (wasFilled == text_.empty())
         touch("filled");
-    raise("Change");
+    raise(Event::change);
 }
 
 std::vector<std::string_view> TextBox::properties() const {

@@ -8,7 +8,7 @@ namespace ui {
 
 Timer::Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running, Handler job)
     : Control(screen, std::move(name)), interval_(interval) {
-    on("Timer", std::move(job));
+    on(Event::timer, std::move(job));
     if (running)
         screen.desktop().loop().timerStarted(*this);
     else
@@ -29,7 +29,7 @@ void Timer::tick() {
     if (!running() || working_) return;
     screen().desktop().attempt([this] {
         const Raised working(working_);
-        raise("Timer");
+        raise(Event::timer);
     });
 }
 

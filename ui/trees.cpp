@@ -12,7 +12,7 @@ void TabStrip::setPage(int page) {
         throw db::Error(db::Category::other, "Invalid property value");
     if (std::exchange(page_, page) == page) return;
     touch("page");
-    raise("Click");
+    raise(Event::click);
 }
 
 std::vector<std::string_view> TabStrip::properties() const {
@@ -58,7 +58,7 @@ nlohmann::json TreeView::property(std::string_view name) const {
 void TreeView::take(const nlohmann::json& content) {
     const int picked = rowIn(*this, content, nodes_.size());
     if (std::exchange(index_, picked) != picked) touch("index");
-    raise("NodeClick");
+    raise(Event::nodeClick);
 }
 
 ListView::ListView(Screen& screen, std::string name, std::vector<std::string> columns, bool checkBoxes)
@@ -113,10 +113,10 @@ void ListView::take(const nlohmann::json& content) {
     const bool checked = checks && checkBoxes_ && flagOf(*this, content["checked"]);
     if (checks && !checkBoxes_) throw Refused{path() + " has no check marks"};
     if (std::exchange(row_, picked) != picked) touch("row");
-    if (!checks) return raise("ItemClick");
+    if (!checks) return raise(Event::itemClick);
     if (checked_[row] == checked) return;
     setChecked(row, checked);
-    raise("ItemCheck");
+    raise(Event::itemCheck);
 }
 
 }  // namespace ui

@@ -20,7 +20,7 @@ db::Recordset list(const Rows& rows) {
 class QueueScreen : public ui::Screen {
 public:
     explicit QueueScreen(ui::Desktop& desktop) : Screen(desktop, "frmQueue", "Queue") {
-        grid.on("RowChange", [this] { ++rowChanges; });
+        grid.on(ui::Event::rowChange, [this] { ++rowChanges; });
     }
     ui::DataGrid grid{*this, "grid"};
     int rowChanges = 0;

@@ -50,8 +50,8 @@ TEST(Controls, combosPickByTextAndRaiseClickAlsoForTheSameItem) {
     Desk desk;
     ui::ComboBox combo(desk.ward, "combo");
     std::string raised;
-    combo.on("Click", [&] { raised += "click "; });
-    combo.on("Change", [&] { raised += "change "; });
+    combo.on(ui::Event::click, [&] { raised += "click "; });
+    combo.on(ui::Event::change, [&] { raised += "change "; });
     combo.setItems({{"Ada [1]", "1"}, {"Bola [2]", "2"}});
     combo.take("Bola [2]");
     combo.take("Bola [2]");
@@ -105,8 +105,8 @@ TEST(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
 
     ui::ListView list(desk.ward, "list", {"Test"}, true);
     std::string raised;
-    list.on("ItemClick", [&] { raised += "click "; });
-    list.on("ItemCheck", [&] { raised += "check "; });
+    list.on(ui::Event::itemClick, [&] { raised += "click "; });
+    list.on(ui::Event::itemCheck, [&] { raised += "check "; });
     list.addRow({"Malaria"});
     list.take(json{{"row", 0}});
     list.take(json{{"row", 0}, {"checked", true}});
@@ -121,9 +121,9 @@ TEST(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {
     EXPECT_EQ(desk.ward.find("TXTNAME"), &desk.ward.txtName);
     EXPECT_THROW(ui::Label(desk.ward, "TxtName"), std::logic_error);
     EXPECT_EQ(desk.ward.find("txtName"), &desk.ward.txtName);
-    desk.ward.lblInfo.on("DblClick", [] {});
-    EXPECT_TRUE(desk.ward.lblInfo.handles("dblclick"));
-    EXPECT_FALSE(desk.ward.lblInfo.handles("Click"));
+    desk.ward.lblInfo.on(ui::Event::dblClick, [] {});
+    EXPECT_TRUE(desk.ward.lblInfo.handles(ui::Event::dblClick));
+    EXPECT_FALSE(desk.ward.lblInfo.handles(ui::Event::click));
 }
 
 TEST(Controls, everyKindShowsWhatTheWireFormNames) {

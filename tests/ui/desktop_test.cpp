@@ -143,7 +143,7 @@ TEST(EventLoop, aTimerWhoseJobShowsABoxTicksNoSecondTimeMeanwhile) {
     int boxes = 0;
     talk.loop.setTimersRun(true);
     talk.loop.setBeforeWait({});
-    talk.ward().tmrWatch.on("Timer", [&] {
+    talk.ward().tmrWatch.on(ui::Event::timer, [&] {
         ++boxes;
         talk.desktop.message("Look");
         talk.ward().tmrWatch.setRunning(false);

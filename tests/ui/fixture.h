@@ -36,12 +36,12 @@ public:
         txtTab.onPage(tabs, 1);
         cmdInside.heldBy(panel);
         txtName.setMaxLength(5);
-        txtEcho.on("Change", [this] {
+        txtEcho.on(ui::Event::change, [this] {
             if (txtEcho.text() == "clear me") txtEcho.clear();
         });
         cboWard.setItems({{"Male ward", "M"}, {"Female ward", "F"}});
-        cboWard.on("Click", [this] { lblInfo.setCaption("picked " + cboWard.key()); });
-        grdData.on("RowChange", [this] { lblInfo.setCaption(grdData.text("name")); });
+        cboWard.on(ui::Event::click, [this] { lblInfo.setCaption("picked " + cboWard.key()); });
+        grdData.on(ui::Event::rowChange, [this] { lblInfo.setCaption(grdData.text("name")); });
     }
     void load() override { lblInfo.setCaption("loaded"); }
     bool queryUnload() override { return mayClose.checked() || desktop().askYesNo("Really?", "Close"); }

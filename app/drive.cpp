@@ -4,7 +4,8 @@
 #include "app/datadirectory.h"
 #include "app/screens.h"
 #include "app/seat.h"
-#include "core/loadsession.h"
+#include "core/session/loadsession.h"
+#include "core/session/workplace.h"
 #include "drive/driver.h"
 
 namespace app {

@@ -1,7 +1,8 @@
 #include "app/seat.h"
 
 #include "app/screens.h"
-#include "core/loadsession.h"
+#include "core/session/loadsession.h"
+#include "core/session/workplace.h"
 #include "ui/samples.h"
 
 namespace app {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/programdirectory.h"
-#include "core/pagesaves.h"
-#include "core/workplace.h"
+#include "core/audit/pagesaves.h"
+#include "core/session/workplace.h"
 #include "ui/seat.h"
 #include "web/config.h"
 

@@ -7,8 +7,8 @@
 #include "app/datadirectory.h"
 #include "app/health.h"
 #include "app/seat.h"
-#include "core/pagesaves.h"
-#include "shell/signin.h"
+#include "core/audit/pagesaves.h"
+#include "shell/accounts/signin.h"
 #include "web/host.h"
 
 namespace app {

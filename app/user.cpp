@@ -3,7 +3,7 @@
 #include "app/commands.h"
 #include "app/datadirectory.h"
 #include "app/seat.h"
-#include "shell/users.h"
+#include "shell/accounts/users.h"
 
 namespace app {
 

@@ -7,10 +7,11 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/loadsession.h"
+#include "core/session/loadsession.h"
+#include "core/session/workplace.h"
 #include "db/schema.h"
+#include "shell/accounts/users.h"
 #include "shell/screens.h"
-#include "shell/users.h"
 
 namespace {
 

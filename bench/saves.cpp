@@ -18,15 +18,16 @@
 #include <vector>
 
 #include "bench/desk.h"
-#include "core/loadsession.h"
+#include "core/session/loadsession.h"
+#include "core/session/workplace.h"
 #include "db/dialect.h"
 #include "db/schema.h"
 #include "db/sqlite/functions.h"
 #include "db/sqlite/prepared.h"
 #include "outpatient/screens.h"
 #include "registration/screens.h"
+#include "shell/accounts/users.h"
 #include "shell/screens.h"
-#include "shell/users.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/entries.h"
+#include "core/rows/cells.h"
 
 namespace billing {
 

@@ -20,22 +20,27 @@ enum class Category {
 /// a statement, so it can go into a log as it stands.
 class Error : public std::runtime_error {
 public:
-    Error(Category category, const std::string& description, std::string operation = {}, std::string cause = {})
+    Error(Category category, const std::string& description, std::string operation = {}, std::string cause = {},
+          std::string column = {})
         : std::runtime_error(description),
           category_(category),
           operation_(std::move(operation)),
-          cause_(std::move(cause)) {}
+          cause_(std::move(cause)),
+          column_(std::move(column)) {}
 
     [[nodiscard]] Category category() const noexcept { return category_; }
     /// What was being done ("execute on Hospital"), for the log.
     [[nodiscard]] const std::string& operation() const noexcept { return operation_; }
     /// The engine's own code or text, for the log.
     [[nodiscard]] const std::string& cause() const noexcept { return cause_; }
+    /// The column that a value did not fit, or "".
+    [[nodiscard]] const std::string& column() const noexcept { return column_; }
 
 private:
     Category category_;
     std::string operation_;
     std::string cause_;
+    std::string column_;
 };
 
 }  // namespace db

@@ -4,7 +4,8 @@
 #include <iosfwd>
 #include <nlohmann/json_fwd.hpp>
 
-#include "core/workplace.h"
+#include "core/session/loadsession.h"
+#include "core/session/workplace.h"
 #include "ui/conversation.h"
 
 namespace drive {

@@ -2,7 +2,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "core/session.h"
 #include "db/connection.h"
 
 namespace drive {

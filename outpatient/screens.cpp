@@ -1,6 +1,6 @@
 #include "outpatient/screens.h"
 
-#include "outpatient/frmpreconsult.h"
+#include "outpatient/frmpreconsult/frmpreconsult.h"
 
 namespace outpatient {
 

@@ -1,9 +1,9 @@
 #include "registration/screens.h"
 
-#include "registration/frmpatientsnew.h"
-#include "registration/frmpatientsnewnur.h"
-#include "registration/frmrecords.h"
-#include "registration/frmverify.h"
+#include "registration/frmpatientsnew/frmpatientsnew.h"
+#include "registration/frmpatientsnewnur/frmpatientsnewnur.h"
+#include "registration/frmrecords/frmrecords.h"
+#include "registration/frmverify/frmverify.h"
 
 namespace registration {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/workplace.h"
+#include "core/session/workplace.h"
 
 namespace registration {
 

@@ -1,6 +1,6 @@
 #include "shell/screens.h"
 
-#include "shell/mdivorel.h"
+#include "shell/mdivorel/mdivorel.h"
 
 namespace shell {
 

@@ -86,6 +86,7 @@ public:
     enum class Style { freeText, listOnly };
     /// `filter` is for what is typed; an entry of the list is picked as it stands.
     ComboBox(Screen& screen, std::string name, Style style = Style::freeText, KeyFilter filter = anyKey);
+    [[nodiscard]] Style style() const noexcept { return style_; }
     [[nodiscard]] const std::string& text() const noexcept { return text_; }
     /// An item's full text picks it and raises Click; another text raises Change and, where the style is listOnly, is
     /// an Error(other) "'Text' property is read-only".
@@ -275,6 +276,7 @@ public:
     void removeRow(std::size_t row);
     void clear();
     [[nodiscard]] const std::string& cell(std::size_t row, std::size_t column) const;
+    [[nodiscard]] const std::vector<std::string>& cells(std::size_t row) const;
     void setCell(std::size_t row, std::size_t column, std::string text);
     [[nodiscard]] int row() const noexcept { return row_; }
     void setRow(int row);
@@ -403,7 +405,8 @@ private:
 /// A timer's `visible` means nothing; `enabled` is its running.
 class Timer : public Control {
 public:
-    Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running, Handler job);
+    Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running = true,
+          Handler job = {});
     ~Timer() override;
     [[nodiscard]] bool running() const noexcept { return enabled(); }
     void setRunning(bool running) { setEnabled(running); }

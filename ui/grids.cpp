@@ -125,6 +125,11 @@ const std::string& FlexGrid::cell(std::size_t row, std::size_t column) const {
     return cells_[row][column];
 }
 
+const std::vector<std::string>& FlexGrid::cells(std::size_t row) const {
+    static_cast<void>(cell(row, 0));
+    return cells_[row];
+}
+
 void FlexGrid::setCell(std::size_t row, std::size_t column, std::string text) {
     if (cell(row, column) == text) return;
     cells_[row][column] = std::move(text);

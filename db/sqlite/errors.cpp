@@ -17,7 +17,7 @@ struct Wording {
 
 /// The checks of a table are named by their kind and their column.
 constexpr Wording checks[] = {
-    {"CHECK constraint failed: length ", Category::type, "String or binary data would be truncated.", ""},
+    {"CHECK constraint failed: length ", Category::type, "String or binary data would be truncated, column '", "'."},
     {"CHECK constraint failed: integer ", Category::type,
      "Conversion failed when converting a value to an integer, column '", "'."},
     {"CHECK constraint failed: range ", Category::type, "Arithmetic overflow error for an integer, column '", "'."},
@@ -37,9 +37,10 @@ constexpr Wording texts[] = {
 };
 
 Error worded(const Wording& wording, std::string_view message, const std::string& operation) {
-    std::string text(wording.before);
-    if (!wording.after.empty()) text.append(message.substr(wording.prefix.size())).append(wording.after);
-    return {wording.category, text, operation, std::string(message)};
+    if (wording.after.empty()) return {wording.category, std::string(wording.before), operation, std::string(message)};
+    const std::string name(message.substr(wording.prefix.size()));
+    return {wording.category, std::string(wording.before).append(name).append(wording.after), operation,
+            std::string(message), wording.category == Category::type ? name : std::string()};
 }
 
 template <std::size_t N>

@@ -1,7 +1,8 @@
-#include "core/defaults.h"
 
 #include <map>
 
+#include "core/session/loadsession.h"
+#include "core/session/session.h"
 #include "tests/core/stubs.h"
 
 namespace {

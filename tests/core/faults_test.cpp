@@ -1,7 +1,14 @@
 // What the shared routines leave behind when a text is hostile, a write fails, or their caller is in the middle of a
 // save.
 
-#include "core/outbox.h"
+#include "core/audit/activities.h"
+#include "core/audit/audit.h"
+#include "core/numbers/numbers.h"
+#include "core/patients/outbox.h"
+#include "core/patients/patient.h"
+#include "core/session/loadsession.h"
+#include "core/session/session.h"
+#include "core/session/trap.h"
 #include "tests/core/stubs.h"
 
 namespace {

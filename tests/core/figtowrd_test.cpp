@@ -1,10 +1,11 @@
-#include "core/figtowrd.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <utility>
 #include <vector>
+
+#include "core/texts/figtowrd.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
-#include "core/grids.h"
 
+#include "core/rows/grids.h"
 #include "db/rowbuffer.h"
 #include "tests/support/hospital.h"
 

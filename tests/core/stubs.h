@@ -4,9 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "core/form.h"
-#include "core/loadsession.h"
-#include "core/utility.h"
+#include "core/forms/form.h"
+#include "core/session/loadsession.h"
+#include "core/session/mainwindow.h"
+#include "core/session/workplace.h"
 #include "tests/support/hospital.h"
 
 namespace test {

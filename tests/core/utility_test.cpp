@@ -1,7 +1,17 @@
-#include "core/utility.h"
 
 #include <set>
 
+#include "core/audit/activities.h"
+#include "core/audit/audit.h"
+#include "core/clock/clock.h"
+#include "core/forms/form.h"
+#include "core/numbers/numbers.h"
+#include "core/patients/patient.h"
+#include "core/session/mainwindow.h"
+#include "core/session/session.h"
+#include "core/session/workplace.h"
+#include "core/texts/encoding.h"
+#include "core/texts/texts.h"
 #include "tests/core/stubs.h"
 
 namespace {

@@ -2,7 +2,9 @@
 
 #include <sstream>
 
-#include "core/form.h"
+#include "core/forms/form.h"
+#include "core/session/session.h"
+#include "core/session/workplace.h"
 #include "drive/driver.h"
 #include "tests/support/hospital.h"
 

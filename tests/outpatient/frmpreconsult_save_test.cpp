@@ -1,4 +1,5 @@
-#include "core/pagesaves.h"
+#include "core/audit/pagesaves.h"
+#include "core/texts/texts.h"
 #include "tests/outpatient/preconsult.h"
 
 using namespace db::literals;
@@ -47,7 +48,7 @@ TEST_F(PreConsult, ChecksComeInOrderAndThePlaceToMendGetsTheCursor) {
     EXPECT_EQ(hospital.boxes().back().text, "Are you sure to save");
     EXPECT_EQ(hospital.boxes().back().title, "Check before save");
     EXPECT_EQ(rows(), before);
-    EXPECT_EQ(screen().txtWt.text(), "0");
+    EXPECT_EQ(screen().readings.txtWt.text(), "0");
     save("Record Succesfully saved");
     EXPECT_EQ(hospital.value("select Pressure from hPreConsult"_sql), db::Value("0/0"));
 }
@@ -93,7 +94,7 @@ TEST_F(PreConsult, ASaveWritesTheReadingsTheirTwinTheFeeAndThePassingOn) {
 TEST_F(PreConsult, AfterASaveTheScreenWaitsForTheNextPatient) {
     saveOne();
     EXPECT_TRUE(screen().cmdAdd.visible() && screen().cmdRefresh.visible());
-    EXPECT_FALSE(screen().OKButton.visible() || screen().cboVehNo.enabled() || screen().txtTemp.enabled());
+    EXPECT_FALSE(screen().OKButton.visible() || screen().cboVehNo.enabled() || screen().readings.txtTemp.enabled());
     for (const auto& field : typed) EXPECT_EQ(text(field.first), "") << field.first;
     EXPECT_EQ(text("cboVehNo") + text("CboRef") + text("cboType"), "");
     EXPECT_EQ(screen().Label5.caption(), "Vital Signs");
@@ -163,7 +164,7 @@ TEST_F(PreConsult, ReadingsThatADoctorUsedAreNotCorrectedButGoWhenDeleted) {
     const auto before = rows();
     save("Cannot Edit this record! Already used by Doctor for Consultation");
     EXPECT_EQ(rows(), before);
-    EXPECT_EQ(screen().txtTemp.text(), "40");
+    EXPECT_EQ(screen().readings.txtTemp.text(), "40");
     EXPECT_TRUE(screen().OKButton.visible());
     fire("cmdCancel");
 
@@ -266,7 +267,7 @@ TEST_F(PreConsult, ARowThatSomebodyDeletedMeanwhileIsNotWrittenAgain) {
     const auto before = rows();
     save("Either BOF or EOF is True, or the current record has been deleted.");
     EXPECT_EQ(rows(), before);
-    EXPECT_EQ(screen().txtTemp.text(), "36.8");
+    EXPECT_EQ(screen().readings.txtTemp.text(), "36.8");
 }
 
 TEST_F(PreConsult, HostileTextsAreStoredAsTheyAreOrRefusedWhole) {

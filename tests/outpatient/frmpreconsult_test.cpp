@@ -1,3 +1,4 @@
+#include "core/session/session.h"
 #include "tests/outpatient/preconsult.h"
 
 using namespace db::literals;
@@ -6,8 +7,9 @@ namespace test {
 namespace {
 
 TEST_F(PreConsult, LoadFillsTheListsAndLocksTheFields) {
-    EXPECT_EQ(texts(screen().cboPosition), (std::vector<std::string>{"Left Lateral", "Right Lateral", "Sitting",
-                                                                     "Upright", "Prone", "Trendelenburg", "Cardiac"}));
+    EXPECT_EQ(texts(screen().readings.cboPosition),
+              (std::vector<std::string>{"Left Lateral", "Right Lateral", "Sitting", "Upright", "Prone", "Trendelenburg",
+                                        "Cardiac"}));
     EXPECT_EQ(texts(screen().CboRef), (std::vector<std::string>{"", "Tunde Ojo [D1]", "Zainab Audu [D2]"}));
     EXPECT_EQ(texts(screen().cboType), (std::vector<std::string>{"", "EYE", "GENERAL", "O'CLOCK"}));
     EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(2026, 11, 24));

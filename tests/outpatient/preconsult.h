@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "outpatient/frmpreconsult.h"
+#include "outpatient/frmpreconsult/frmpreconsult.h"
 #include "outpatient/screens.h"
 #include "tests/core/stubs.h"
 

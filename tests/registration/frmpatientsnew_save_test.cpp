@@ -1,3 +1,4 @@
+#include "core/session/session.h"
 #include "tests/registration/patientsnew.h"
 
 using namespace db::literals;

@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "core/session/session.h"
 #include "tests/registration/patientsnew.h"
 
 using namespace db::literals;

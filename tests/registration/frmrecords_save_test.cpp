@@ -1,3 +1,4 @@
+#include "core/session/session.h"
 #include "tests/registration/records.h"
 
 using namespace db::literals;

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "registration/frmrecords.h"
+#include "registration/frmrecords/frmrecords.h"
 #include "tests/registration/registration.h"
 
 namespace test {

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "registration/registrationform.h"
 #include "registration/screens.h"
+#include "registration/shared/registrationform/registrationform.h"
 #include "tests/core/stubs.h"
 #include "tests/support/picture.h"
 

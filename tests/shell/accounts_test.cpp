@@ -1,9 +1,10 @@
 #include <stdexcept>
 
-#include "core/utility.h"
+#include "core/session/workplace.h"
+#include "core/texts/encoding.h"
 #include "db/error.h"
-#include "shell/signin.h"
-#include "shell/users.h"
+#include "shell/accounts/signin.h"
+#include "shell/accounts/users.h"
 #include "tests/support/hospital.h"
 
 using namespace db::literals;

@@ -3,26 +3,27 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "core/loadsession.h"
+#include "core/forms/form.h"
+#include "core/session/loadsession.h"
+#include "core/session/workplace.h"
 #include "db/error.h"
-#include "shell/mdivorel.h"
-#include "shell/menu.h"
+#include "shell/mdivorel/mdivorel.h"
+#include "shell/mdivorel/menu.h"
 #include "shell/screens.h"
 #include "tests/support/hospital.h"
 #include "ui/controls.h"
 
 namespace test {
 
-/// A screen of which only the name matters, with one combo box where the test needs a control of that name.
-class NamedScreen : public ui::Screen {
+/// A screen of which only the name matters, and whether it has a patient that a comment would be about.
+class NamedScreen : public core::Form {
 public:
-    NamedScreen(ui::Desktop& desktop, const std::string& name, const std::string& control = {})
-        : Screen(desktop, name, name) {
-        if (!control.empty()) combo = std::make_unique<ui::ComboBox>(*this, control);
-    }
-    std::unique_ptr<ui::ComboBox> combo;
+    using Form::Form;
+    [[nodiscard]] std::optional<std::string> patientEntry() const override { return patient; }
+    std::optional<std::string> patient;
 };
 
 /// A nurse who has signed in and sees the main window; screens that do not exist yet stand there by name.
@@ -38,9 +39,8 @@ protected:
         ASSERT_NE(place.desktop.main(), nullptr);
         hospital.forget();
     }
-    void provide(const std::string& name, const std::string& control = {}) {
-        place.desktop.provide(
-            name, [this, name, control] { return std::make_unique<NamedScreen>(place.desktop, name, control); });
+    void provide(const std::string& name) {
+        place.desktop.provide(name, [this, name] { return std::make_unique<NamedScreen>(place, name, name); });
     }
     shell::MdiVorel& window() { return dynamic_cast<shell::MdiVorel&>(*place.desktop.main()); }
     core::Session& session() { return place.session; }

@@ -3,6 +3,7 @@
 #include <map>
 #include <sstream>
 
+#include "core/session/session.h"
 #include "tests/shell/mainwindow.h"
 #include "ui/control.h"
 

@@ -1,3 +1,4 @@
+#include "core/session/session.h"
 #include "tests/shell/mainwindow.h"
 
 using namespace db::literals;

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/workplace.h"
+#include "core/session/workplace.h"
 #include "db/databases.h"
 #include "ui/eventloop.h"
 

@@ -1,0 +1,99 @@
+#include "core/forms/form.h"
+
+#include <algorithm>
+
+#include "core/audit/audit.h"
+#include "core/session/session.h"
+#include "core/texts/texts.h"
+
+namespace core {
+
+namespace {
+
+/// Says for as long as it stands whose save runs.
+class Saving {
+public:
+    Saving(std::string& holder, const std::string& screen) : holder_(holder) { holder_ = screen; }
+    Saving(const Saving&) = delete;
+    Saving& operator=(const Saving&) = delete;
+    ~Saving() { holder_.clear(); }
+
+private:
+    std::string& holder_;
+};
+
+/// The button of the save that runs says so and takes no further click.
+class Busy {
+public:
+    explicit Busy(ui::Button& button) : button_(button), caption_(button.caption()) {
+        button_.setEnabled(false);
+        button_.setCaption("Saving ...");
+        button_.screen().desktop().flushChanges();
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    ~Busy() {
+        button_.setCaption(caption_);
+        button_.setEnabled(true);
+    }
+
+private:
+    ui::Button& button_;
+    std::string caption_;
+};
+
+}  // namespace
+
+void Form::bind(ui::Control& control, ui::Event event, std::function<void()> operation) {
+    control.on(event, [this, run = std::move(operation)] { trapped(run); });
+}
+
+void Form::quietly(ui::Timer& timer, std::function<void()> job) {
+    timer.on(ui::Event::timer, [this, run = std::move(job)] { core::quietly(place_, run); });
+}
+
+void Form::refuse(const Refusal& refusal) {
+    message(refusal.text, refusal.icon, refusal.title);
+    if (refusal.control) desktop().focus(*refusal.control);
+}
+
+void Form::audit(const std::string& action, const std::string& code, const std::string& remarks) {
+    AuditTrail(place_, session().gUserName, action, code, remarks, session().gComputerName);
+}
+
+bool Form::blank(const ui::TextBox& box) {
+    return core::blank(box.text());
+}
+
+bool Form::blank(const ui::ComboBox& list) {
+    return core::blank(list.text());
+}
+
+bool Form::blank(const ui::Label& label) {
+    return core::blank(label.caption());
+}
+
+bool Form::passes(const std::vector<Check>& checks) {
+    const auto failed = std::find_if(checks.begin(), checks.end(), [](const Check& check) { return check.failed; });
+    if (failed == checks.end()) return true;
+    refuse({failed->text, failed->control, failed->title, failed->icon});
+    return false;
+}
+
+bool Form::saves(ui::Button& button, const std::function<void()>& work) {
+    const Busy busy(button);
+    std::string column;
+    const bool wentThrough = trapped([&] {
+        const Saving saving(place_.saving, name());
+        try {
+            work();
+        } catch (const db::Error& error) {
+            column = error.column();
+            throw;
+        }
+    });
+    if (auto* control = column.empty() ? nullptr : controlOf(column)) desktop().focus(*control);
+    return wentThrough;
+}
+
+}  // namespace core

@@ -1,0 +1,19 @@
+#include "core/patients/doctorsqueue.h"
+
+#include "core/rows/grids.h"
+#include "core/session/workplace.h"
+
+namespace core {
+
+using namespace db::literals;
+
+void refreshDoctorsQueue(Workplace& place, ui::DataGrid& grid, const ui::DatePicker& day) {
+    const auto date = day.value() ? db::Value(*day.value()) : db::Value("");
+    refreshRows(grid,
+                place.hospital().read(
+                    "select distinct [Date],RoomNo,DocName,NumOfPat from vwDocWaitingListGrouped where date='"_sql +
+                    date + "'"),
+                {"Date", "RoomNo", "DocName"});
+}
+
+}  // namespace core

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "db/connection.h"
+#include "db/recordset.h"
+
+namespace core {
+
+/// The columns that a save sets, in their order.
+using Cells = std::vector<std::pair<const char*, db::Value>>;
+/// The same with further ones behind them.
+[[nodiscard]] Cells joined(Cells cells, const Cells& further);
+/// Sets them in the current or the new row of a result set.
+void setCells(db::Recordset& rows, const Cells& cells);
+/// Adds one row to the table that an empty result set ("select * from T where 1=2") opens. Throws db::Error.
+void addRow(db::Connection& connection, const db::Sql& emptySet, const Cells& cells);
+
+}  // namespace core

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#include "core/session/workplace.h"
+#include "ui/controls.h"
+
+namespace registration {
+
+/// "PHIS", "HMO" and "NHIS" pay by schemes that limit what they pay for.
+bool isManagedCare(std::string_view category);
+
+/// The client of a patient, as the lists of a screen pick him: first the client, then the billing category of his type,
+/// then the plan. Who keeps the picks (the session, a screen) lends its variables.
+class ClientPick {
+public:
+    struct Lists {
+        ui::ComboBox& cboPat;     ///< clients
+        ui::ComboBox& cboClient;  ///< billing categories
+        ui::ComboBox& txtPolicy;  ///< plans
+        ui::TextBox& txtEmp;      ///< the enrollee's number
+    };
+    struct Picked {
+        std::string& retainID;
+        std::string& name;
+        std::string& category;
+        std::string& type;
+    };
+    ClientPick(core::Workplace& place, const Lists& lists, const Picked& picked)
+        : place_(place), lists_(lists), picked_(picked) {}
+
+    /// Fills the list of clients; `withPrivate` puts "(PRIVATE) [0001]" in front. Throws db::Error, as all below.
+    void loadClients(bool withPrivate);
+    /// Nobody is picked any more; the lists stay.
+    void forget();
+    /// Takes the entry that stands in the list of clients and offers his categories. False where no real entry stands
+    /// there; nothing is changed then.
+    bool pickClient();
+    /// Takes the category that stands in its list and offers the plans.
+    void pickCategory();
+    void offerAllCategories();
+    /// Offers the categories of a client's type, all of them where his type has none, and notes his type and code.
+    void offerCategoriesOf(const std::string& retainID);
+    /// The plans of the picked client; none but "NIL" where he, or the category, has none.
+    void offerPlansOf(const std::string& category);
+    void loadPlans();
+
+    [[nodiscard]] bool isPrivate() const;
+    /// The code that bills of the picked client go by.
+    [[nodiscard]] const std::string& retainCode() const noexcept { return retainCode_; }
+
+private:
+    void offerNoPlans();
+
+    core::Workplace& place_;
+    Lists lists_;
+    Picked picked_;
+    std::string retainCode_;
+};
+
+/// Whether there is such a client, whom a bill can go to. Throws db::Error.
+bool isClient(db::Connection& hospital, const std::string& retainID);
+
+}  // namespace registration

@@ -43,7 +43,7 @@ Engine& Connection::engine() {
 void Connection::failed(const char* operation, const Error& error) {
     if (error.category() == Category::lostConnection) drop();
     const auto where = error.operation().empty() ? std::string(operation) + " on " + database_ : error.operation();
-    throw Error(error.category(), error.what(), where, error.cause());
+    throw Error(error.category(), error.what(), where, error.cause(), error.column());
 }
 
 /// A transaction goes with its line. Until it has been left nothing runs: what followed would be written by itself.

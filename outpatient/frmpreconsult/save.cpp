@@ -7,6 +7,7 @@
 #include "core/rows/grids.h"
 #include "core/session/session.h"
 #include "core/texts/texts.h"
+#include "db/letters.h"
 #include "outpatient/frmpreconsult/frmpreconsult.h"
 
 using namespace db::literals;
@@ -102,7 +103,9 @@ core::Cells frmPreConsult::cells() {
 }
 
 ui::Control* frmPreConsult::controlOf(std::string_view column) {
-    return column == "Pressure" ? &readings.txtPressure : RecordForm::controlOf(column);
+    if (db::sameName(column, "Pressure")) return &readings.txtPressure;
+    if (db::sameName(column, "clinicType")) return &cboType;
+    return RecordForm::controlOf(column);
 }
 
 }  // namespace outpatient

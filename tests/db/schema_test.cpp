@@ -17,6 +17,7 @@
 #include "db/sqlite/engine.h"
 #include "db/sqlite/functions.h"
 #include "tests/db/hospital.h"
+#include "tests/support/paths.h"
 
 namespace {
 
@@ -97,7 +98,7 @@ Lines rowsOf(const fs::path& file, const Lines& tables) {
 
 /// Puts the databases of an older version, with rows of a hospital at work, into a directory.
 void loadSnapshot(const fs::path& directory, const std::string& version) {
-    const auto snapshots = fs::path(__FILE__).parent_path() / "snapshots" / version;
+    const auto snapshots = test::sourceDirectory() / "tests/db/snapshots" / version;
     for (const auto& name : db::DataSources::names()) {
         std::ifstream dump(snapshots / (name + ".sql"));
         const std::string text{std::istreambuf_iterator<char>(dump), {}};

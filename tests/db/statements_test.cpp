@@ -8,6 +8,7 @@
 #include "db/letters.h"
 #include "db/scripts.h"
 #include "tests/db/hospital.h"
+#include "tests/support/paths.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ struct Known {
 };
 
 std::vector<Known> knownStatements() {
-    std::ifstream file(std::filesystem::path(__FILE__).parent_path() / "statements.txt");
+    std::ifstream file(test::sourceDirectory() / "tests/db/statements.txt");
     std::vector<Known> result;
     std::string line;
     for (int number = 1; std::getline(file, line); ++number) {

@@ -1,4 +1,5 @@
 #include "tests/e2e/program.h"
+#include "tests/support/paths.h"
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -26,9 +27,10 @@ std::vector<char*> argumentsOf(std::vector<std::string>& words) {
     dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
     dup2(output, stream);
     for (int descriptor = 3; descriptor < 256; ++descriptor) close(descriptor);
-    std::vector<std::string> words{VOREL_PROGRAM};
+    const auto program = (buildDirectory() / "vorel").string();
+    std::vector<std::string> words{program};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    execv(VOREL_PROGRAM, argumentsOf(words).data());
+    execv(program.c_str(), argumentsOf(words).data());
     _exit(127);
 }
 

@@ -96,6 +96,11 @@ bool TestHospital::ends(const std::function<void()>& work) {
     }
 }
 
+void TestHospital::forgetFailure() {
+    writesUntilFailure_ = statementsUntilBreak_ = 0;
+    failingPart_.clear();
+}
+
 void TestHospital::boxOpens(const ui::Desktop::Question& box) {
     boxes_.push_back(box);
     if (place.databases.holdsWriteLock()) ADD_FAILURE() << "A box opens while other writers wait: " << box.text;
@@ -140,14 +145,15 @@ void TestHospital::record(const db::Statement& statement) {
     const bool writeFails = statement.writes() && writesUntilFailure_ > 0 && --writesUntilFailure_ == 0;
     if (statementsUntilBreak_ > 0 && --statementsUntilBreak_ == 0)
         throw db::Error(db::Category::lostConnection, "Communication link failure");
-    if (partFails || writeFails) throw db::Error(db::Category::injected, "Injected failure");
+    if (!partFails && !writeFails) return;
+    failed_ = statement.text;
+    throw db::Error(db::Category::injected, "Injected failure");
 }
 
 std::vector<std::string> TestHospital::breakTheLineAtEachStatement(const std::string& screen,
                                                                    const std::function<void()>& prepare,
                                                                    const std::function<std::string()>& rows) {
     std::vector<std::string> broken;
-    takesMessages_ = true;
     for (;;) {
         prepare();
         const auto form = place.desktop.get(screen);
@@ -162,7 +168,6 @@ std::vector<std::string> TestHospital::breakTheLineAtEachStatement(const std::st
         EXPECT_EQ(nlohmann::json::diff(form, place.desktop.get(screen)), nlohmann::json::array()) << broken.back();
         place.desktop.fire(screen + ".cmdCancel", false);
     }
-    takesMessages_ = false;
     return broken;
 }
 

@@ -67,6 +67,9 @@ public:
     void setTakesMessages(bool takes) noexcept { takesMessages_ = takes; }
     /// The answer to the next question: "yes", "no", "cancel", the text of an input box.
     void answer(nlohmann::json answer) { answers_.push_back(std::move(answer)); }
+    /// Takes back the answers that nothing asked for, and the failure that did not come to pass.
+    void forgetAnswers() { answers_.clear(); }
+    void forgetFailure();
     /// What the nurse does when the session next waits for her with no box open: her work in a modal screen.
     void then(std::function<void()> step) { steps_.push_back(std::move(step)); }
     /// Runs `work`; true when it ended the session.
@@ -96,6 +99,8 @@ public:
     std::vector<std::string> breakTheLineAtEachStatement(const std::string& screen,
                                                          const std::function<void()>& prepare,
                                                          const std::function<std::string()>& rows);
+    /// The statement that failed last because it was asked to.
+    [[nodiscard]] const std::string& failed() const noexcept { return failed_; }
     /// Whether a failure that was asked for is still to come.
     [[nodiscard]] bool failurePending() const noexcept { return writesUntilFailure_ > 0 || !failingPart_.empty(); }
 
@@ -140,6 +145,7 @@ private:
     int writesUntilFailure_ = 0;
     std::string failingPart_;
     int statementsUntilBreak_ = 0;
+    std::string failed_;
 };
 
 }  // namespace test

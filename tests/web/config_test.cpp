@@ -95,7 +95,7 @@ TEST(Config, EnvironmentWinsOverTheFile) {
 }
 
 TEST(Config, TheSampleHoldsTheDefaults) {
-    const Config sample = web::readConfig(webtest::sourceRoot() / "docs" / "vorel.toml", &noEnvironment);
+    const Config sample = web::readConfig(webtest::sourceDirectory() / "docs" / "vorel.toml", &noEnvironment);
     const Config defaults = web::readConfig(std::nullopt, &noEnvironment);
     EXPECT_EQ(sample.port, defaults.port);
     EXPECT_EQ(sample.address, defaults.address);

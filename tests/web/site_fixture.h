@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "db/error.h"
+#include "tests/support/paths.h"
 #include "ui/controls.h"
 #include "ui/seat.h"
 #include "web/config.h"
@@ -23,9 +24,7 @@ namespace webtest {
 
 namespace fs = std::filesystem;
 
-inline fs::path sourceRoot() {
-    return fs::path(__FILE__).parent_path().parent_path().parent_path();
-}
+using test::sourceDirectory;
 
 /// A directory that goes with the test.
 class Directory {

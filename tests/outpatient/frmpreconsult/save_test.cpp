@@ -1,6 +1,6 @@
 #include "core/audit/pagesaves.h"
 #include "core/texts/texts.h"
-#include "tests/outpatient/preconsult.h"
+#include "tests/outpatient/frmpreconsult/preconsult.h"
 
 using namespace db::literals;
 
@@ -183,29 +183,7 @@ TEST_F(PreConsult, ReadingsThatADoctorUsedAreNotCorrectedButGoWhenDeleted) {
     EXPECT_EQ(screen().caption(), "Vital Signs:");
 }
 
-TEST_F(PreConsult, AFaultAtAnyWriteLeavesTheRowsAndTheScreenAsTheyWere) {
-    saveOne(musaWaits);
-    struct Case {
-        const char* name;
-        std::function<void()> prepare;
-        int writes;
-    };
-    const Case cases[] = {{"add", [&] { take(adaWaits); }, 5}, {"correct", [&] { correct("Zainab Audu [D2]"); }, 4}};
-    for (const auto& [name, prepare, writes] : cases) {
-        const auto before = rows();
-        prepare();
-        const auto screenBefore = shown();
-        for (int write = 1; write <= writes; ++write) {
-            hospital.failWrite(write);
-            hospital.answer("yes");
-            hospital.expectMessage("Injected failure");
-            fire("OKButton");
-            EXPECT_EQ(rows(), before) << name << ", write " << write;
-            EXPECT_EQ(shown(), screenBefore) << name << ", write " << write;
-        }
-        fire("cmdCancel");
-    }
-    // What follows the commit cannot take the readings back.
+TEST_F(PreConsult, WhatFollowsTheCommitCannotTakeTheReadingsBack) {
     take(adaWaits);
     hospital.failStatement("SpAudiTrail");
     hospital.answer("yes");
@@ -214,84 +192,6 @@ TEST_F(PreConsult, AFaultAtAnyWriteLeavesTheRowsAndTheScreenAsTheyWere) {
     fire("OKButton");
     EXPECT_EQ(hospital.value("select count(*) from hPreConsult where consultID='C1'"_sql), db::Value(1));
     EXPECT_TRUE(screen().cmdAdd.visible());
-}
-
-class PreConsultInFiles : protected InFiles, public PreConsult {
-protected:
-    PreConsultInFiles() : PreConsult(files) {}
-    std::size_t breakTheLine(const std::function<void()>& prepare) {
-        return hospital.breakTheLineAtEachStatement("frmPreConsult", prepare, [this] { return rows(); }).size();
-    }
-};
-
-TEST_F(PreConsultInFiles, ABrokenLineLeavesNothing) {
-    EXPECT_GT(breakTheLine([&] { take(adaWaits); }), 9U);
-    EXPECT_EQ(hospital.value("select count(*) from hPreConsult"_sql), db::Value(1));
-    EXPECT_EQ(hospital.value("select count(*) from hPreConsultChart"_sql), db::Value(1));
-    EXPECT_EQ(hospital.value("select count(*) from hPatientsTimeline"_sql), db::Value(1));
-    EXPECT_GT(breakTheLine([&] {
-                  correct("Zainab Audu [D2]");
-                  set("txtTemp", "39");
-              }),
-              6U);
-    EXPECT_EQ(hospital.dump("select p.temp, c.temp from hPreConsult p, hPreConsultChart c where c.ID = p.ID"_sql),
-              "39|39\n");
-}
-
-TEST_F(PreConsultInFiles, TheLastOfTwoDesksWinsAndNeitherSeesAnError) {
-    saveOne();
-    Ward other(files);
-    other.start();
-    outpatient::provideScreens(other.place);
-    other.place.desktop.show("frmPreConsult");
-    const auto at = [](Ward& desk, const char* control, const char* text) {
-        desk.place.desktop.set(std::string("frmPreConsult.") + control, text, false);
-    };
-    for (auto* desk : {&hospital, &other}) desk->place.desktop.fire("frmPreConsult.grdData.DblClick", false);
-    for (auto* desk : {&other, &hospital}) {
-        at(*desk, "CboRef", desk == &other ? "Zainab Audu [D2]" : "Tunde Ojo [D1]");
-        at(*desk, "txtTemp", desk == &other ? "38" : "39");
-        desk->answer("yes");
-        desk->expectMessage("Record Succesfully updated");
-        desk->place.desktop.fire("frmPreConsult.OKButton", false);
-    }
-    EXPECT_EQ(hospital.dump("select p.temp, c.temp from hPreConsult p, hPreConsultChart c where c.ID = p.ID"_sql),
-              "39|39\n");
-    EXPECT_EQ(hospital.dump("select DocAssigned from hRecords where consultID='C1'"_sql), "D1\n");
-}
-
-TEST_F(PreConsult, ARowThatSomebodyDeletedMeanwhileIsNotWrittenAgain) {
-    saveOne();
-    correct("Tunde Ojo [D1]");
-    hospital.execute("delete from hPreConsult"_sql);
-    const auto before = rows();
-    save("Either BOF or EOF is True, or the current record has been deleted.");
-    EXPECT_EQ(rows(), before);
-    EXPECT_EQ(screen().readings.txtTemp.text(), "36.8");
-}
-
-TEST_F(PreConsult, HostileTextsAreStoredAsTheyAreOrRefusedWhole) {
-    const std::string hostile = "O'Brien]; drop table [x]-- \xF0\x9F\xA9\xBA \xD7\xA9\xD7\x9C";
-    take(adaWaits);
-    set("txtAlb", hostile);
-    set("cboPosition", hostile);
-    save("Record Succesfully saved");
-    EXPECT_EQ(hospital.dump("select urineAlb, Positioning from hPreConsult"_sql), hostile + "|" + hostile + "\n");
-
-    const auto before = rows();
-    const std::string endless(10000, '7');
-    take(musaWaits);
-    for (const char* field : {"txtTemp", "txtPressure", "txtPressure2", "txtHt", "txtAlb", "txtSPO2", "cboPosition"}) {
-        const std::string kept = text(field);
-        set(field, endless);
-        hospital.answer("yes");
-        hospital.expectMessage("String or binary data would be truncated.");
-        fire("OKButton");
-        EXPECT_EQ(rows(), before) << field;
-        EXPECT_EQ(text(field), endless) << field;
-        set(field, kept);
-    }
-    save("Record Succesfully saved");
 }
 
 TEST_F(PreConsult, WhatComesBehindABoxWaitsForNobodysOk) {

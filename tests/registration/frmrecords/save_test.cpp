@@ -1,5 +1,5 @@
 #include "core/session/session.h"
-#include "tests/registration/records.h"
+#include "tests/registration/frmrecords/records.h"
 
 using namespace db::literals;
 
@@ -265,11 +265,6 @@ TEST_F(Records, ADeletedVisitLeavesItsBill) {
     fire("cmdDel");
     EXPECT_EQ(hospital.boxes().back().text + hospital.boxes().back().title, "Are you sure to Delete RecordDelete");
     EXPECT_EQ(rows(), before);
-    hospital.failWrite(1);
-    hospital.answer("yes");
-    hospital.expectMessage("Injected failure");
-    fire("cmdDel");
-    EXPECT_EQ(rows(), before);
     hospital.answer("yes");
     hospital.expectMessage(" Record successfully deleted ");
     fire("cmdDel");
@@ -279,68 +274,6 @@ TEST_F(Records, ADeletedVisitLeavesItsBill) {
     EXPECT_EQ(hospital.dump("select top 1 userAction, TranCode from hAuditTrail order by SNo desc"_sql),
               "Delete Patient: OBI ADA|001000000002\n");
     EXPECT_EQ(screen().grdData.caption(), "ATTENDANCE FOR TODAY: 1");
-}
-
-TEST_F(Records, AFaultAtAnyWriteLeavesTheRowsAndTheScreenAsTheyWere) {
-    saveOne();
-    struct Case {
-        const char* way;
-        std::function<void()> prepare;
-        int writes;
-        const char* says;
-    };
-    const Case cases[] = {{"add",
-                           [&] {
-                               take("1", "SCREENING");
-                               session().gRenewPending = true;
-                           },
-                           8, "Record Succesfully saved"},
-                          {"correct", [&] { fire("cmdEdit"); }, 2, "Record Succesfully Edited and Updated"}};
-    for (const auto& [way, prepare, writes, says] : cases) {
-        const auto before = rows();
-        const auto numbers = hospital.dump("select * from idgen"_sql);
-        prepare();
-        const auto screenBefore = shown();
-        for (int write = 1; write <= writes; ++write) {
-            // The audit within the save has a trap of its own.
-            if (way == std::string("add") && write == 7) continue;
-            hospital.failWrite(write);
-            hospital.answer("yes");
-            hospital.expectMessage("Injected failure");
-            if (way == std::string("add") && write == 1)
-                hospital.expectMessage("Unable to generate No!!! Function getIDNo Failed! ConsultID");
-            fire("OKButton");
-            EXPECT_EQ(rows(), before) << way << ", write " << write;
-            EXPECT_EQ(hospital.dump("select * from idgen"_sql), numbers) << way << ", write " << write;
-            EXPECT_EQ(shown(), screenBefore) << way << ", write " << write;
-        }
-        save(says);
-    }
-    EXPECT_EQ(hospital.value("select count(*) from billAccum where drgName='CARD RENEWAL FEE'"_sql), db::Value(1))
-        << "a renewal is still to be charged after a failed save";
-}
-
-class RecordsInFiles : protected InFiles, public Records {
-protected:
-    RecordsInFiles() : Records(files) {}
-};
-
-TEST_F(RecordsInFiles, ABrokenLineLeavesNothing) {
-    auto broken = breakTheLine([&] {
-        take("1", "SCREENING");
-        session().gRenewPending = true;
-    });
-    EXPECT_GT(broken.size(), 9U);
-    EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql), db::Value(1));
-    EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql), db::Value(2));
-    EXPECT_EQ(hospital.value("select count(*) from hhScreeningAttnd"_sql), db::Value(1));
-    broken = breakTheLine([&] {
-        fire("cmdRefresh");
-        fire("cmdEdit");
-        set("cboRefHmo", "YES");
-    });
-    EXPECT_GT(broken.size(), 3U);
-    EXPECT_EQ(hospital.dump("select HMORef from hRecords"_sql), "YES\n");
 }
 
 TEST_F(Records, WhatFailsBehindTheCommitCannotSaveTheVisitTwice) {
@@ -353,40 +286,6 @@ TEST_F(Records, WhatFailsBehindTheCommitCannotSaveTheVisitTwice) {
     EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql), db::Value(1));
     EXPECT_TRUE(screen().cmdAdd.visible());
     EXPECT_EQ(screen().cboVehNo.text() + screen().lblBill.caption(), "");
-}
-
-TEST_F(Records, AVisitThatAnotherDeskDeletedIsNotWrittenAgain) {
-    saveOne();
-    fire("cmdEdit");
-    hospital.execute("delete from hRecords"_sql);
-    const auto before = rows();
-    save("Either BOF or EOF is True, or the current record has been deleted.");
-    EXPECT_EQ(rows(), before);
-    EXPECT_EQ(screen().cboType.text(), "EYE");
-}
-
-TEST_F(Records, HostileTextsAreStoredAsTheyAreOrRefusedWhole) {
-    const std::string hostile = "O'Brien]; drop [x]-- \xF0\x9F\xA9\xBA \xD7\xA9";
-    take("2");
-    set("txtEmp", hostile);
-    save();
-    EXPECT_EQ(hospital.value("select empNo from hPatients where PNo='000000002/001'"_sql), db::Value(hostile));
-    take("2");
-    const auto before = rows();
-    const auto refused = [&](const char* field, const std::string& text, const std::string& says) {
-        const auto kept = place.desktop.get(name)["controls"][field]["text"];
-        set(field, text);
-        hospital.answer("yes");
-        hospital.expectMessage(says);
-        fire("OKButton");
-        EXPECT_EQ(rows(), before) << field;
-        EXPECT_EQ(place.desktop.get(name)["controls"][field]["text"], text) << field;
-        set(field, kept);
-    };
-    const std::string endless(10000, 'x');
-    refused("txtEmp", endless, "String or binary data would be truncated.");
-    refused("txtPolicy", endless, "String or binary data would be truncated.");
-    save();
 }
 
 }  // namespace

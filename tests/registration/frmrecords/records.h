@@ -4,26 +4,45 @@
 #include <vector>
 
 #include "registration/frmrecords/frmrecords.h"
-#include "tests/registration/registration.h"
+#include "tests/registration/shared/registration.h"
 
 namespace test {
 
 inline constexpr const char* musa = "000000001/001";
 
-/// The attendance desk, with Musa, a private patient whose card is good, and the HMO's Ada.
+/// Musa, a private patient whose card is good, and the HMO's Ada.
+inline void arrangeAttendance(TestHospital& hospital) {
+    using namespace db::literals;
+    hospital.execute(
+        "insert into hPatients (PNo, OldPNo, psurname, pfirstName, CoyName, clientCatID, occupation, PolicyType, "
+        "ref, HMORef, expirydate, empNo) values "
+        "('000000001/001', 'C-1', 'BELLO', 'MUSA', '0001', 'PRIVATE', 'TAILOR', null, 'YES', null, '25-Nov-2026', "
+        "null), "
+        "('000000002/001', 'C-2', 'OBI', 'ADA', '0007', 'HMO', null, 'Gold [1]', null, 'YES', '20-Nov-2026', "
+        "'E-77')"_sql);
+}
+
+/// An attendance as far as the save.
+inline void takeAttendance(core::Workplace& place, const std::string& number = "1",
+                           const std::string& purpose = "(CONSULTATION)") {
+    const auto set = [&place](const char* field, const std::string& text) {
+        place.desktop.set(std::string("frmRecords.") + field, text, false);
+    };
+    place.desktop.fire("frmRecords.cmdAdd", false);
+    set("txtName", number);
+    place.desktop.fire("frmRecords.cmdSys", false);
+    set("cboType", "EYE");
+    set("cboPurpose", purpose);
+    set("CboRef", "NO");
+    set("cboRefHmo", "NO");
+    set("txtEmp", "NIL");
+}
+
+/// A clerk at the attendance desk.
 class Records : public Registration {
 protected:
-    Records() : Registration("frmRecords") { addPatients(); }
-    explicit Records(const HospitalFiles& files) : Registration("frmRecords", files) { addPatients(); }
-    void addPatients() {
-        using namespace db::literals;
-        hospital.execute(
-            "insert into hPatients (PNo, OldPNo, psurname, pfirstName, CoyName, clientCatID, occupation, PolicyType, "
-            "ref, HMORef, expirydate, empNo) values "
-            "('000000001/001', 'C-1', 'BELLO', 'MUSA', '0001', 'PRIVATE', 'TAILOR', null, 'YES', null, '25-Nov-2026', "
-            "null), "
-            "('000000002/001', 'C-2', 'OBI', 'ADA', '0007', 'HMO', null, 'Gold [1]', null, 'YES', '20-Nov-2026', "
-            "'E-77')"_sql);
+    Records() : Registration("frmRecords") {
+        arrangeAttendance(hospital);
         fire("cmdRefresh");
         hospital.forget();
     }
@@ -33,15 +52,8 @@ protected:
         set("txtName", number);
         fire("cmdSys");
     }
-    /// An attendance as far as the save.
     void take(const std::string& number = "1", const std::string& purpose = "(CONSULTATION)") {
-        fire("cmdAdd");
-        find(number);
-        set("cboType", "EYE");
-        set("cboPurpose", purpose);
-        set("CboRef", "NO");
-        set("cboRefHmo", "NO");
-        set("txtEmp", "NIL");
+        takeAttendance(place, number, purpose);
     }
     void saveOne(const std::string& number = "1", const std::string& purpose = "(CONSULTATION)") {
         take(number, purpose);

@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "core/session/session.h"
-#include "tests/registration/registration.h"
+#include "tests/registration/frmpatientsnewnur/patientsnewnur.h"
 
 using namespace db::literals;
 
@@ -10,30 +10,9 @@ namespace {
 
 class PatientsNewNur : public Registration {
 protected:
-    PatientsNewNur() : Registration("frmPatientsNewNur") { priceServices(); }
-    explicit PatientsNewNur(const HospitalFiles& files) : Registration("frmPatientsNewNur", files) { priceServices(); }
-    void priceServices() {
-        hospital.execute(
-            "insert into hServiceNHIS (drgName, Price, Company) values ('REGISTRATION', 1500.25, 'NHIS'), "
-            "('CONSULTATION', 900, 'NHIS')"_sql);
-        session().gNhisRegServiceNo = "1";
-        session().gNhisServiceNo = "2";
-    }
-    /// The least that a nurse has to know of a patient, with the visit.
+    PatientsNewNur() : Registration("frmPatientsNewNur") { priceServices(hospital); }
     void book(const std::string& client, const char* clinic, const char* purpose) {
-        fire("cmdAdd");
-        EXPECT_TRUE(screen().chkReg.checked()) << "everyone may take the attendance here";
-        set("cboNew", "NEW");
-        set("cboPat", client);
-        if (client != "(PRIVATE) [0001]") {
-            set("cboClient", "HMO");
-            set("dtExpDate", nullptr);
-        }
-        set("txtsurNAme", "OBI");
-        set("txtfirstNAme", "NGOZI");
-        if (std::string(clinic) == "(IN-PATIENT)") set("cboMat", "NEONATE");
-        set("cboClin", clinic);
-        set("cboPurpose", purpose);
+        bookPatient(place, client, clinic, purpose);
     }
     std::string lines() {
         return hospital.dump("select drgName, Price, SubTotal, revType, CoyName from billAccum order by SNO"_sql);
@@ -121,52 +100,6 @@ TEST_F(PatientsNewNur, ANewbornGoesToTheWardAndBalancesHaveTheirNames) {
               "(IN-PATIENT)|01-Dec-2026|null|(IN-PATIENT) Appointment|0\n");
 }
 
-TEST_F(PatientsNewNur, EachFailingWriteOfTheWholeSaveLeavesNothing) {
-    const auto before = rows();
-    hospital.setTakesMessages(true);
-    for (int n = 1; n <= 18; ++n) {
-        book("(PRIVATE) [0001]", "(IN-PATIENT)", "APPOINTMENT");
-        session().gPatientBalance = 100;
-        hospital.failWrite(n);
-        hospital.answer("yes");
-        fire("OKButton");
-        ASSERT_FALSE(hospital.failurePending()) << n;
-        if (hospital.value("select count(*) from hPatients"_sql).int32() == 1) {
-            EXPECT_GT(n, 4);  // the first write that may fail without harm is an audit row
-            EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql).int32(), 1) << n;
-            EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql).int32(), 3) << n;
-            EXPECT_EQ(hospital.value("select count(*) from hreferal"_sql).int32(), 1) << n;
-            for (const auto& table :
-                 {"delete from hPatients"_sql, "delete from hRecords"_sql, "delete from billAccum"_sql,
-                  "delete from hPatientClinics"_sql, "delete from hreferal"_sql, "delete from happointment"_sql,
-                  "delete from hAuditTrail"_sql})
-                hospital.execute(table);
-        } else {
-            EXPECT_EQ(rows(), before) << n;
-            EXPECT_EQ(screen().txtsurNAme.text(), "OBI") << n;
-            EXPECT_EQ(session().gPatientBalance, 100) << n;
-            fire("cmdCancel");
-        }
-    }
-}
-
-class PatientsNewNurInFiles : protected InFiles, public PatientsNewNur {
-protected:
-    PatientsNewNurInFiles() : PatientsNewNur(files) {}
-};
-
-TEST_F(PatientsNewNurInFiles, ABrokenLineLeavesNothing) {
-    const auto broken = breakTheLine([&] {
-        book("(PRIVATE) [0001]", "(IN-PATIENT)", "APPOINTMENT");
-        session().gPatientBalance = 100;
-        set("txtAdmitLimit", "0");
-    });
-    EXPECT_GT(std::count_if(broken.begin(), broken.end(), [](auto& text) { return text.starts_with("insert "); }), 7);
-    EXPECT_EQ(hospital.dump("select PNo, LastConsultID from hPatients"_sql), "000000001/001|001000000001\n");
-    EXPECT_EQ(hospital.value("select count(*) from hreferal"_sql).int32(), 1);
-    EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql).int32(), 3);
-}
-
 TEST_F(PatientsNewNur, OneVisitADayWhateverTheLocks) {
     addPatient("P1");
     session().gLockMultipleAttendance = "NO";
@@ -178,20 +111,6 @@ TEST_F(PatientsNewNur, OneVisitADayWhateverTheLocks) {
     hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor");
     set("cboClin", "EYE");
     EXPECT_EQ(screen().cboClin.text(), "");
-}
-
-TEST_F(PatientsNewNur, StoresWhatIsTypedOrLosesNothing) {
-    const std::string hostile = "O'Neil \"[x]\"; drop table hPatients -- \xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C";
-    book("(PRIVATE) [0001]", "EYE", "(CONSULTATION)");
-    for (const auto* field : {"txtHomeAddress", "txtKin", "txtOLD", "cboArea"}) set(field, hostile);
-    save();
-    EXPECT_EQ(hospital.dump("select homeAddress, nextOfKin, Area from hPatients"_sql),
-              hostile + "|" + hostile + "|" + hostile + "\n");
-    EXPECT_EQ(hospital.value("select OldPNo from hPatients"_sql), db::Value(hostile));
-    book("(PRIVATE) [0001]", "EYE", "(CONSULTATION)");
-    for (const auto* field : {"txtHomeAddress", "txtsurNAme", "txtOLD", "txtEmail", "txtAdmitLimit"})
-        refusedWhole(field, std::string(10'000, '9'));
-    save();
 }
 
 TEST_F(PatientsNewNur, APhotographNeedsAPatientWithANumber) {

@@ -1,5 +1,5 @@
 #include "core/session/session.h"
-#include "tests/registration/records.h"
+#include "tests/registration/frmrecords/records.h"
 
 using namespace db::literals;
 

@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "core/session/session.h"
-#include "tests/registration/patientsnew.h"
+#include "tests/registration/frmpatientsnew/patientsnew.h"
 
 using namespace db::literals;
 

@@ -1,15 +1,10 @@
 #include "core/session/session.h"
-#include "tests/registration/patientsnew.h"
+#include "tests/registration/frmpatientsnew/patientsnew.h"
 
 using namespace db::literals;
 
 namespace test {
 namespace {
-
-class PatientsNewInFiles : protected InFiles, public PatientsNew {
-protected:
-    PatientsNewInFiles() : PatientsNew(files) {}
-};
 
 TEST_F(PatientsNew, ANewPrivatePatientIsStoredWithFeeAndNumbers) {
     type();
@@ -47,125 +42,6 @@ TEST_F(PatientsNew, ASchemePatientKeepsNoExpiryAndPaysHisClientsFee) {
                       "hPatients"_sql),
         "HMO|HMO|0007|E-77|Gold [1]|null|48\n");
     EXPECT_EQ(hospital.dump("select Price, BillTo from billAccum"_sql), "750.5|AXM\n");
-}
-
-TEST_F(PatientsNew, EachFailingWriteLeavesNothingAndTheForm) {
-    const std::string failed = "Injected failure";
-    const std::string done = "Record Succesfully saved";
-    // A failed audit tells of itself and stops nothing.
-    const std::vector<std::vector<std::string>> says = {
-        {failed, "Unable to generate No!!! Function getIDNo Failed"},
-        {failed},
-        {"Unable to generate No!!! Function getIDNo Failed! ConsultID", failed},
-        {failed},
-        {failed, done},
-        {failed, done},
-    };
-    for (std::size_t n = 0; n < says.size(); ++n) {
-        type();
-        const auto before = rows();
-        const bool saves = n >= 4;
-        hospital.failWrite(static_cast<int>(n) + 1);
-        hospital.answer("yes");
-        for (const auto& text : says[n]) hospital.expectMessage(text);
-        fire("OKButton");
-        EXPECT_FALSE(hospital.failurePending()) << n;
-        EXPECT_EQ(rows() == before, !saves) << n;
-        EXPECT_EQ(screen().txtsurNAme.text(), saves ? "" : "O'BRIEN [X]") << n;
-        EXPECT_EQ(screen().txtSupp.text(), "") << n;
-        if (saves) continue;
-        EXPECT_TRUE(screen().OKButton.enabled()) << n;
-        EXPECT_EQ(screen().OKButton.caption(), "&Save");
-        fire("cmdCancel");
-    }
-    EXPECT_EQ(hospital.value("select count(distinct PNo) from hPatients"_sql).int32(), 2);
-}
-
-TEST_F(PatientsNewInFiles, ABrokenLineLeavesNothing) {
-    session().gModuleRole = "RECORDS";
-    auto broken = breakTheLine([&] {
-        type();
-        set("txtAdmitLimit", "0");
-        set("chkReg", true);
-        set("cboClin", "EYE");
-        set("cboPurpose", "(CONSULTATION)");
-        screen().lblDebt.setCaption("1,200.50");
-    });
-    EXPECT_GT(broken.size(), 15U);
-    EXPECT_EQ(hospital.dump("select PNo, LastConsultID from hPatients"_sql), "000000001/001|001000000001\n")
-        << "no save that broke has used up a number";
-    EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql).int32(), 3);
-
-    broken = breakTheLine([&] {
-        fire("cmdRefresh");
-        fire("grdData.DblClick");
-        session().gRenewPending = true;
-        set("chkReg", false);
-        set("txtAdmitLimit", "0");
-        set("txtPhone", "0700");
-    });
-    EXPECT_GT(broken.size(), 5U);
-    EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql).int32(), 4);
-    EXPECT_EQ(hospital.value("select pPhoneNo from hPatients"_sql), db::Value("0700"));
-}
-
-TEST_F(PatientsNewInFiles, TheLastOfTwoDesksWinsAndNeitherSeesAnError) {
-    addPatient("P1");
-    hospital.execute("update hPatients set homeAddress='1 Old St', occupation='TAILOR'"_sql);
-    Ward other(files);
-    other.start();
-    registration::provideScreens(other.place);
-    other.place.desktop.show(name);
-    for (auto* desk : {&hospital, &other}) {
-        desk->expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
-        desk->place.desktop.fire(name + ".cmdRefresh", false);
-        desk->place.desktop.fire(name + ".grdData.DblClick", false);
-    }
-    const auto saveAt = [&](Ward& desk, const char* field, const char* text) {
-        desk.place.desktop.set(name + "." + field, text, false);
-        desk.place.desktop.set(name + ".txtAdmitLimit", "0", false);
-        desk.answer("yes");
-        desk.expectMessage("Record Succesfully Edited and Updated");
-        desk.place.desktop.fire(name + ".OKButton", false);
-    };
-    saveAt(other, "txtHomeAddress", "2 New St");
-    saveAt(hospital, "txtOccu", "BAKER");
-    EXPECT_EQ(hospital.dump("select homeAddress, occupation from hPatients"_sql), "1 Old St|BAKER\n");
-    EXPECT_EQ(hospital.value("select count(*) from hAuditTrail"_sql).int32(), 2);
-}
-
-/// An edit with a visit and a renewal writes in nine places.
-TEST_F(PatientsNew, EachFailingWriteOfAnEditLeavesTheRowsAndTheForm) {
-    session().gModuleRole = "RECORDS";
-    addPatient("P1");
-    hospital.setTakesMessages(true);
-    int whole = 0;
-    for (int n = 1; whole == 0 || n < 12; ++n) {
-        fire("cmdRefresh");
-        fire("grdData.DblClick");
-        session().gLockMultipleAttendance = "NO";
-        session().gRenewPending = true;
-        set("txtPhone", "07" + std::to_string(n));
-        set("txtAdmitLimit", "0");
-        set("cboClin", "EYE");
-        set("cboPurpose", "(CONSULTATION)");
-        const auto form = place.desktop.get(name);
-        const auto before = rows();
-        hospital.failWrite(n);
-        hospital.answer("yes");
-        fire("OKButton");
-        ASSERT_FALSE(hospital.failurePending()) << n;
-        if (rows() == before) {
-            EXPECT_EQ(place.desktop.get(name), form) << n;
-            fire("cmdCancel");
-            continue;
-        }
-        ++whole;
-        EXPECT_EQ(hospital.value("select pPhoneNo from hPatients"_sql), db::Value("07" + std::to_string(n)));
-        EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql).int32(), whole) << n;
-        EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql).int32(), 2 * whole) << n;
-        EXPECT_EQ(hospital.value("select count(*) from hPatientsTimeline"_sql).int32(), whole) << n;
-    }
 }
 
 TEST_F(PatientsNew, AnEditWritesItsColumnsAndNoOthers) {
@@ -320,24 +196,6 @@ TEST_F(PatientsNew, NumbersOfAFailedSaveAreForgotten) {
               "000000015/001|000000009/001\n");
 }
 
-TEST_F(PatientsNew, StoresWhatIsTypedOrLosesNothing) {
-    const std::string texts[] = {"O'Neil \"[x]\"; drop table hPatients --",
-                                 "\xF0\x9F\x98\x80 \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D", "' or '1'='1"};
-    for (const auto& text : texts) {
-        type();
-        set("txtHomeAddress", text);
-        set("txtEmail", text);
-        save();
-        EXPECT_EQ(hospital.value("select top 1 homeAddress from hPatients order by PNo desc"_sql), db::Value(text));
-        EXPECT_EQ(hospital.value("select top 1 Email from hPatients order by PNo desc"_sql), db::Value(text));
-    }
-    type();
-    for (const auto* field : {"txtHomeAddress", "txtsurNAme", "txtKin"}) refusedWhole(field, std::string(10'000, 'x'));
-    refusedWhole("txtAdmitLimit", std::string(40, '9'));
-    save();
-}
-
-/// Two doctors of one clinic, one of whom has a patient waiting.
 TEST_F(PatientsNew, AnAppointmentGoesToTheDoctorWithTheShortestQueue) {
     session().gModuleRole = "RECORDS";
     session().gAssignDoctorsToRooms = "YES";

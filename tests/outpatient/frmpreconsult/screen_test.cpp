@@ -1,5 +1,5 @@
 #include "core/session/session.h"
-#include "tests/outpatient/preconsult.h"
+#include "tests/outpatient/frmpreconsult/preconsult.h"
 
 using namespace db::literals;
 
@@ -127,7 +127,7 @@ TEST_F(PreConsult, RefreshMarksWhomNurseOrDoctorSawToday) {
     hospital.execute(
         "insert into hPreConsult (consultID, preDate) values ('C1', '24-Nov-2026'), ('C4', '23-Nov-2026')"_sql);
     hospital.execute("insert into hConsulting (consultID, CDate) values ('C2', '24-Nov-2026')"_sql);
-    addVisit("P4", "Ojo", "Sade", "Mrs", "C4", "09:00", "GENERAL", 0);
+    addVisit(hospital, "P4", "Ojo", "Sade", "Mrs", "C4", "09:00", "GENERAL", 0);
     fire("cmdRefresh");
     EXPECT_EQ(hospital.dump("select consultID, attendedto, attendedToByNurse from hRecords order by consultID"_sql),
               "C1|1|1\nC2|1|1\nC3|1|0\nC4|0|0\n");

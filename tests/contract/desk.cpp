@@ -1,0 +1,62 @@
+#include "tests/contract/desk.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace test {
+
+using namespace db::literals;
+
+std::ostream& operator<<(std::ostream& out, const RecordScreen& screen) {
+    return out << screen.name;
+}
+
+Desk::Desk(const RecordScreen& screen) : screen_(screen) {
+    open(true);
+}
+
+Desk::Desk(const RecordScreen& screen, const HospitalFiles& files, bool arranges) : Ward(files), screen_(screen) {
+    open(arranges);
+}
+
+void Desk::open(bool arranges) {
+    start();
+    screen_.provide(place);
+    if (arranges) screen_.arrange(*this);
+    if (screen_.session) screen_.session(place.session);
+    place.desktop.show(screen_.name);
+    forget();
+    setTakesMessages(true);
+}
+
+std::string Desk::rows() {
+    std::string all;
+    for (const auto& sql : screen_.rows) all += dump(sql) + "-\n";
+    return all + dump("select * from hAuditTrail"_sql);
+}
+
+std::vector<std::size_t> Desk::counts() {
+    std::vector<std::size_t> counts;
+    for (const auto& sql : screen_.rows) counts.push_back(read(sql).rowCount());
+    return counts;
+}
+
+void Desk::pressSave() {
+    answer("yes");
+    fire("OKButton");
+    forgetAnswers();
+}
+
+bool Desk::saved() const {
+    return std::any_of(boxes().begin(), boxes().end(),
+                       [](const auto& box) { return box.text.starts_with("Record Succesfully"); });
+}
+
+void Desk::saveOne() {
+    screen_.add(*this);
+    pressSave();
+    EXPECT_TRUE(saved());
+    forget();
+}
+
+}  // namespace test

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "tests/core/stubs.h"
+
+namespace test {
+
+class Desk;
+
+/// A record screen, as the contract of all of them works it.
+struct RecordScreen {
+    std::string name;                            ///< "frmPreConsult"
+    std::string folder;                          ///< where its layout lies: "outpatient/frmpreconsult"
+    void (*provide)(core::Workplace&);           ///< its room's screens
+    std::function<void(TestHospital&)> arrange;  ///< the rows that it needs
+    std::function<void(core::Session&)> session = {};  ///< what the nurse may do, and the hospital's settings
+    /// From browsing: all of a new record, up to the save.
+    std::function<void(Desk&)> add;
+    /// From browsing, with a record that `add` and a save have made: corrects it, up to the save.
+    std::function<void(Desk&)> correct;
+    /// What a save and a delete write; the audit trail counts besides.
+    std::vector<db::Sql> rows;
+    /// Fields of a new record whose text is stored.
+    std::vector<std::string> texts;
+    /// Takes the record away behind the back of who corrects it.
+    db::Sql vanish;
+    /// Whether Delete deletes, or refuses.
+    bool deletes = true;
+};
+
+std::ostream& operator<<(std::ostream& out, const RecordScreen& screen);
+
+/// A nurse at a record screen that has just opened. She reads every box, whatever it says.
+class Desk : public Ward {
+public:
+    explicit Desk(const RecordScreen& screen);
+    Desk(const RecordScreen& screen, const HospitalFiles& files, bool arranges = true);
+
+    void fire(const std::string& control) { place.desktop.fire(screen_.name + "." + control, false); }
+    void set(const std::string& control, const nlohmann::json& content) {
+        place.desktop.set(screen_.name + "." + control, content, false);
+    }
+    [[nodiscard]] nlohmann::json form() const { return place.desktop.get(screen_.name); }
+    [[nodiscard]] std::string text(const std::string& field) const { return form()["controls"][field]["text"]; }
+    /// All that a save and a delete write.
+    std::string rows();
+    /// How many rows each of those tables has.
+    std::vector<std::size_t> counts();
+    /// Presses Save and says yes.
+    void pressSave();
+    /// Whether a box since the last `forget` says that the record is stored.
+    [[nodiscard]] bool saved() const;
+    /// A new record, saved.
+    void saveOne();
+
+private:
+    void open(bool arranges);
+    const RecordScreen& screen_;
+};
+
+}  // namespace test

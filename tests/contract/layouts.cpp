@@ -1,0 +1,101 @@
+#include "tests/contract/layouts.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "db/letters.h"
+#include "tests/support/paths.h"
+
+namespace test {
+namespace {
+
+using nlohmann::json;
+namespace fs = std::filesystem;
+
+fs::path layoutFile(const std::string& folder, const std::string& screen) {
+    const auto root = sourceDirectory();
+    for (const auto& path : {root / folder / (screen + ".json"), root / "web" / "layouts" / (screen + ".json")})
+        if (fs::exists(path)) return path;
+    return {};
+}
+
+json read(const fs::path& path) {
+    std::ifstream file(path);
+    return json::parse(file);
+}
+
+/// The names in rows, buttons and tab sets: "chk(1..24)" stands for the elements of an array.
+void collect(const json& part, std::set<std::string>& names) {
+    if (part.is_string()) {
+        names.insert(db::lowered(part.get<std::string>()));
+    } else if (part.is_array()) {
+        for (const auto& each : part) collect(each, names);
+    } else if (part.is_object()) {
+        for (const char* key :
+             {"control", "for", "tabs", "rows", "pages", "sections", "buttons", "default", "cancel", "record"})
+            if (part.contains(key)) collect(part[key], names);
+    }
+}
+
+const char* const commands[] = {"cmdadd", "cmdedit", "cmddel", "cmdrefresh", "okbutton", "cmdcancel", "cancelbutton"};
+
+bool isDrawn(const std::string& kind) {
+    return kind != "timer" && kind != "menuItem" && kind != "childArea";
+}
+
+/// Panels, which are drawn as what they hold.
+std::set<std::string> holdersOn(const ui::Screen& screen) {
+    std::set<std::string> holders;
+    for (const auto* control : screen.controls()) {
+        const auto state = control->state();
+        if (state.contains("holder")) holders.insert(state["holder"].get<std::string>());
+    }
+    return holders;
+}
+
+std::set<std::string> namesIn(const json& layout) {
+    std::set<std::string> names;
+    collect(layout, names);
+    if (layout.contains("record")) names.insert(std::begin(commands), std::end(commands));
+    std::set<std::string> all;
+    for (const auto& name : names) {
+        const auto dots = name.find("..");
+        if (dots == std::string::npos) {
+            all.insert(name);
+            continue;
+        }
+        const auto open = name.find('(');
+        for (int place = std::stoi(name.substr(open + 1)); place <= std::stoi(name.substr(dots + 2)); ++place)
+            all.insert(name.substr(0, open) + "(" + std::to_string(place) + ")");
+    }
+    return all;
+}
+
+}  // namespace
+
+std::vector<std::string> faultsOfLayout(const std::string& folder, const ui::Screen& screen) {
+    const auto file = layoutFile(folder, screen.name());
+    if (file.empty()) return {"no layout"};
+    const auto layout = read(file);
+    auto names = namesIn(layout);
+    std::vector<std::string> faults;
+    for (const auto& name : names)
+        if (!screen.find(name)) faults.push_back("there is no control " + name);
+    if (layout.contains("like")) names.merge(namesIn(read(layoutFile(folder, layout["like"]))));
+    const auto holders = holdersOn(screen);
+    for (const auto* control : screen.controls()) {
+        const auto state = control->state();
+        const bool drawn = isDrawn(state["kind"]) && control->visible() && !holders.contains(control->name());
+        if (drawn && !names.contains(db::lowered(control->name())))
+            faults.push_back(control->name() + " has no place");
+        const bool captioned = state["kind"] == "button" || state["kind"] == "checkBox";
+        if (captioned && state["caption"].get<std::string>().empty())
+            faults.push_back(control->name() + " has no caption");
+    }
+    return faults;
+}
+
+}  // namespace test

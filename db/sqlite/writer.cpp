@@ -174,7 +174,7 @@ std::string SqliteWriter::write(const std::string& column, const Expression& tex
                                 const Expression& length) const {
     const auto old = "ifnull(" + column + ", '')";
     if (offset.type == Type::null) return column + " = " + old + " || " + text.sql;
-    const auto kept = column + " = substr(" + old + ", 1, " + offset.sql + ") || " + text.sql;
+    auto kept = column + " = substr(" + old + ", 1, " + offset.sql + ") || " + text.sql;
     if (length.type == Type::null) return kept;
     return kept + " || substr(" + old + ", " + offset.sql + " + " + length.sql + " + 1)";
 }

@@ -16,9 +16,9 @@
 
 #include "bench/sidebyside.h"
 #include "db/databases.h"
-#include "db/dialect.h"
 #include "db/recordset.h"
 #include "db/sqlite/functions.h"
+#include "db/sqlite/writer.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ class BareList {
 public:
     BareList(Hospital& hospital, const db::Sql& sql) {
         const auto bound = sql.bound();
-        const auto translated = db::dialect::toSqlite(bound.text, "Hospital");
+        const auto translated = db::sqlite::translate(bound.text, "Hospital");
         if (sqlite3_prepare_v2(hospital.bare, translated.text.c_str(), -1, &statement_, nullptr) != SQLITE_OK)
             throw std::runtime_error(sqlite3_errmsg(hospital.bare));
         for (std::size_t i = 0; i < bound.parameters.size(); ++i) {

@@ -20,10 +20,11 @@
 #include "bench/desk.h"
 #include "core/session/loadsession.h"
 #include "core/session/workplace.h"
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/schema.h"
 #include "db/sqlite/functions.h"
 #include "db/sqlite/prepared.h"
+#include "db/sqlite/writer.h"
 #include "outpatient/screens.h"
 #include "registration/screens.h"
 #include "shell/accounts/users.h"
@@ -140,13 +141,13 @@ private:
         if (statement.kind != Kind::execute) throw std::runtime_error("no such write expected: " + statement.text);
         const auto [text, literals] = templated(statement.text);
         for (const auto& literal : literals) values.emplace_back(static_cast<int>(values.size()) + 1, literal);
-        return {{kept(db::dialect::toSqlite(text, "Hospital").text), values}};
+        return {{kept(db::sqlite::translate(text, "Hospital").text), values}};
     }
     /// The statements of a stored procedure, its arguments bound by their names.
     std::vector<std::pair<sqlite3_stmt*, Bound>> ofCall(const db::Statement& call) {
         std::vector<std::pair<sqlite3_stmt*, Bound>> result;
         for (const auto& text : procedure(call.text).statements) {
-            auto* statement = kept(db::dialect::toSqlite(text, "Hospital").text);
+            auto* statement = kept(db::sqlite::translate(text, "Hospital").text);
             Bound values;
             for (const auto& [name, value] : call.parameters)
                 if (const auto place = sqlite3_bind_parameter_index(statement, name.c_str()); place > 0)

@@ -1,7 +1,7 @@
 #include <set>
 #include <string>
 
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/engine.h"
 #include "db/error.h"
 #include "db/letters.h"

@@ -1,5 +1,5 @@
 #include "db/demo/hospital.h"
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/error.h"
 #include "db/letters.h"
 #include "db/schema.h"

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/embedded.h"
 #include "db/letters.h"
 

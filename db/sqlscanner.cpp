@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/error.h"
 #include "db/letters.h"
 

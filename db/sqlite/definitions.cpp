@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "db/dialect_lexer.h"
 #include "db/error.h"
 #include "db/letters.h"
 #include "db/sqlite/sqliteengine.h"
+#include "db/sqlite/writer.h"
 
 namespace db::sqlite {
 
@@ -12,9 +12,11 @@ namespace db::sqlite {
 void SqliteEngine::define(const dialect::Definition& definition, const std::string& statement) {
     const bool creates = definition.verb == "create";
     if (definition.kind == "procedure") return defineProcedure(definition, statement);
-    const auto translated = dialect::toSqlite(statement, database_);
-    if (definition.kind == "fulltext index")
-        return creates ? createTextIndex(translated.textIndex) : dropTextIndex(translated.object);
+    if (definition.kind == "fulltext index") {
+        const auto index = readTextIndex(statement);
+        return creates ? createTextIndex(index) : dropTextIndex(index.view);
+    }
+    const auto translated = translate(statement, database_);
     if (creates && !translated.databases.empty()) return keepText(definition, statement);
     if (definition.verb == "drop" && definition.kind == "view" && dropText(definition)) return;
     whole([&] {
@@ -29,7 +31,7 @@ void SqliteEngine::define(const dialect::Definition& definition, const std::stri
 void SqliteEngine::defineProcedure(const dialect::Definition& definition, const std::string& statement) {
     if (definition.verb == "create") {
         const auto parsed = dialect::parseProcedure(statement);
-        for (const auto& part : parsed.statements) dialect::toSqlite(part, database_);
+        for (const auto& part : parsed.statements) translate(part, database_);
         return keepText(definition, statement);
     }
     if (definition.verb != "drop" || !dropText(definition))
@@ -47,17 +49,16 @@ void SqliteEngine::redefine(const dialect::Translated& altered) {
     if (found == columns.end() || found + 1 == columns.end())
         throw Error(Category::syntax, "Invalid column name '" + altered.column + "' to alter.", "alter");
     const auto& table = info->table.name;
-    auto text =
-        texts("select sql from sqlite_master where type = 'table' and name = " + dialect::textLiteral(table))[0];
-    const auto begin = text.find(dialect::quoted(found->name) + " ");
-    const auto end = text.find(", " + dialect::quoted((found + 1)->name) + " ", begin);
+    auto text = texts("select sql from sqlite_master where type = 'table' and name = " + textLiteral(table))[0];
+    const auto begin = text.find(quotedName(found->name) + " ");
+    const auto end = text.find(", " + quotedName((found + 1)->name) + " ", begin);
     if (begin == std::string::npos || end == std::string::npos)
         throw Error(Category::other, "The column " + altered.column + " cannot be altered.", "alter");
     text.replace(begin, end - begin, altered.text);
     const auto version = std::stol(texts("pragma schema_version")[0]) + 1;
     line_.run("pragma writable_schema = on", "alter");
-    line_.run(("update sqlite_master set sql = " + dialect::textLiteral(text) +
-               " where type = 'table' and name = " + dialect::textLiteral(table))
+    line_.run(("update sqlite_master set sql = " + textLiteral(text) +
+               " where type = 'table' and name = " + textLiteral(table))
                   .c_str(),
               "alter");
     line_.run(("pragma schema_version = " + std::to_string(version) + "; pragma writable_schema = off").c_str(),
@@ -93,7 +94,7 @@ bool SqliteEngine::dropText(const dialect::Definition& definition) {
         line_.check(bind(remove.statement.get(), 1, name), "bind");
         line_.check(sqlite3_step(remove.statement.get()), "drop");
         if (definition.kind == "view")
-            line_.run(("drop view if exists temp." + dialect::quoted(definition.name)).c_str(), "drop");
+            line_.run(("drop view if exists temp." + quotedName(definition.name)).c_str(), "drop");
     });
     procedures_.clear();
     return true;
@@ -115,7 +116,7 @@ bool SqliteEngine::openViews() {
     if (viewsOpen_) return false;
     const auto views = keptTexts("view");
     for (const auto& [name, text] : views) {
-        const auto translated = dialect::toSqlite(text, database_);
+        const auto translated = translate(text, database_);
         for (const auto& database : translated.databases) attach(database);
         const auto body = translated.text.substr(std::string("create view").size());
         line_.run(("create temp view if not exists" + body).c_str(), "create");

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "db/dialect_lexer.h"
 #include "db/error.h"
 #include "db/letters.h"
 #include "db/sqlite/engine.h"
 #include "db/sqlite/errors.h"
 #include "db/sqlite/functions.h"
+#include "db/sqlite/writer.h"
 
 namespace db::sqlite {
 
@@ -63,7 +63,7 @@ Outcome SqliteEngine::execute(const Sql::Template& statement) {
 
 Prepared& SqliteEngine::prepared(const std::string& statement) {
     if (auto* known = statements_.find(statement)) return *known;
-    auto translated = dialect::toSqlite(statement, database_);
+    auto translated = translate(statement, database_);
     for (const auto& database : translated.databases) attach(database);
     auto fresh = prepareWithViews(translated.text);
     fresh.object = translated.object;
@@ -98,7 +98,7 @@ void SqliteEngine::addKey(Prepared& fresh, const dialect::Translated& translated
     int count = 0;
     for (const auto& column : tableInfo(fresh.object)->table.columns) {
         if (!column.key || selected(column)) continue;
-        keys += ", " + dialect::quoted(column.name);
+        keys += ", " + quotedName(column.name);
         ++count;
     }
     if (count == 0) return;

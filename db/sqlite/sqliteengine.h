@@ -9,10 +9,11 @@
 #include <vector>
 
 #include "db/databases.h"
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/engine.h"
 #include "db/sqlite/line.h"
 #include "db/sqlite/prepared.h"
+#include "db/sqlite/textindex.h"
 
 namespace db::sqlite {
 
@@ -80,9 +81,9 @@ private:
     bool openViews();
 
     // Full-text indexes.
-    void createTextIndex(const dialect::TextIndex& index);
+    void createTextIndex(const TextIndex& index);
     void dropTextIndex(const std::string& view);
-    const std::vector<dialect::TextIndex>& textIndexes();
+    const std::vector<TextIndex>& textIndexes();
     void addIndexed(Prepared& fresh, const dialect::Translated& translated);
 
     // Tables and procedures.
@@ -105,7 +106,7 @@ private:
     std::map<std::string, std::unique_ptr<TableInfo>, std::less<>> tables_;
     std::map<std::string, dialect::Procedure, std::less<>> procedures_;
     std::set<std::string> attached_;
-    std::optional<std::vector<dialect::TextIndex>> textIndexes_;
+    std::optional<std::vector<TextIndex>> textIndexes_;
     bool viewsOpen_ = false;  ///< whether the views over other databases are there on this line
 };
 

@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "db/dialect_lexer.h"
 #include "db/error.h"
 #include "db/letters.h"
 #include "db/sqlite/sqliteengine.h"
+#include "db/sqlite/writer.h"
 
 namespace db::sqlite {
 namespace {
@@ -15,7 +15,7 @@ std::string_view text(sqlite3_stmt* statement, int column) {
 
 std::string assignments(const std::vector<std::string>& columns, const char* between) {
     std::string result;
-    for (const auto& column : columns) result += (result.empty() ? "" : between) + dialect::quoted(column) + " = ?";
+    for (const auto& column : columns) result += (result.empty() ? "" : between) + quotedName(column) + " = ?";
     return result;
 }
 
@@ -81,14 +81,14 @@ Outcome SqliteEngine::insertRow(const Table& table, const std::vector<std::strin
                                 const std::vector<Value>& values) {
     requireUsable();
     auto& ready = preparedRow("insert ", table, columns, {}, [&] {
-        if (columns.empty()) return "insert into " + dialect::quoted(table.name) + " default values";
+        if (columns.empty()) return "insert into " + quotedName(table.name) + " default values";
         std::string names;
         std::string places;
         for (const auto& column : columns) {
-            names += (names.empty() ? "" : ", ") + dialect::quoted(column);
+            names += (names.empty() ? "" : ", ") + quotedName(column);
             places += places.empty() ? "?" : ", ?";
         }
-        return "insert into " + dialect::quoted(table.name) + " (" + names + ") values (" + places + ")";
+        return "insert into " + quotedName(table.name) + " (" + names + ") values (" + places + ")";
     });
     return runRow(ready, values, {});
 }
@@ -100,7 +100,7 @@ Outcome SqliteEngine::updateRow(const Table& table, const std::vector<std::strin
     if (columns.empty()) return {};
     if (keys.empty()) throw Error(Category::other, "The row has no key.", "update a row");
     auto& ready = preparedRow("update ", table, columns, keys, [&] {
-        return "update " + dialect::quoted(table.name) + " set " + assignments(columns, ", ") + " where " +
+        return "update " + quotedName(table.name) + " set " + assignments(columns, ", ") + " where " +
                assignments(keys, " and ");
     });
     return runRow(ready, values, keyValues);

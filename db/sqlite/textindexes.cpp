@@ -1,10 +1,10 @@
 #include <algorithm>
 
-#include "db/dialect_lexer.h"
 #include "db/error.h"
 #include "db/letters.h"
 #include "db/sqlite/sqliteengine.h"
 #include "db/sqlite/text.h"
+#include "db/sqlite/writer.h"
 
 // A full-text index answers "COLUMN like '%part%'" without reading every row. It consists of a table with each row's
 // key and folded text, and over that the engine's own index of all runs of three letters (fts5.html, section 4.3.4),
@@ -16,9 +16,9 @@ namespace {
 /// The names that belong to a view's index, ready for a statement.
 struct Names {
     explicit Names(const std::string& view)
-        : texts(dialect::quoted("vorel_text " + view)), runs(dialect::quoted("vorel_runs " + view)), view_(view) {}
+        : texts(quotedName("vorel_text " + view)), runs(quotedName("vorel_runs " + view)), view_(view) {}
     [[nodiscard]] std::string trigger(const std::string& event) const {
-        return dialect::quoted(view_ + " searched on " + event);
+        return quotedName(view_ + " searched on " + event);
     }
     std::string texts, runs;
 
@@ -35,20 +35,19 @@ std::string removal(const Names& names, const std::string& key) {
            names.texts + " where key = " + key + ";\ndelete from " + names.texts + " where key = " + key + ";\n";
 }
 
-std::string rows(const dialect::TextIndex& index) {
-    return "select " + dialect::quoted(index.key) + ", tsql_lower(" + dialect::quoted(index.column) + ") from " +
-           dialect::quoted(index.view);
+std::string rows(const TextIndex& index) {
+    return "select " + quotedName(index.key) + ", tsql_lower(" + quotedName(index.column) + ") from " +
+           quotedName(index.view);
 }
 
-std::string addition(const Names& names, const dialect::TextIndex& index, const std::string& key) {
-    return "insert into " + names.texts + " (key, text) " + rows(index) + " where " + dialect::quoted(index.key) +
-           " = " + key + ";\ninsert into " + names.runs + " (rowid, text) select id, text from " + names.texts +
+std::string addition(const Names& names, const TextIndex& index, const std::string& key) {
+    return "insert into " + names.texts + " (key, text) " + rows(index) + " where " + quotedName(index.key) + " = " +
+           key + ";\ninsert into " + names.runs + " (rowid, text) select id, text from " + names.texts +
            " where key = " + key + ";\n";
 }
 
 /// An insert looks for a row of before too: a table's other triggers may have changed the new row already.
-std::string triggers(const Names& names, const dialect::TextIndex& index, const std::string& table,
-                     const std::string& key) {
+std::string triggers(const Names& names, const TextIndex& index, const std::string& table, const std::string& key) {
     const auto before = "old." + key;
     const auto now = "new." + key;
     const auto on = [&](const std::string& event, const std::string& when, const std::string& work) {
@@ -56,9 +55,8 @@ std::string triggers(const Names& names, const dialect::TextIndex& index, const 
                work + "end;\n";
     };
     const auto changed = " when " + before + " <> " + now + " or (select text from " + names.texts +
-                         " where key = " + now + ") is not (select tsql_lower(" + dialect::quoted(index.column) +
-                         ") from " + dialect::quoted(index.view) + " where " + dialect::quoted(index.key) + " = " +
-                         now + ")";
+                         " where key = " + now + ") is not (select tsql_lower(" + quotedName(index.column) + ") from " +
+                         quotedName(index.view) + " where " + quotedName(index.key) + " = " + now + ")";
     return on("insert", "", removal(names, now) + addition(names, index, now)) +
            on("update", changed, removal(names, before) + addition(names, index, now)) +
            on("delete", "", removal(names, before));
@@ -73,28 +71,26 @@ bool isServed(std::string_view pattern) {
 
 }  // namespace
 
-void SqliteEngine::createTextIndex(const dialect::TextIndex& index) {
-    const auto column = prepare("select " + dialect::quoted(index.key) + " from " + dialect::quoted(index.view));
+void SqliteEngine::createTextIndex(const TextIndex& index) {
+    const auto column = prepare("select " + quotedName(index.key) + " from " + quotedName(index.view));
     const auto* table = sqlite3_column_table_name(column.statement.get(), 0);
     const auto* key = sqlite3_column_origin_name(column.statement.get(), 0);
     if (table == nullptr || key == nullptr)
         throw Error(Category::syntax, "The key " + index.key + " is no column of a table.", "create");
     const Names names(index.view);
     whole([&] {
-        line_.run(
-            (std::string("create table if not exists ") + registry +
-             " (view text primary key collate nocase, searched text not null, key text not null);\ninsert into " +
-             registry + " values (" + dialect::textLiteral(index.view) + ", " + dialect::textLiteral(index.column) +
-             ", " + dialect::textLiteral(index.key) + ");\ncreate table " + names.texts +
-             " (id integer primary key, key text not null unique collate VTEXT, text text collate VTEXT);\n"
-             "insert into " +
-             names.texts + " (key, text) " + rows(index) + ";\ncreate virtual table " + names.runs +
-             " using fts5(text, content=" + names.texts +
-             ", content_rowid=id, tokenize='trigram case_sensitive 1');\ninsert into " + names.runs + " (" +
-             names.runs + ") values ('rebuild');\n" +
-             triggers(names, index, dialect::quoted(table), dialect::quoted(key)))
-                .c_str(),
-            "create");
+        line_.run((std::string("create table if not exists ") + registry +
+                   " (view text primary key collate nocase, searched text not null, key text not null);\ninsert into " +
+                   registry + " values (" + textLiteral(index.view) + ", " + textLiteral(index.column) + ", " +
+                   textLiteral(index.key) + ");\ncreate table " + names.texts +
+                   " (id integer primary key, key text not null unique collate VTEXT, text text collate VTEXT);\n"
+                   "insert into " +
+                   names.texts + " (key, text) " + rows(index) + ";\ncreate virtual table " + names.runs +
+                   " using fts5(text, content=" + names.texts +
+                   ", content_rowid=id, tokenize='trigram case_sensitive 1');\ninsert into " + names.runs + " (" +
+                   names.runs + ") values ('rebuild');\n" + triggers(names, index, quotedName(table), quotedName(key)))
+                      .c_str(),
+                  "create");
     });
     textIndexes_.reset();
 }
@@ -104,12 +100,12 @@ void SqliteEngine::dropTextIndex(const std::string& view) {
     std::string text;
     for (const auto* event : events) text += "drop trigger " + names.trigger(event) + ";\n";
     text += "drop table " + names.runs + ";\ndrop table " + names.texts + ";\ndelete from " + registry +
-            " where view = " + dialect::textLiteral(view);
+            " where view = " + textLiteral(view);
     whole([&] { line_.run(text.c_str(), "drop"); });
     textIndexes_.reset();
 }
 
-const std::vector<dialect::TextIndex>& SqliteEngine::textIndexes() {
+const std::vector<TextIndex>& SqliteEngine::textIndexes() {
     if (textIndexes_) return *textIndexes_;
     textIndexes_.emplace();
     if (texts(std::string("select name from sqlite_master where name = '") + registry + "'").empty())
@@ -131,7 +127,7 @@ void SqliteEngine::addIndexed(Prepared& fresh, const dialect::Translated& transl
     if (search.column.empty()) return;
     const auto& indexes = textIndexes();
     const auto index = std::find_if(indexes.begin(), indexes.end(), [&](const auto& known) {
-        return sameName(known.view, translated.object) && sameName(dialect::quoted(known.column), search.column);
+        return sameName(known.view, translated.object) && sameName(quotedName(known.column), search.column);
     });
     const auto place = translated.text.find(search.condition);
     if (index == indexes.end() || translated.text.find(search.condition, place + 1) != std::string::npos) return;
@@ -139,9 +135,9 @@ void SqliteEngine::addIndexed(Prepared& fresh, const dialect::Translated& transl
     const auto first = search.limit.empty() ? "" : " order by t.text" + search.limit;
     auto text = translated.text;
     text.replace(place, search.condition.size(),
-                 "(" + search.condition + " and " + dialect::quoted(index->key) + " in (select t.key from " +
-                     names.runs + " r join " + names.texts + " t on t.id = r.rowid where r.text match tsql_phrase(" +
-                     search.place + ")" + first + "))");
+                 "(" + search.condition + " and " + quotedName(index->key) + " in (select t.key from " + names.runs +
+                     " r join " + names.texts + " t on t.id = r.rowid where r.text match tsql_phrase(" + search.place +
+                     ")" + first + "))");
     fresh.indexed = std::make_unique<Prepared>(prepareWithViews(text));
     fresh.indexed->object = fresh.object;
     fresh.pattern = std::stoul(search.place.substr(1)) - 1;

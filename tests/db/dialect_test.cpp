@@ -1,5 +1,6 @@
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 
+#include "db/sqlite/writer.h"
 #include "tests/db/line.h"
 
 namespace {
@@ -172,6 +173,54 @@ TEST_F(Dialect, Changes) {
     });
 }
 
+TEST_F(Dialect, BinaryConstants) {
+    line.script(
+        "create table Pictures (PNo varchar(9), Photo image default 0xF, Seal varbinary(9));"
+        "insert Pictures (PNo, Seal) values ('001', 0xFFd8), ('002', 0x);"
+        "update Pictures set Photo = 0x27003B2D where Seal = 0XFFD8");
+    const auto bytes = [](std::initializer_list<int> values) {
+        db::Bytes result;
+        for (const int value : values) result.push_back(static_cast<std::byte>(value));
+        return result;
+    };
+    const auto rows = line.read("select Photo, isnull(Seal, 0x00) as Seal, 0xABC from Pictures order by PNo");
+    const std::vector<db::Bytes> expected[] = {{bytes({0x27, 0, 0x3B, 0x2D}), bytes({0xFF, 0xD8}), bytes({0xA, 0xBC})},
+                                               {bytes({0xF}), {}, bytes({0xA, 0xBC})}};
+    ASSERT_EQ(rows.rowCount(), 2U);
+    for (std::size_t row = 0; row < 2; ++row)
+        for (std::size_t column = 0; column < 3; ++column)
+            EXPECT_EQ(rows.value(row, column).bytes(), expected[row][column]) << row << ", " << column;
+}
+
+/// Keeps at their places in T-SQL what the embedded engine leaves out or moves to the statement's end.
+class ServerWriter : public db::sqlite::SqliteWriter {
+    [[nodiscard]] std::string top(std::string_view count) const override { return "top (" + std::string(count) + ") "; }
+    [[nodiscard]] std::string limit(std::string_view) const override { return {}; }
+    [[nodiscard]] std::string arm(const std::string& query) const override { return "(" + query + ")"; }
+    [[nodiscard]] std::string hints(const std::vector<std::string>& words) const override {
+        return " with (" + words.at(0) + ")";
+    }
+    [[nodiscard]] std::string outputPrefix(std::string_view row) const override { return std::string(row) + "."; }
+    [[nodiscard]] std::string output(const std::string& items) const override { return " output " + items; }
+    [[nodiscard]] std::string returning(const std::string&) const override { return {}; }
+};
+
+TEST(Writer, MayKeepThePlacesOfTsql) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"select distinct top 5 a from t (nolock) x where b = 1 order by a",
+         R"(select distinct top (5) "a" from "t" with (nolock) as "x" where "b" = 1 order by "a")"},
+        {"select top 1 a from t union all (select top ?1 b from u)",
+         R"(select top (1) "a" from "t" union all (select top (?1) "b" from "u"))"},
+        {"insert t (a) output inserted.*, inserted.a values (1)",
+         R"(insert into "t" ("a") output inserted.*, inserted."a" values (1))"},
+        {"update t with (rowlock) set a = 1 output inserted.a where b = 2",
+         R"(update "t" with (rowlock) set "a" = 1 output inserted."a" where "b" = 2)"},
+        {"delete t output deleted.a where b = 1", R"(delete from "t" output deleted."a" where "b" = 1)"},
+    };
+    for (const auto& [statement, text] : cases)
+        EXPECT_EQ(db::dialect::translate(statement, "Hospital", ServerWriter()).text, text);
+}
+
 TEST_F(Dialect, RefusesWhatIsNoStatement) {
     for (const char* text : {"",
                              "   ",
@@ -196,13 +245,18 @@ TEST_F(Dialect, RefusesWhatIsNoStatement) {
                              "select 1 \\ 2",
                              "select datepart('year', 1)",
                              "select left('a')",
+                             "select 0xFG",
+                             "select 0x1.5",
                              "Update hAdmission set x=1 where c in (select c from hPatients"}) {
-        const auto [category, description] = test::failureOf([&] { db::dialect::toSqlite(text, "Hospital"); });
+        const auto [category, description] = test::failureOf([&] { db::sqlite::translate(text, "Hospital"); });
         EXPECT_EQ(category, db::Category::syntax) << text << ": " << description;
     }
+    for (const char* text : {"create fulltext index on hPatients", "create fulltext index on v (a, b) key index c",
+                             "drop fulltext index on v (a)", "drop fulltext index on Archive.dbo.v"})
+        EXPECT_EQ(test::failureOf([&] { line.run(text); }).first, db::Category::syntax) << text;
     const std::string deep = "select " + std::string(100'000, '(') + "1";
-    EXPECT_THROW(db::dialect::toSqlite(deep, "Hospital"), db::Error);
-    EXPECT_THROW(db::dialect::toSqlite(std::string("select 1\0, 2", 12), "Hospital"), db::Error);
+    EXPECT_THROW(db::sqlite::translate(deep, "Hospital"), db::Error);
+    EXPECT_THROW(db::sqlite::translate(std::string("select 1\0, 2", 12), "Hospital"), db::Error);
 }
 
 TEST(Script, Splits) {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/error.h"
 #include "db/sqlite/engine.h"
 

@@ -3,8 +3,10 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "db/dialect.h"
+#include "db/dialect/dialect.h"
 #include "db/error.h"
+#include "db/sqlite/textindex.h"
+#include "db/sqlite/writer.h"
 
 namespace {
 
@@ -22,7 +24,8 @@ void refusedOrDone(Work work) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    refusedOrDone([&] { db::dialect::toSqlite(text, "Hospital"); });
+    refusedOrDone([&] { db::sqlite::translate(text, "Hospital"); });
+    refusedOrDone([&] { db::sqlite::readTextIndex(text); });
     refusedOrDone([&] { db::dialect::splitScript(text); });
     refusedOrDone([&] { db::dialect::parseProcedure(text); });
     return 0;

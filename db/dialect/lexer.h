@@ -10,9 +10,11 @@
 namespace db::dialect {
 
 struct Token {
-    enum class Kind { word, name, text, number, place, variable, sign, end };
+    enum class Kind { word, name, text, number, bytes, place, variable, sign, end };
     Kind kind;
-    std::string text;        ///< of a name without its brackets, of a text with its quotes; a sign or word as it stands
+    /// Of a name without its brackets, of a text with its quotes, of a binary constant its digits, two a byte; a sign
+    /// or word as it stands.
+    std::string text;
     std::size_t begin, end;  ///< where it stands in the source
 };
 
@@ -20,10 +22,8 @@ struct Token {
 /// Throws Error(syntax) for an open quote, bracket or comment and for characters that T-SQL does not know.
 std::vector<Token> tokens(std::string_view source);
 
-/// "name" in double quotes, as SQLite wants a name that may be a keyword.
-std::string quoted(std::string_view name);
-/// A text as SQLite's literal: 'It''s'.
-std::string textLiteral(std::string_view text);
+/// The token as an error names it: "'from'". What may be a value of a patient's is not shown.
+std::string shown(const Token& token);
 /// A bare word of this spelling.
 bool isWord(const Token& token, std::string_view word) noexcept;
 bool isSign(const Token& token, std::string_view sign) noexcept;

@@ -1,6 +1,6 @@
 #include <utility>
 
-#include "db/dialect_parser.h"
+#include "db/dialect/parser.h"
 #include "db/error.h"
 
 namespace db::dialect {
@@ -13,7 +13,7 @@ std::string Parser::query(bool nested) {
     std::string limit;
     auto text = selectCore(limit);
     while (at("union") || at("except") || at("intersect")) {
-        if (!limit.empty()) text.insert(0, "select * from (").append(std::exchange(limit, {})).append(")");
+        if (!limit.empty()) text = writer_.arm(text + std::exchange(limit, {}));
         text += " " + take().text;
         if (accept("all")) text += " all";
         text += " " + selectCore(limit);
@@ -48,7 +48,7 @@ std::string Parser::selectCore(std::string& limit) {
     if (accept("(")) {
         auto inner = query(true);
         expect(")");
-        return "select * from (" + inner + ")";
+        return writer_.arm(inner);
     }
     expect("select");
     std::string text = "select ";
@@ -57,67 +57,77 @@ std::string Parser::selectCore(std::string& limit) {
         text += "distinct ";
     else
         accept("all");
-    if (accept("top")) limit = top();
-    text += selectItem();
-    while (accept(",")) text += ", " + selectItem();
+    if (accept("top")) text += top(limit);
+    text += selectList();
     listEnd_ = distinct ? 0 : text.size();
     if (accept("from")) text += " from " + sources();
     where_ = optionalWhere();
     text += where_;
     if (accept("group")) {
         expect("by");
-        text += " group by " + list();
+        text += " group by " + groupKeys();
         combined_ = true;
     }
     if (accept("having")) text += " having " + expression().sql;
     return text;
 }
 
-std::string Parser::top() {
+/// What an engine wants of it behind the query goes into `limit`.
+std::string Parser::top(std::string& limit) {
     const bool bracketed = accept("(");
     const auto token = take();
-    if (token.kind != Token::Kind::number && token.kind != Token::Kind::place && token.kind != Token::Kind::variable)
-        fail();
+    const bool isNumber = token.kind == Token::Kind::number;
+    if (!isNumber && token.kind != Token::Kind::place && token.kind != Token::Kind::variable) fail();
     if (bracketed) expect(")");
-    if (!accept("percent")) return " limit " + token.text;
-    if (token.text != "100") throw Error(Category::syntax, "A part of the rows by percent is not supported.");
-    return {};
+    if (accept("percent")) {
+        if (token.text != "100") throw Error(Category::syntax, "A part of the rows by percent is not supported.");
+        return {};
+    }
+    const auto count = isNumber ? token.text : writer_.parameter(token.text);
+    limit = writer_.limit(count);
+    return writer_.top(count);
+}
+
+std::string Parser::selectList() {
+    auto text = selectItem();
+    while (accept(",")) text += ", " + selectItem();
+    return text;
 }
 
 std::string Parser::selectItem() {
     if (accept("*")) return "*";
     if (atName() && at("=", 1)) {  // "alias = expression"
-        const auto alias = quoted(name());
+        const auto alias = writer_.name(name());
         expect("=");
-        return itemText(expression()) + " as " + alias;
+        return writer_.item(expression(), definesView_) + " as " + alias;
     }
-    for (std::size_t dots = 1; atName(dots - 1) && at(".", dots); dots += 2)
-        if (at("*", dots + 1)) {
-            while (!at("*", 2)) position_ += 2;
-            const auto table = name();
-            position_ += 2;
-            return !outputRow_.empty() && sameName(table, outputRow_) ? "*" : quoted(table) + ".*";
-        }
+    if (auto all = allColumns(); !all.empty()) return all;
     const auto item = expression();
-    return itemText(item) + alias();
+    return writer_.item(item, definesView_) + alias();
 }
 
-/// An expression among the rows' columns takes its collation along; in a view also the affinity of a number.
-std::string Parser::itemText(const Expression& item) const {
-    if (item.column || item.literal) return item.sql + (item.type == Type::text ? " collate VTEXT" : "");
-    if (definesView_ && item.type == Type::number && item.certain) return "cast(" + item.sql + " as numeric)";
-    return item.sql + std::string(collation(item));
+/// "dbo.hPatients.*", or "" where something else follows.
+std::string Parser::allColumns() {
+    for (std::size_t dots = 1; atName(dots - 1) && at(".", dots); dots += 2)
+        if (at("*", dots + 1)) {
+            skip(dots - 1);
+            const auto table = name();
+            skip(2);
+            const bool ofOutput = !outputRow_.empty() && sameName(table, outputRow_);
+            return (ofOutput ? writer_.outputPrefix(outputRow_) : writer_.name(table) + ".") + "*";
+        }
+    return {};
 }
 
 std::string Parser::alias() {
     const bool announced = accept("as");
     if (peek().kind == Token::Kind::text) {
         const auto text = take().text;
-        return " as " + quoted(text.substr(1, text.size() - 2));
+        return " as " + writer_.name(std::string_view(text).substr(1, text.size() - 2));
     }
-    if (atName()) return " as " + quoted(name());
+    if (atName()) return " as " + writer_.name(name());
     // Behind "as" even a keyword is a name.
-    if (announced && peek().kind == Token::Kind::word) return " as " + quoted(take().text);
+    if (announced && peek().kind == Token::Kind::word) return " as " + writer_.name(take().text);
     if (announced) fail();
     return {};
 }
@@ -167,20 +177,20 @@ std::string Parser::tableFactor() {
         ++sourceCount_;
         text = object();
     }
-    hints();
+    text += hints();
     text += alias();
-    hints();
+    text += hints();
     return text;
 }
 
-/// "with (nolock)": readers never wait here.
-void Parser::hints() {
+std::string Parser::hints() {
     const bool with = accept("with");
-    if (!with && !(at("(") && (at("nolock", 1) || at("updlock", 1) || at("holdlock", 1)))) return;
+    if (!with && !(at("(") && (at("nolock", 1) || at("updlock", 1) || at("holdlock", 1)))) return {};
     expect("(");
-    do name();
-    while (accept(","));
+    std::vector<std::string> words{name()};
+    while (accept(",")) words.push_back(name());
     expect(")");
+    return writer_.hints(words);
 }
 
 /// A table's or view's name: "T", "dbo.T", "HospitalArchive.dbo.T" or "HospitalArchive..T".
@@ -191,13 +201,13 @@ std::string Parser::object() {
         throw Error(Category::syntax, "Invalid object name '" + parts.back() + "'.");
     result_.object = parts.back();
     const bool elsewhere = parts.size() == 3 && !sameName(parts[0], database_);
-    if (!elsewhere) return quoted(parts.back());
+    if (!elsewhere) return writer_.object({}, parts.back());
     result_.object.clear();
     combined_ = true;
     bool known = false;
     for (const auto& name : result_.databases) known = known || sameName(name, parts[0]);
     if (!known) result_.databases.push_back(parts[0]);
-    return quoted(parts[0]) + "." + quoted(parts[2]);
+    return writer_.object(parts[0], parts[2]);
 }
 
 std::string Parser::orderBy() {
@@ -206,20 +216,15 @@ std::string Parser::orderBy() {
     std::string text = " order by ";
     do {
         const auto key = expression();
-        const bool position = key.type == Type::number && key.sql.find_first_not_of("0123456789") == std::string::npos;
-        text += position || key.column ? key.sql : key.sql + std::string(collation(key));
-        if (at("asc") || at("desc")) text += " " + take().text;
+        text += writer_.sortKey(key, direction());
         if (at(",")) text += ", ";
     } while (accept(","));
     return text;
 }
 
-std::string Parser::list() {
-    std::string text;
-    do {
-        const auto item = expression();
-        text += (text.empty() ? "" : ", ") + item.sql + std::string(item.column ? "" : collation(item));
-    } while (accept(","));
+std::string Parser::groupKeys() {
+    auto text = writer_.groupKey(expression());
+    while (accept(",")) text += ", " + writer_.groupKey(expression());
     return text;
 }
 

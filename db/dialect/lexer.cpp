@@ -1,4 +1,4 @@
-#include "db/dialect_lexer.h"
+#include "db/dialect/lexer.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,6 +11,10 @@ namespace {
 /// Letters of T-SQL names; every byte beyond ASCII counts as one.
 bool isNameLetter(char c) {
     return isLetter(c) || c == '_' || c == '#' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool isHexDigit(char c) {
+    return isDigit(c) || (lower(c) >= 'a' && lower(c) <= 'f');
 }
 
 class Lexer {
@@ -54,6 +58,7 @@ private:
         if ((c == 'N' || c == 'n') && at(position_ + 1) == '\'') return text(position_ + 1);
         if (c == '[') return name(']');
         if (c == '"') return name('"');
+        if (c == '0' && lower(at(position_ + 1)) == 'x') return bytes();
         if (isDigit(c) || (c == '.' && isDigit(at(position_ + 1)))) return number();
         if (c == '?' && isDigit(at(position_ + 1))) return run(Token::Kind::place, 1);
         if (c == '@') return run(Token::Kind::variable, at(position_ + 1) == '@' ? 2 : 1);
@@ -100,6 +105,17 @@ private:
         return take(Token::Kind::number, end, std::string(source_.substr(position_, end - position_)));
     }
 
+    /// "0xFFD8". An odd first digit stands for a byte of its own.
+    Token bytes() {
+        const auto first = position_ + 2;
+        auto end = first;
+        while (isHexDigit(at(end))) ++end;
+        if (isNameLetter(at(end))) fail("Incorrect syntax near a binary constant.");
+        auto digits = std::string((end - first) % 2, '0');
+        digits += source_.substr(first, end - first);
+        return take(Token::Kind::bytes, end, std::move(digits));
+    }
+
     /// A place, a variable or a word: `prefix` signs, then letters and digits.
     Token run(Token::Kind kind, std::size_t prefix) {
         auto end = position_ + prefix;
@@ -132,16 +148,10 @@ std::vector<Token> tokens(std::string_view source) {
     return Lexer(source).all();
 }
 
-std::string textLiteral(std::string_view text) {
-    std::string result = "'";
-    for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
-    return result += "'";
-}
-
-std::string quoted(std::string_view name) {
-    std::string result = "\"";
-    for (const char c : name) result.append(c == '"' ? 2 : 1, c);
-    return result += '"';
+std::string shown(const Token& token) {
+    if (token.kind == Token::Kind::text) return "a text";
+    if (token.kind == Token::Kind::bytes) return "a binary constant";
+    return "'" + token.text + "'";
 }
 
 bool isWord(const Token& token, std::string_view word) noexcept {

@@ -29,6 +29,22 @@ void Desk::open(bool arranges) {
     setTakesMessages(true);
 }
 
+void Desk::fire(const std::string& control) {
+    try {
+        place.desktop.fire(screen_.name + "." + control, false);
+    } catch (const ui::Refused& refused) {
+        ADD_FAILURE() << refused.why;
+    }
+}
+
+void Desk::set(const std::string& control, const nlohmann::json& content) {
+    try {
+        place.desktop.set(screen_.name + "." + control, content, false);
+    } catch (const ui::Refused& refused) {
+        ADD_FAILURE() << refused.why;
+    }
+}
+
 std::string Desk::rows() {
     std::string all;
     for (const auto& sql : screen_.rows) all += dump(sql) + "-\n";

@@ -40,10 +40,9 @@ public:
     explicit Desk(const RecordScreen& screen);
     Desk(const RecordScreen& screen, const HospitalFiles& files, bool arranges = true);
 
-    void fire(const std::string& control) { place.desktop.fire(screen_.name + "." + control, false); }
-    void set(const std::string& control, const nlohmann::json& content) {
-        place.desktop.set(screen_.name + "." + control, content, false);
-    }
+    /// What the screen refuses fails the test, with the control's name.
+    void fire(const std::string& control);
+    void set(const std::string& control, const nlohmann::json& content);
     [[nodiscard]] nlohmann::json form() const { return place.desktop.get(screen_.name); }
     [[nodiscard]] std::string text(const std::string& field) const { return form()["controls"][field]["text"]; }
     /// All that a save and a delete write.

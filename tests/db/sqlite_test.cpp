@@ -30,10 +30,12 @@ TEST_F(Sqlite, RefusesWhatAColumnCannotHold) {
         const char* description;
     } cases[] = {
         {"insert T (name) values ('\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9')", Category::other, "nothing"},
-        {"insert T (name) values ('longer')", Category::type, "String or binary data would be truncated."},
+        {"insert T (name) values ('longer')", Category::type,
+         "String or binary data would be truncated, column 'name'."},
         {"insert T (name) values (null)", Category::constraint,
          "Cannot insert the value NULL into column 'name', table 'T'; column does not allow nulls."},
-        {"insert T (name) values ('TAKEN ')", Category::type, "String or binary data would be truncated."},
+        {"insert T (name) values ('TAKEN ')", Category::type,
+         "String or binary data would be truncated, column 'name'."},
         {"insert T (name) values ('TAKEN')", Category::constraint,
          "Violation of UNIQUE KEY constraint. Cannot insert duplicate key in object 'T'."},
         {"update T set small=40000", Category::type, "Arithmetic overflow error for an integer, column 'small'."},

@@ -44,40 +44,42 @@ std::vector<db::Sql> rowsOfRegistration() {
 
 /// The front desk: a new patient with her visit and what she owes from before; then a renewed card and another visit.
 RecordScreen patientsNew() {
-    return {
-        .name = "frmPatientsNew",
-        .folder = "registration/frmpatientsnew",
-        .provide = &registration::provideScreens,
-        .arrange =
-            [](TestHospital& hospital) {
-                arrangeRegistration(hospital);
-                hospital.addUser("nurse", "MANAGEMENT");
-                hospital.place.session.gModuleRole = "RECORDS";
-                hospital.place.session.gLockMultipleAttendance = "NO";
-            },
-        .add =
-            [](Desk& desk) {
-                typePatient(desk.place, "frmPatientsNew");
-                desk.set("txtAdmitLimit", "0");
-                desk.set("chkReg", true);
-                desk.set("cboClin", "EYE");
-                desk.set("cboPurpose", "APPOINTMENT");
-                desk.answer("1,200.50");
-                desk.fire("lblDebt.DblClick");
-            },
-        .correct =
-            [](Desk& desk) {
-                desk.fire("cmdRefresh");
-                desk.fire("grdData.DblClick");
-                desk.place.session.gRenewPending = true;
-                desk.set("txtPhone", "0700");
-                desk.set("cboClin", "EYE");
-                desk.set("cboPurpose", "(CONSULTATION)");
-            },
-        .rows = rowsOfRegistration(),
-        .texts = {"txtHomeAddress", "txtOfficeAddress", "txtEmail", "txtsurNAme", "txtfirstNAme", "txtKin", "txtKinRel",
-                  "txtNOKPhone", "txtKinAddress", "txtOLD", "txtOccu", "cboArea", "cboTitle", "txtAdmitLimit"},
-        .vanish = "delete from hPatients"_sql};
+    return {.name = "frmPatientsNew",
+            .folder = "registration/frmpatientsnew",
+            .provide = &registration::provideScreens,
+            .arrange =
+                [](TestHospital& hospital) {
+                    arrangeRegistration(hospital);
+                    hospital.addUser("nurse", "MANAGEMENT");
+                },
+            .session =
+                [](core::Session& session) {
+                    session.gModuleRole = "RECORDS";
+                    session.gLockMultipleAttendance = "NO";
+                },
+            .add =
+                [](Desk& desk) {
+                    typePatient(desk.place, "frmPatientsNew");
+                    desk.set("txtAdmitLimit", "0");
+                    desk.set("chkReg", true);
+                    desk.set("cboClin", "EYE");
+                    desk.set("cboPurpose", "APPOINTMENT");
+                    desk.answer("1,200.50");
+                    desk.fire("lblDebt.DblClick");
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("cmdRefresh");
+                    desk.fire("grdData.DblClick");
+                    desk.place.session.gRenewPending = true;
+                    desk.set("txtPhone", "0700");
+                    desk.set("cboClin", "EYE");
+                    desk.set("cboPurpose", "(CONSULTATION)");
+                },
+            .rows = rowsOfRegistration(),
+            .texts = {"txtHomeAddress", "txtOfficeAddress", "txtEmail", "txtsurNAme", "txtfirstNAme", "txtKin",
+                      "txtKinRel", "txtNOKPhone", "txtKinAddress", "txtOLD", "txtOccu", "cboArea", "cboTitle"},
+            .vanish = "delete from hPatients"_sql};
 }
 
 /// A child born in the house: her appointment, her bed and what her mother owes.
@@ -105,7 +107,7 @@ RecordScreen patientsNewNur() {
                     desk.set("txtPhone", "0700");
                 },
             .rows = rowsOfRegistration(),
-            .texts = {"txtHomeAddress", "txtKin", "txtOLD", "cboArea", "txtEmail", "txtsurNAme", "txtAdmitLimit"},
+            .texts = {"txtHomeAddress", "txtKin", "txtOLD", "cboArea", "txtEmail", "txtsurNAme"},
             .vanish = "delete from hPatients"_sql};
 }
 

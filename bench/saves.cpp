@@ -20,9 +20,9 @@
 #include "bench/desk.h"
 #include "core/loadsession.h"
 #include "db/dialect.h"
-#include "db/schema.h"
 #include "db/sqlite/functions.h"
 #include "db/sqlite/prepared.h"
+#include "hospital/schema.h"
 #include "outpatient/screens.h"
 #include "registration/screens.h"
 #include "shell/screens.h"
@@ -176,12 +176,12 @@ class Hospital {
 public:
     Hospital() : directory_(fs::temp_directory_path() / ("vorel-bench-" + std::to_string(getpid()))) {
         fs::create_directories(directory_);
-        db::createDatabases(directory_);
+        hospital::createDatabases(directory_);
         {
             db::DataSources sources(db::DataSources::embedded(directory_));
             sources.clock().stopAt(now());
             db::Databases databases(sources);
-            db::createDemonstration(databases, {now().date(), 20'000});
+            hospital::createDemonstration(databases, {now().date(), 20'000});
             shell::addUser(sources, {"nurse", "benchmark", {"NURSING"}, "Nurse Joy", "E001"},
                            core::Settings::builtInEncodingTable());
         }

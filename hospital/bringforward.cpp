@@ -50,25 +50,46 @@ std::string filledTable(const std::string& statement) {
     return db::lowered(statement.substr(start.size(), statement.find_first_of(" (", start.size()) - start.size()));
 }
 
-/// Runs those statements of the schema whose objects are missing; a table that is new gets its first rows.
-void createWhatIsMissing(db::Connection& connection) {
+/// The statements of the schema whose objects are missing; a table among them gets its first rows.
+std::vector<std::string> missingStatements(db::Connection& connection) {
     const auto present = presentNames(connection);
     std::set<std::string> fresh;
+    std::vector<std::string> missing;
     for (const auto& statement : schemaStatements(connection.database())) {
         const auto definition = db::dialect::definition(statement);
         const auto name = db::lowered(definition.name);
         const bool wanted = definition.verb.empty() ? fresh.contains(filledTable(statement)) : !present.contains(name);
         if (!wanted) continue;
-        connection.execute(scriptSql(statement));
+        missing.push_back(statement);
         if (definition.kind == "table") fresh.insert(name);
     }
+    return missing;
+}
+
+/// Views, procedures and indexes come back; a table does not, since an empty one would hide that its rows are lost.
+void bringBackWhatIsMissing(db::Connection& connection, const Progress& progress) {
+    const auto missing = missingStatements(connection);
+    for (const auto& statement : missing) {
+        const auto [verb, kind, name] = db::dialect::definition(statement);
+        if (kind == "table")
+            throw db::Error(db::Category::other,
+                            "the table " + name + " is missing, and its rows with it: put a backup back");
+    }
+    if (missing.empty()) return;
+    db::Transaction transaction(connection);
+    for (const auto& statement : missing) {
+        const auto [verb, kind, name] = db::dialect::definition(statement);
+        if (progress) progress("Creating the missing " + kind + " " + name + " of " + connection.database());
+        connection.execute(scriptSql(statement));
+    }
+    transaction.commit();
 }
 
 }  // namespace
 
 void bringForward(db::Connection& connection, const Progress& progress) {
     const auto version = versionOf(connection);
-    if (version == schemaVersion) return;
+    if (version == schemaVersion) return bringBackWhatIsMissing(connection, progress);
     if (version > schemaVersion || version < 1)
         throw db::Error(db::Category::other, "its schema has version " + std::to_string(version) +
                                                  ", this program's is " + std::to_string(schemaVersion) +
@@ -79,7 +100,7 @@ void bringForward(db::Connection& connection, const Progress& progress) {
     db::Transaction transaction(connection);
     dropWhatHoldsNoRows(connection);
     for (int step = version + 1; step <= schemaVersion; ++step) takeSteps(connection, step);
-    createWhatIsMissing(connection);
+    for (const auto& statement : missingStatements(connection)) connection.execute(scriptSql(statement));
     connection.execute("insert into SchemaVersion (version) values ("_sql + schemaVersion + ")");
     transaction.commit();
 }

@@ -14,14 +14,16 @@ namespace hospital {
 using Progress = std::function<void(const std::string&)>;
 
 /// Creates the embedded databases that do not exist yet below `directory`, with their schema and the rows without
-/// which nothing starts, and brings those of an older schema forward. The schema is the T-SQL text built into the program from
+/// which nothing starts, and brings the others forward. The schema is the T-SQL text built into the program from
 /// hospital/schema, and from hospital/sqlite what the embedded engine alone knows. One transaction a database: an
 /// interrupted run leaves a database whole, as it was, or absent. Throws db::Error.
 void createDatabases(const std::filesystem::path& directory, const Progress& progress = {});
 
-/// Brings an open database of an older schema to the version of this program, all rows kept, in one transaction: the
-/// steps of hospital/migrations change what stands, then everything that the schema has besides comes into being.
-/// Throws db::Error, also for a database that is newer than this program; it is then as it was.
+/// Brings an open database to the schema of this program, all rows kept, in one transaction. From an older version the
+/// steps of hospital/migrations change what stands, then everything that the schema has besides comes into being. A
+/// database of this version gets back the views, procedures and indexes that it lacks; a table is never made anew
+/// there, since an empty one would hide that its rows are lost. Throws db::Error, also for such a table and for a
+/// database that is newer than this program; it is then as it was.
 void bringForward(db::Connection& connection, const Progress& progress = {});
 
 /// Throws db::Error where an embedded database has another schema than this program's; opens each of them on the way.

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <regex>
+#include <set>
 #include <thread>
 
 #include "db/command.h"
@@ -19,6 +20,7 @@
 #include "db/sqlite/engine.h"
 #include "db/sqlite/functions.h"
 #include "hospital/embedded.h"
+#include "hospital/scripts.h"
 #include "tests/hospital/hospital.h"
 
 namespace {
@@ -262,6 +264,57 @@ TEST_F(SchemaFiles, CheckNamesWhatIsWrong) {
         for (std::size_t i = 0; i < wrong.size(); ++i) EXPECT_TRUE(wrong[i].starts_with(expected[i])) << wrong[i];
         fs::remove(file());
     }
+}
+
+TEST_F(SchemaFiles, WhatHoldsNoRowsComesBackAndALostTableDoesNot) {
+    db::DataSources sources(db::DataSources::embedded(directory));
+    const auto drop = [&](const std::string& database, const std::string& what) {
+        db::Databases databases(sources);
+        databases.named(database).execute(hospital::scriptSql("drop " + what));
+    };
+    hospital::createDatabases(directory);
+    const auto whole = structure(file());
+    meddle("update hHospital set hname = 'Kept'");
+    drop("Hospital", "view qryhBabyDischarge");
+    drop("Hospital", "view qryhConsultedPatientsArchiveUnion");
+    drop("Hospital", "index IX_hRecords_PNo on hRecords");
+    drop("Hospital", "procedure getIDNo");
+    drop("Hospital", "fulltext index on vwhpatients");
+    drop("SmsCenter", "view vwFullnamePatAppt");
+    EXPECT_EQ(check().size(), 6U);
+    Lines steps;
+    hospital::createDatabases(directory, [&](const std::string& step) { steps.push_back(step); });
+    EXPECT_EQ(std::set<std::string>(steps.begin(), steps.end()),
+              (std::set<std::string>{"Creating the missing view qryhBabyDischarge of Hospital",
+                                     "Creating the missing view qryhConsultedPatientsArchiveUnion of Hospital",
+                                     "Creating the missing index IX_hRecords_PNo of Hospital",
+                                     "Creating the missing procedure getIDNo of Hospital",
+                                     "Creating the missing fulltext index on vwhpatients of Hospital",
+                                     "Creating the missing view vwFullnamePatAppt of SmsCenter"}));
+    EXPECT_EQ(check(), Lines{});
+    EXPECT_EQ(structure(file()), whole);
+    EXPECT_EQ(rowsOf(file(), {"hHospital"}).front(), "hHospital: 001|Kept|14 Marina Road, Lagos|08030001000");
+
+    drop("Hospital", "view vwhComments");
+    drop("Hospital", "table hComments");
+    const auto before = structure(file());
+    EXPECT_NE(refusal(directory).find("the table hComments is missing, and its rows with it"), std::string::npos);
+    EXPECT_EQ(structure(file()), before);
+}
+
+TEST_F(SchemaFiles, AnInterruptedReturnOfWhatIsMissingLeavesTheDatabaseAsItWas) {
+    hospital::createDatabases(directory);
+    meddle("drop view qryhBabyDischarge; drop index IX_hRecords_PNo");
+    const auto before = structure(file());
+    {
+        db::DataSources sources(db::DataSources::embedded(directory));
+        db::Databases databases(sources);
+        databases.setRecorder([writes = 0](const db::Statement& statement) mutable {
+            if (statement.writes() && ++writes == 2) throw db::Error(db::Category::injected, "Injected failure");
+        });
+        EXPECT_THROW(hospital::bringForward(databases.named("Hospital")), db::Error);
+    }
+    EXPECT_EQ(structure(file()), before);
 }
 
 TEST_F(SchemaFiles, CheckSeesADamagedFileAndAMissingOne) {

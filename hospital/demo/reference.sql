@@ -171,6 +171,9 @@ insert into drugcategories (drgCatname, deptbillcenter) values
     ('TABLETS', 'PHARMACY'), ('CAPSULES', 'PHARMACY'), ('SYRUPS', 'PHARMACY'), ('INFUSIONS', 'PHARMACY'),
     ('INHALERS', 'PHARMACY'), ('CREAMS', 'PHARMACY'), ('EYE AND EAR DROPS', 'PHARMACY')
 GO
+-- The fees have their own prices here.
+delete from drugs where drgCatName = 'FEES'
+GO
 -- First what is sold by the piece, then what has a quantity.
 insert into drugs (drgName, drgCatName, pharmCat, Cost) values
     ('PARACETAMOL TAB 500MG', 'TABLETS', 'ANALGESIC', 20), ('IBUPROFEN TAB 400MG', 'TABLETS', 'ANALGESIC', 40),

@@ -366,6 +366,12 @@ TEST(Schema, IsTSqlAsItStands) {
     EXPECT_GT(batches, 300);
 }
 
+TEST(Schema, NewHospitalsHaveTheNamedFeesFree) {
+    test::MemoryDatabases memory;
+    for (const std::string fee : {"INJECTION_FEE", "PHARM_FEE"})
+        EXPECT_EQ(memory.value("select cost from qryhdrugPrice where drgname='"_sql + fee + "'").number(), 0) << fee;
+}
+
 TEST(Schema, NumbersHaveTheirFormsAndRise) {
     test::MemoryDatabases memory;
     const auto next = [&](const char* name) {

@@ -87,3 +87,7 @@ insert into drugcategories (drgCatname, deptbillcenter) values
     ('INJECTIONS', 'PHARMACY'), ('VACCINES', 'PHARMACY'), ('DROP', 'PHARMACY'), ('ORAL', 'PHARMACY'),
     ('DRESSING', 'ADMISSION'), ('DRY STOCK', 'ADMISSION'), ('ADMISSION SERVICES', 'ADMISSION'), ('FEES', 'NURSING')
 GO
+-- The fees that screens charge by name, free until the hospital sets its own.
+insert into drugs (drgName, drgCatName, pharmCat, qtyPerUnit, Cost, NHIScost, Remarks) values
+    ('INJECTION_FEE', 'FEES', 'NURSING', '1', 0, 0, 'PRIVATE'), ('PHARM_FEE', 'FEES', 'PHARMACY', '1', 0, 0, 'PRIVATE')
+GO

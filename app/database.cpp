@@ -2,7 +2,7 @@
 
 #include "app/commands.h"
 #include "app/datadirectory.h"
-#include "db/schema.h"
+#include "hospital/schema.h"
 
 namespace app {
 
@@ -11,8 +11,8 @@ namespace {
 struct DatabaseOptions {
     std::string data;
     std::string config;
-    int patients = db::Demonstration{}.patients;
-    std::uint64_t seed = db::Demonstration{}.seed;
+    int patients = hospital::Demonstration{}.patients;
+    std::uint64_t seed = hospital::Demonstration{}.seed;
 };
 
 void say(const std::string& line) {
@@ -22,7 +22,7 @@ void say(const std::string& line) {
 int create(const DatabaseOptions& options) {
     requireDataDirectory(options.data);
     say("Creating the databases in " + options.data + " ...");
-    db::createDatabases(options.data, &say);
+    hospital::createDatabases(options.data, &say);
     say("The databases are ready.");
     return 0;
 }
@@ -32,7 +32,7 @@ int demo(const DatabaseOptions& options) {
     db::DataSources sources(db::DataSources::embedded(options.data));
     requireDatabases(sources);
     db::Databases databases(sources);
-    db::createDemonstration(databases, {db::DateTime::now().date(), options.patients, options.seed, &say});
+    hospital::createDemonstration(databases, {db::DateTime::now().date(), options.patients, options.seed, &say});
     say("The demonstration hospital is ready.");
     return 0;
 }
@@ -44,7 +44,7 @@ int check(const DatabaseOptions& options) {
     openDatabases(sources);
     db::Databases databases(sources);
     say("Checking the databases in " + options.data + " ...");
-    const auto faults = db::checkDatabases(databases);
+    const auto faults = hospital::checkDatabases(databases);
     for (const auto& fault : faults) say(fault);
     if (!faults.empty()) throw std::runtime_error(std::to_string(faults.size()) + " faults found");
     say("All is well.");

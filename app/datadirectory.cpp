@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "db/engine.h"
-#include "db/schema.h"
+#include "hospital/schema.h"
 
 namespace app {
 
@@ -29,7 +29,7 @@ std::map<std::string, db::Source> dataSources(const fs::path& data, const web::C
 
 void requireDatabases(db::DataSources& sources) {
     openDatabases(sources);
-    db::requireCurrentSchema(sources);
+    hospital::requireCurrentSchema(sources);
 }
 
 void openDatabases(db::DataSources& sources) {

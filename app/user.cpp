@@ -39,13 +39,16 @@ void addUser(CLI::App& program, Run& run) {
     command->add_option("--password", user.password, "Password")->required()->type_name("P");
     command->add_flag("--allow-short-password", user.mayHaveShortPassword,
                       "Take a password of fewer than 8 characters");
-    command->add_option("--role", user.roles, "A role, NURSING for this module; may be given again")
+    command
+        ->add_option("--role", user.roles,
+                     "A role, NURSING for this module, CONSULTING for a doctor; may be given again")
         ->required()
         ->type_name("ROLE")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     command->add_option("--full-name", user.fullName, "Full name")->type_name("TEXT");
-    command->add_option("--emp-id", user.empId, "Number in the staff list")->type_name("ID");
+    command->add_option("--emp-id", user.empId, "Number in the staff list, which a new one joins as doctor or nurse")
+        ->type_name("ID");
     command->callback([options, &run] { run = [options] { return add(*options); }; });
 }
 

@@ -9,7 +9,7 @@
 
 #include "core/session/loadsession.h"
 #include "core/session/workplace.h"
-#include "db/schema.h"
+#include "hospital/schema.h"
 #include "shell/accounts/users.h"
 #include "shell/screens.h"
 
@@ -19,7 +19,7 @@ class Host {
 public:
     Host() : directory_(std::filesystem::temp_directory_path() / ("vorel-bench-" + std::to_string(getpid()))) {
         std::filesystem::create_directories(directory_);
-        db::createDatabases(directory_);
+        hospital::createDatabases(directory_);
         sources = std::make_unique<db::DataSources>(db::DataSources::embedded(directory_));
         shell::NewUser nurse;
         nurse.name = "nurse";

@@ -11,7 +11,7 @@
 #include "bench/sidebyside.h"
 #include "db/databases.h"
 #include "db/recordset.h"
-#include "db/schema.h"
+#include "hospital/schema.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ class Hospital {
 public:
     Hospital() : directory_(std::filesystem::temp_directory_path() / ("vorel-bench-" + std::to_string(getpid()))) {
         std::filesystem::create_directories(directory_);
-        db::createDatabases(directory_);
+        hospital::createDatabases(directory_);
         sources_ = std::make_unique<db::DataSources>(db::DataSources::embedded(directory_));
         ours = std::make_unique<db::Databases>(*sources_);
         fill();

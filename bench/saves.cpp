@@ -21,10 +21,10 @@
 #include "core/session/loadsession.h"
 #include "core/session/workplace.h"
 #include "db/dialect/dialect.h"
-#include "db/schema.h"
 #include "db/sqlite/functions.h"
 #include "db/sqlite/prepared.h"
 #include "db/sqlite/writer.h"
+#include "hospital/schema.h"
 #include "outpatient/screens.h"
 #include "registration/screens.h"
 #include "shell/accounts/users.h"
@@ -178,12 +178,12 @@ class Hospital {
 public:
     Hospital() : directory_(fs::temp_directory_path() / ("vorel-bench-" + std::to_string(getpid()))) {
         fs::create_directories(directory_);
-        db::createDatabases(directory_);
+        hospital::createDatabases(directory_);
         {
             db::DataSources sources(db::DataSources::embedded(directory_));
             sources.clock().stopAt(now());
             db::Databases databases(sources);
-            db::createDemonstration(databases, {now().date(), 20'000});
+            hospital::createDemonstration(databases, {now().date(), 20'000});
             shell::addUser(sources, {"nurse", "benchmark", {"NURSING"}, "Nurse Joy", "E001"},
                            core::Settings::builtInEncodingTable());
         }

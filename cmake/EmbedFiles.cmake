@@ -1,7 +1,7 @@
-# Writes a C++ source that holds every .sql file below DIR/schema, DIR/migrations and DIR/demo: db::embeddedFiles().
-file(GLOB_RECURSE files RELATIVE ${DIR} ${DIR}/schema/*.sql ${DIR}/migrations/*.sql ${DIR}/demo/*.sql)
+# Writes a C++ source that holds every .sql file below DIR: hospital::embeddedFiles().
+file(GLOB_RECURSE files RELATIVE ${DIR} ${DIR}/*.sql)
 list(SORT files)
-set(text "#include \"db/embedded.h\"\n\nnamespace db {\n\nconst std::vector<EmbeddedFile>& embeddedFiles() {\n")
+set(text "#include \"hospital/embedded.h\"\n\nnamespace hospital {\n\nconst std::vector<EmbeddedFile>& embeddedFiles() {\n")
 string(APPEND text "    static const std::vector<EmbeddedFile> files = {\n")
 foreach(file IN LISTS files)
   file(READ ${DIR}/${file} content)
@@ -16,5 +16,5 @@ foreach(file IN LISTS files)
   endwhile()
   string(APPEND text "        },\n")
 endforeach()
-string(APPEND text "    };\n    return files;\n}\n\n}  // namespace db\n")
+string(APPEND text "    };\n    return files;\n}\n\n}  // namespace hospital\n")
 file(WRITE ${OUT} "${text}")

@@ -1,7 +1,6 @@
 #include "shell/accounts/users.h"
 
-#include <algorithm>
-#include <set>
+#include <map>
 #include <stdexcept>
 
 #include "core/texts/encoding.h"
@@ -53,17 +52,19 @@ std::string encodedPassword(const NewUser& user, std::string_view encodingTable)
     return encoded;
 }
 
-/// The numbers of the roles, each once.
-std::set<std::int32_t> roleIds(db::Connection& hospital, const std::vector<std::string>& roles) {
+/// Roles by their names as the hospital writes them, with their numbers.
+using Roles = std::map<std::string, std::int32_t>;
+
+Roles rolesNamed(db::Connection& hospital, const std::vector<std::string>& roles) {
     require(!roles.empty(), "The user has no role.");
-    std::set<std::int32_t> ids;
+    Roles known;
     for (const auto& role : roles) {
         require(printable(role) && !hasQuote(role), "There is no such role.");
-        auto found = hospital.read("select RoleID from Roles where LoginRole='"_sql + role + "'");
+        auto found = hospital.read("select RoleID, LoginRole from Roles where LoginRole='"_sql + role + "'");
         require(!found.empty(), "There is no role \"" + role + "\".");
-        ids.insert(found["RoleID"].int32());
+        known[found["LoginRole"].text()] = found["RoleID"].int32();
     }
-    return ids;
+    return known;
 }
 
 void refuseExisting(db::Connection& hospital, const std::string& name) {
@@ -104,8 +105,16 @@ void writeRole(db::Connection& hospital, const std::string& name, std::int32_t r
     row.update();
 }
 
+/// Where the lists of doctors and of nurses look for a member of staff. Who has both roles is a doctor that works this
+/// module too.
+db::Value departmentOf(const Roles& roles) {
+    if (roles.contains("CONSULTING")) return "MED";
+    if (roles.contains("NURSING")) return "NURSING";
+    return {};
+}
+
 /// The last word of a full name is the family's.
-void writeEmployee(db::Connection& hospital, const NewUser& user) {
+void writeEmployee(db::Connection& hospital, const NewUser& user, const Roles& roles) {
     if (user.empId.empty()) return;
     if (!hospital.read("select empID from employees where empID='"_sql + user.empId + "'").empty()) return;
     const auto blank = user.fullName.rfind(' ');
@@ -115,9 +124,7 @@ void writeEmployee(db::Connection& hospital, const NewUser& user) {
     row.set("empID", user.empId);
     row.set("lastname", orNull(oneWord ? user.fullName : user.fullName.substr(blank + 1)));
     row.set("firstname", orNull(oneWord ? std::string() : user.fullName.substr(0, blank)));
-    row.set("deptID", std::find(user.roles.begin(), user.roles.end(), "NURSING") != user.roles.end()
-                          ? db::Value("NURSING")
-                          : db::Value());
+    row.set("deptID", departmentOf(roles));
     row.update();
 }
 
@@ -128,12 +135,12 @@ void addUser(db::Databases& databases, const NewUser& user, std::string_view enc
     const std::string encoded = encodedPassword(user, encodingTable);
     auto& hospital = databases.named("Hospital");
     db::Transaction transaction(hospital);
-    const auto roles = roleIds(hospital, user.roles);
+    const auto roles = rolesNamed(hospital, user.roles);
     refuseExisting(hospital, user.name);
-    writeEmployee(hospital, user);
+    writeEmployee(hospital, user, roles);
     writeUser(hospital, user, encoded);
     writeAccount(hospital, user.name);
-    for (const auto roleId : roles) writeRole(hospital, user.name, roleId);
+    for (const auto& [role, roleId] : roles) writeRole(hospital, user.name, roleId);
     transaction.commit();
 }
 

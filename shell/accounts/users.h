@@ -14,7 +14,8 @@ struct NewUser {
     std::string password;            ///< as typed
     std::vector<std::string> roles;  ///< "NURSING", "MANAGEMENT", ...: at least one
     std::string fullName = {};
-    std::string empId = {};             ///< the number in the staff list; a number that is new there gets its row
+    /// The number in the staff list. A number that is new there gets its row, in the department of a doctor or a nurse.
+    std::string empId = {};
     bool mayHaveShortPassword = false;  ///< fewer than eight characters
 };
 

@@ -50,7 +50,7 @@ void read(const std::filesystem::path& path, std::map<std::string, std::vector<P
 
 std::map<std::string, std::vector<Pattern>> knownStatements() {
     std::map<std::string, std::vector<Pattern>> known;
-    for (const char* file : {"tests/db/statements.txt"}) read(sourceDirectory() / file, known);
+    for (const char* file : {"tests/hospital/statements.txt"}) read(sourceDirectory() / file, known);
     if (known.empty()) throw std::runtime_error("no known statements");
     return known;
 }

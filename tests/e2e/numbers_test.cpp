@@ -8,7 +8,7 @@
 
 #include "db/command.h"
 #include "db/databases.h"
-#include "db/schema.h"
+#include "hospital/schema.h"
 #include "tests/e2e/program.h"
 
 namespace {
@@ -17,7 +17,7 @@ TEST(Numbers, ThirtyTwoSessionsNeverDrawTheSame) {
     constexpr int sessions = 32;
     constexpr int draws = 1000;
     const e2e::Directory data;
-    db::createDatabases(data.path());
+    hospital::createDatabases(data.path());
     db::DataSources sources(db::DataSources::embedded(data.path()));
 
     std::vector<std::vector<std::string>> drawn(sessions);

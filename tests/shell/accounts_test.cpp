@@ -149,6 +149,19 @@ TEST_F(AccountsTest, AddingAUserWritesItWhole) {
     EXPECT_EQ(hospital.value("select Fullname from Users where Username='Grace2'"_sql).text(), "Grace O'Neil");
 }
 
+TEST_F(AccountsTest, NewStaffJoinTheDepartmentOfTheirRole) {
+    const std::pair<std::vector<std::string>, db::Value> cases[] = {{{"NURSING", "MANAGEMENT"}, "NURSING"},
+                                                                    {{"nursing"}, "NURSING"},
+                                                                    {{"consulting"}, "MED"},
+                                                                    {{"NURSING", "CONSULTING"}, "MED"},
+                                                                    {{"MANAGEMENT"}, {}}};
+    for (int number = 1; const auto& [roles, department] : cases) {
+        const auto id = "E" + std::to_string(number++);
+        addUser({id, "Ward-3!", roles, "Ada Obi", id});
+        EXPECT_EQ(hospital.value("select deptID from employees where empID='"_sql + id + "'"), department) << id;
+    }
+}
+
 TEST_F(AccountsTest, AUserThatCannotBeIsRefusedInOneLine) {
     addUser({"Grace", "Ward-3!", {"NURSING"}});
     const std::string longText(51, 'x');

@@ -8,7 +8,7 @@
 #include <fstream>
 
 #include "db/error.h"
-#include "db/schema.h"
+#include "hospital/schema.h"
 
 namespace test {
 namespace {
@@ -39,7 +39,7 @@ void TemporaryDirectory::write(const std::string& name, const std::string& conte
 }
 
 HospitalFiles::HospitalFiles() {
-    db::createDatabases(directory_.path());
+    hospital::createDatabases(directory_.path());
 }
 
 std::map<std::string, db::Source> HospitalFiles::sources() const {
@@ -62,7 +62,7 @@ TestHospital::TestHospital(std::map<std::string, db::Source> sourceTable)
     program.write("sysdoc.sys", "nurse\r\n");
     sources.clock().stopAt(db::DateTime::of(2026, 11, 24, 9, 30));
     for (const auto& name : db::DataSources::names())
-        if (sources.sources().at(name).location == ":memory:") db::createSchema(place.databases.named(name));
+        if (sources.sources().at(name).location == ":memory:") hospital::createSchema(place.databases.named(name));
     execute("update hHospital set hname='General Hospital'"_sql);
     addUser("nurse", "NURSING");
     place.desktop.setAcknowledges(true);

@@ -51,7 +51,7 @@ bool Form::saves(ui::Button& button, const std::function<void()>& work) const {
     const auto caption = button.caption();
     button.setEnabled(false);
     button.setCaption("Saving ...");
-    desktop().flushChanges();
+    desktop().showProgress();
     const bool wentThrough = trapped([&] {
         const Saving saving(place_.saving, name());
         work();

@@ -153,7 +153,8 @@ TEST_F(HostTest, APageThatDoesNotReadIsLetGoAndTheSessionStays) {
 
 TEST_F(HostTest, RequestsThatAreTooLargeOrBrokenAreRefused) {
     const std::string session = signIn();
-    const auto page = open(session);  // files are for a session that has started
+    const auto page = open(session);
+    send(*page, R"({"fire":"frmTest.cmdFile"})");  // files are for a session that asks for one
     const std::string cookie = "Cookie: " + session + "\r\n";
     const auto status = [&](const std::string& head, const std::string& body = {}) {
         return RawClient(host.port()).ask(head, body).substr(9, 3);

@@ -153,7 +153,7 @@ export class ScreenView {
 
     /** A button that is disabled while its work goes on loses the keyboard, and has it again when the work is done. */
     #keepKeyboard(worked) {
-        if (worked?.disabled && this.body.contains(worked)) this.#left = worked;
+        if (worked?.matches("button:disabled") && this.body.contains(worked)) this.#left = worked;
         if (!this.#left || this.#left.disabled) return;
         if (document.activeElement === document.body) this.work.quietly(() => this.#left.focus());
         this.#left = null;

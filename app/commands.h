@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "web/config.h"
+#include "app/config.h"
 
 namespace app {
 
@@ -20,8 +20,7 @@ void addDrive(CLI::App& program, Run& run);
 
 /// `--data DIR`, which every command takes.
 void addDataOption(CLI::App& command, std::string& data);
-/// `--config FILE`, and reading it; "" is none.
+/// `--config FILE`; "" is none.
 void addConfigOption(CLI::App& command, std::string& config);
-web::Config readConfig(const std::string& file);
 
 }  // namespace app

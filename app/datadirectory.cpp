@@ -17,7 +17,7 @@ void requireDataDirectory(const fs::path& data) {
         throw std::runtime_error(data.string() + ": the directory cannot be read and written");
 }
 
-std::map<std::string, db::Source> dataSources(const fs::path& data, const web::Config& config) {
+std::map<std::string, db::Source> dataSources(const fs::path& data, const Config& config) {
     auto sources = db::DataSources::embedded(data);
     for (const auto& [database, given] : config.sources) {
         auto& source = sources[database];

@@ -4,8 +4,8 @@
 #include <map>
 #include <string>
 
+#include "app/config.h"
 #include "db/databases.h"
-#include "web/config.h"
 
 namespace app {
 
@@ -13,7 +13,7 @@ namespace app {
 void requireDataDirectory(const std::filesystem::path& data);
 
 /// The data-source table: the four embedded databases of the directory, but for what the configuration says otherwise.
-std::map<std::string, db::Source> dataSources(const std::filesystem::path& data, const web::Config& config);
+std::map<std::string, db::Source> dataSources(const std::filesystem::path& data, const Config& config);
 
 /// Opens each database once. Throws db::Error for one that is missing or none.
 void openDatabases(db::DataSources& sources);

@@ -36,7 +36,7 @@ int drive(const DriveOptions& options) {
     std::optional<ProgramDirectory> own;
     if (options.programDirectory.empty())
         own.emplace(sessionsDirectory(options.data), suiteFiles(config, options.user));
-    auto settings = settingsOf(config);
+    auto settings = config.session;
     settings.programDirectory = own ? own->path() : std::filesystem::path(options.programDirectory);
     settings.computerName = environmentText(environment, "computername");
     settings.osUserName = environmentText(environment, "username");

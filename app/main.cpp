@@ -14,11 +14,6 @@ void addConfigOption(CLI::App& command, std::string& config) {
     command.add_option("--config", config, "Configuration file")->type_name("FILE");
 }
 
-web::Config readConfig(const std::string& file) {
-    return web::readConfig(file.empty() ? std::nullopt : std::optional<std::filesystem::path>(file),
-                           web::processEnvironment());
-}
-
 namespace {
 
 int runProgram(int argc, char** argv) {

@@ -7,22 +7,10 @@
 
 namespace app {
 
-core::Settings settingsOf(const web::Config& config) {
-    core::Settings settings;
-    settings.encodingTable = encodingTable(config);
-    settings.deskInMenu = config.deskInMenu;
-    settings.idleMinutes = config.idleMinutes;
-    settings.mostHours = config.mostHours;
-    settings.autoCardNo = config.autoCardNo;
-    settings.nhisServiceNo = config.nhisServiceNo;
-    settings.nhisRegServiceNo = config.nhisRegServiceNo;
-    return settings;
-}
-
 namespace {
 
-core::Settings settings(const web::Config& config, const ui::SignedIn& who, const std::filesystem::path& directory) {
-    auto settings = settingsOf(config);
+core::Settings settings(const Config& config, const ui::SignedIn& who, const std::filesystem::path& directory) {
+    auto settings = config.session;
     settings.programDirectory = directory;
     settings.computerName = who.workstation;
     settings.osUserName = who.user;
@@ -31,7 +19,7 @@ core::Settings settings(const web::Config& config, const ui::SignedIn& who, cons
 
 }  // namespace
 
-NurseSeat::NurseSeat(db::DataSources& sources, const web::Config& config, const std::filesystem::path& sessions,
+NurseSeat::NurseSeat(db::DataSources& sources, const Config& config, const std::filesystem::path& sessions,
                      const ui::SignedIn& who, ui::EventLoop& loop, bool samples)
     : directory_(sessions, suiteFiles(config, who.user)),
       place_(sources, loop, settings(config, who, directory_.path())),
@@ -46,12 +34,8 @@ void NurseSeat::start() {
     if (samples_) desktop().show("frmSamples");
 }
 
-SuiteFiles suiteFiles(const web::Config& config, const std::string& user) {
-    return {user, config.serverName, config.hospitalNumber, std::filesystem::path(config.webRoot) / "program"};
-}
-
-std::string encodingTable(const web::Config& config) {
-    return config.encodingTable.empty() ? std::string(core::Settings::builtInEncodingTable()) : config.encodingTable;
+SuiteFiles suiteFiles(const Config& config, const std::string& user) {
+    return {user, config.serverName, config.hospitalNumber, std::filesystem::path(config.host.webRoot) / "program"};
 }
 
 }  // namespace app

@@ -1,21 +1,18 @@
 #pragma once
 
+#include "app/config.h"
 #include "app/programdirectory.h"
 #include "core/audit/pagesaves.h"
 #include "core/session/workplace.h"
 #include "ui/seat.h"
-#include "web/config.h"
 
 namespace app {
-
-/// What the configuration sets for every session.
-core::Settings settingsOf(const web::Config& config);
 
 /// A nurse's session in the host: her program directory and her work place.
 class NurseSeat : public ui::Seat {
 public:
     /// `samples` opens the page of sample controls beside the main window.
-    NurseSeat(db::DataSources& sources, const web::Config& config, const std::filesystem::path& sessions,
+    NurseSeat(db::DataSources& sources, const Config& config, const std::filesystem::path& sessions,
               const ui::SignedIn& who, ui::EventLoop& loop, bool samples = false);
 
     ui::Desktop& desktop() override { return place_.desktop; }
@@ -37,9 +34,6 @@ private:
 };
 
 /// What the suite would leave beside the program for this user.
-SuiteFiles suiteFiles(const web::Config& config, const std::string& user);
-
-/// The configured table, or the built-in one.
-std::string encodingTable(const web::Config& config);
+SuiteFiles suiteFiles(const Config& config, const std::string& user);
 
 }  // namespace app

@@ -25,12 +25,13 @@ struct ServeOptions {
     bool samples = false;
 };
 
-web::Config configOf(const ServeOptions& options) {
+Config configOf(const ServeOptions& options) {
     auto config = readConfig(options.config);
-    if (!options.address.empty()) config.address = options.address;
-    if (options.port >= 0) config.port = options.port;
-    web::requireServable(config);
-    if (options.samples && !web::isLoopback(config.address))
+    if (!options.address.empty()) config.host.address = options.address;
+    if (options.port >= 0) config.host.port = options.port;
+    config.host.knownPlaces = fs::path(options.data) / "known-addresses";
+    web::requireServable(config.host);
+    if (options.samples && !web::isLoopback(config.host.address))
         throw std::runtime_error("--samples is for trying things out on this machine alone");
     return config;
 }
@@ -43,9 +44,9 @@ void raiseFileLimit() {
     ::setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-web::Authenticate authenticateBy(db::DataSources& sources, const web::Config& config) {
+web::Authenticate authenticateBy(db::DataSources& sources, const Config& config) {
     shell::SignInSettings settings;
-    settings.encodingTable = encodingTable(config);
+    settings.encodingTable = config.session.encodingTable;
     return [&sources, settings](const web::Attempt& attempt) -> web::AuthResult {
         using Outcome = web::AuthResult::Outcome;
         const auto trail = attempt.guessing ? shell::Trail::realNames : shell::Trail::always;
@@ -71,9 +72,8 @@ void forgetOldPageSaves(db::DataSources& sources) {
 }
 
 int serve(const ServeOptions& options) {
-    web::Config config = configOf(options);
-    config.knownPlaces = fs::path(options.data) / "known-addresses";
-    web::setLogLevel(*web::levelNamed(config.logLevel));
+    const Config config = configOf(options);
+    web::setLogLevel(*web::levelNamed(config.host.logLevel));
     requireDataDirectory(options.data);
     db::DataSources sources(dataSources(options.data, config));
     requireDatabases(sources);
@@ -87,7 +87,7 @@ int serve(const ServeOptions& options) {
     const web::Services services{authenticateBy(sources, config),
                                  [&](const std::string& user) { return shell::mayStay(sources, user); },
                                  [&] { return faultsOf(sources, options.data); }};
-    web::Host host(config, services, [&](const ui::SignedIn& who, ui::EventLoop& loop) {
+    web::Host host(config.host, services, [&](const ui::SignedIn& who, ui::EventLoop& loop) {
         return std::make_unique<NurseSeat>(sources, config, sessions, who, loop, options.samples);
     });
     host.stopOnSignals();

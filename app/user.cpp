@@ -2,7 +2,6 @@
 
 #include "app/commands.h"
 #include "app/datadirectory.h"
-#include "app/seat.h"
 #include "shell/accounts/users.h"
 
 namespace app {
@@ -20,7 +19,7 @@ int add(const UserOptions& options) {
     requireDataDirectory(options.data);
     db::DataSources sources(dataSources(options.data, config));
     requireDatabases(sources);
-    shell::addUser(sources, options.user, encodingTable(config));
+    shell::addUser(sources, options.user, config.session.encodingTable);
     std::cout << "User " << options.user.name << " added.\n";
     return 0;
 }

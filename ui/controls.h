@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -217,14 +218,15 @@ public:
     void setBackColor(int color) noexcept { backColor_ = color; }
     /// A JPEG, or nothing for an empty picture.
     void setImage(db::Bytes jpeg);
-    [[nodiscard]] const db::Bytes& image() const noexcept { return image_; }
+    [[nodiscard]] const db::Bytes& image() const noexcept { return *image_; }
     [[nodiscard]] std::string_view kind() const override { return "picture"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
 
 private:
     int backColor_ = -1;
-    db::Bytes image_;
+    /// Shared with whoever serves it to the page, for as long as it stands here.
+    std::shared_ptr<const db::Bytes> image_ = std::make_shared<const db::Bytes>();
 };
 
 /// A column of a grid as it is shown.

@@ -83,7 +83,7 @@ void Conversation::receive(std::string_view line) {
         request = parse(line);
         key = keyOf(request);
     } catch (const Refused& refused) {
-        onMalformed_();
+        onMalformed_(refused.why);
         return tell({{"error", refused.why}});
     }
     try {
@@ -128,14 +128,26 @@ void Conversation::note(const char* key, nlohmann::json content) {
 
 void Conversation::flush() {
     desktop_.flushChanges();
-    const auto pending = std::exchange(pending_, nullptr);
-    if (!pending && events_->empty()) return;
+    if (const auto replied = std::exchange(pending_, nullptr))
+        send(replied->number, replied->content);
+    else if (!events_->empty())
+        send(std::nullopt, nlohmann::json::object());
+}
+
+void Conversation::push() {
+    desktop_.flushChanges();
+    if (events_->empty()) return;
+    nlohmann::json during = nlohmann::json::object();
+    if (pending_) during["during"] = pending_->number;
+    send(std::nullopt, during);
+}
+
+void Conversation::send(std::optional<std::uint64_t> number, const nlohmann::json& more) {
     const nlohmann::json events = std::exchange(*events_, nlohmann::json::array());
-    std::string line = R"({"reply":)" + (pending ? std::to_string(pending->number) : "null");
+    std::string line = R"({"reply":)" + (number ? std::to_string(*number) : "null");
     line += R"(,"events":)" + dump(events);
     line += R"(,"waiting":)" + dump(desktop_.question());
-    if (pending)
-        for (const auto& [key, value] : pending->content.items()) line += "," + dump(key) + ":" + dump(value);
+    for (const auto& [key, value] : more.items()) line += "," + dump(key) + ":" + dump(value);
     write_(line + "}");
 }
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,8 +46,11 @@ public:
     /// Takes one request. Bad JSON, bytes that are no UTF-8, an over-long line, an unknown request: one reply with an
     /// `error`, and nothing ran.
     void receive(std::string_view line);
-    /// Hears of each line that no client of ours sends: bad JSON, a request that this conversation does not serve.
-    void setOnMalformed(std::function<void()> onMalformed) { onMalformed_ = std::move(onMalformed); }
+    /// Hears of each line that no client of ours sends: bad JSON, a request that this conversation does not serve. The
+    /// reason holds nothing of the line but names of requests.
+    void setOnMalformed(std::function<void(const std::string& why)> onMalformed) {
+        onMalformed_ = std::move(onMalformed);
+    }
     /// Adds an event of the server's own to those of the desktop.
     void tell(nlohmann::json event);
     /// Adds a key to the reply that is due; nothing where none is.
@@ -54,6 +58,9 @@ public:
     /// Sends the reply that is due, and events that belong to no request as a line without "reply". To be called
     /// whenever the loop is about to wait.
     void flush();
+    /// Sends the events so far although the operation goes on, as a line without "reply" that names under "during" the
+    /// request whose reply is still due.
+    void push();
     /// The last line of a session: `{"ended":reason}` among the events of the reply that is due.
     void ended(const std::string& reason);
     /// Requests received so far: a page that lost its connection sends the later ones again.
@@ -68,10 +75,11 @@ private:
     void addShared();
     void serve(const nlohmann::json& request, const std::string& key);
     [[nodiscard]] std::string keyOf(const nlohmann::json& request) const;
+    void send(std::optional<std::uint64_t> number, const nlohmann::json& more);
 
     Desktop& desktop_;
     Write write_;
-    std::function<void()> onMalformed_ = [] {};
+    std::function<void(const std::string&)> onMalformed_ = [](const std::string&) {};
     std::map<std::string, Request, std::less<>> requests_;
     std::unique_ptr<nlohmann::json> events_;
     std::shared_ptr<Pending> pending_;  ///< the request whose reply is due

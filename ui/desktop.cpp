@@ -104,7 +104,7 @@ void Desktop::open(Screen& screen, bool modal) {
     nlohmann::json event = {{"opened", screen.name()}, {"modal", modal}};
     flushChanges();
     impl_->entry(screen)->told = true;
-    if (opensWithState_) event["state"] = screen.state();
+    if (servesPage_) event["state"] = screen.state();
     emit(std::move(event));
     if (isChild(screen)) activate(screen);
     if (const auto focus = std::exchange(impl_->entry(screen)->focus, {}); !focus.empty()) emit({{"focus", focus}});
@@ -146,7 +146,8 @@ void Desktop::drop(Screen& screen) {
     if (entry == impl_->entries.end()) return;
     impl_->graveyard.push_back(std::move(entry->screen));
     impl_->entries.erase(entry);
-    for (Control* control : screen.controls()) forget(*control);
+    impl_->renamed.erase(&screen);
+    for (const Control* control : screen.controls()) forget(*control);
 }
 
 /// The screen is open no more: its modal loop ends, and another child becomes the active one.

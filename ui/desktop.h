@@ -118,10 +118,20 @@ public:
     using ReportKeeper = std::function<std::uint64_t(const Report&)>;
     void setReportKeeper(ReportKeeper keeper) { reportKeeper_ = std::move(keeper); }
     void flushChanges();
-    /// `opened` events carry the screen's whole state under "state": what a page needs to draw it at once.
-    void setOpensWithState(bool opensWithState) noexcept { opensWithState_ = opensWithState; }
+    /// For an operation that will take a while, when it has said so on its screen: a client that can look on is told
+    /// what happened so far (`setOnProgress`), and not only when all is done.
+    void showProgress();
+    void setOnProgress(std::function<void()> onProgress) { onProgress_ = std::move(onProgress); }
+    /// The client is a page: `opened` events carry the screen's whole state under "state", which it draws at once, and
+    /// boxes are told by the open question alone, which it shows.
+    void setServesPage(bool servesPage) noexcept { servesPage_ = servesPage; }
+    /// Gives the address under which the client finds a picture, or "" where it finds none, as long as the picture
+    /// stands. Without one pictures go over the wire themselves. Called on the session's thread.
+    using PictureKeeper = std::function<std::string(const std::shared_ptr<const db::Bytes>& jpeg)>;
+    void setPictureKeeper(PictureKeeper keeper) { pictureKeeper_ = std::move(keeper); }
+    [[nodiscard]] const PictureKeeper& pictureKeeper() const noexcept { return pictureKeeper_; }
     [[nodiscard]] const std::string& programTitle() const noexcept { return programTitle_; }
-    /// The main window, the open screens in order, the active one, the open question: what a page needs to draw itself.
+    /// The main window, the open screens in order, the active one: what a page needs to draw itself.
     [[nodiscard]] nlohmann::json snapshot() const;
 
     /// Ends the session: unwinds everything that runs. Boxes that still show are waited for; then the page closes with
@@ -167,11 +177,13 @@ private:
         std::string event;
     };
 
-    void changed(Control& control, std::string_view property);
-    void changed(Screen& screen, std::string_view property);
-    void forget(Control& control) noexcept;
+    void changed(const Control& control, std::string_view property);
+    void captionChanged(const Screen& screen);
+    void forget(const Control& control) noexcept;
 
+    nlohmann::json newsOf(const Control& control, const std::vector<std::string_view>& properties);
     void emit(nlohmann::json event);
+    void emitBox(nlohmann::json event);
     /// The screen of this name, hidden and ready to be shown; nothing when there is none, which a box has said.
     Screen* ready(std::string_view name);
     Screen* make(std::string_view name);
@@ -198,10 +210,12 @@ private:
     const Question* asked_ = nullptr;
     EventLoop::Clock::time_point lastActivity_ = EventLoop::Clock::now();
     bool acknowledges_ = false;
-    bool opensWithState_ = false;
+    bool servesPage_ = false;
     Sink sink_;
+    std::function<void()> onProgress_;
     std::function<void(const Question&)> beforeBox_;
     ReportKeeper reportKeeper_;
+    PictureKeeper pictureKeeper_;
     FileFinder findFile_ = [](const std::string& name) { return std::filesystem::path(name); };
     std::function<void()> onFailure_;
     std::function<void(const std::exception&)> onError_;

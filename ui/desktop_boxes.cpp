@@ -91,11 +91,17 @@ nlohmann::json wireForm(const Desktop::Question& question) {
 void Desktop::message(const std::string& text, Icon icon, const std::string& title) {
     const Question question{Question::Kind::message, text, title.empty() ? programTitle_ : title, {}, icon};
     if (beforeBox_) beforeBox_(question);
-    emit({{"message", messageEvent(question)}});
+    emitBox({{"message", messageEvent(question)}});
     const auto same = [&](const Question& one) { return wireForm(one) == wireForm(question); };
     // A timer that fails every minute has one box, however long nobody reads it.
     const bool unread = std::any_of(impl_->told.begin(), impl_->told.end(), same);
     if (!acknowledges_ && !unread) impl_->told.push_back(question);
+}
+
+/// What changed before a box stands before it. A page hears of the box itself as the open question.
+void Desktop::emitBox(nlohmann::json event) {
+    if (servesPage_) return flushChanges();
+    emit(std::move(event));
 }
 
 void Desktop::dropTold() {
@@ -142,7 +148,7 @@ nlohmann::json Desktop::ask(const Question& question) {
             desktop.impl_->answer = outerAnswer;
         }
     } const open{*this, std::exchange(asked_, &question), std::exchange(impl_->answer, &answer)};
-    emit({{"ask", wireForm(question)}});
+    emitBox({{"ask", wireForm(question)}});
     loop_.runUntil([&answer] { return answer.has_value(); });
     return *answer;
 }

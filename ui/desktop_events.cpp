@@ -22,43 +22,50 @@ nlohmann::json valueOf(const Control& control, std::string_view property) {
 
 }  // namespace
 
-void Desktop::changed(Control& control, std::string_view property) {
+void Desktop::changed(const Control& control, std::string_view property) {
     const auto* entry = impl_->entry(control.screen());
-    if (!entry || !entry->told) return;
-    auto& change = impl_->changes.try_emplace(control.path(), Impl::Change{&control, {}}).first->second;
-    note(change.properties, property);
+    if (entry && entry->told) note(impl_->changes[&control], property);
 }
 
-void Desktop::changed(Screen& screen, std::string_view property) {
+void Desktop::captionChanged(const Screen& screen) {
     const auto* entry = impl_->entry(screen);
-    if (entry && entry->told)
-        note(impl_->changes.try_emplace(screen.name(), Impl::Change{nullptr, {}}).first->second.properties, property);
+    if (entry && entry->told) impl_->renamed.insert(&screen);
     if (screen.visible() && isChild(screen)) childrenChanged();
 }
 
-void Desktop::forget(Control& control) noexcept {
-    std::erase_if(impl_->changes, [&](const auto& change) { return change.second.control == &control; });
-    impl_->shown.erase(control.path());
+void Desktop::forget(const Control& control) noexcept {
+    impl_->changes.erase(&control);
+    impl_->shown.erase(&control);
+}
+
+/// The properties by name, but for what the client shows already.
+nlohmann::json Desktop::newsOf(const Control& control, const std::vector<std::string_view>& properties) {
+    nlohmann::json news = nlohmann::json::object();
+    const auto shown = impl_->shown.find(&control);
+    for (const std::string_view property : properties) {
+        nlohmann::json value = valueOf(control, property);
+        if (shown != impl_->shown.end() && property == control.takes()) {
+            if (shown->second == value) continue;
+            shown->second = value;
+        }
+        news[std::string(property)] = std::move(value);
+    }
+    return news;
 }
 
 void Desktop::flushChanges() {
     nlohmann::json changes = nlohmann::json::object();
-    for (const auto& [path, change] : std::exchange(impl_->changes, {})) {
-        if (!change.control) {
-            if (const Screen* screen = loaded(path)) changes[path]["caption"] = screen->caption();
-            continue;
-        }
-        const auto shown = impl_->shown.find(path);
-        for (const std::string_view property : change.properties) {
-            nlohmann::json value = valueOf(*change.control, property);
-            if (shown != impl_->shown.end() && property == change.control->takes()) {
-                if (shown->second == value) continue;
-                shown->second = value;
-            }
-            changes[path][std::string(property)] = std::move(value);
-        }
-    }
+    for (const Screen* screen : std::exchange(impl_->renamed, {}))
+        changes[screen->name()]["caption"] = screen->caption();
+    for (const auto& [control, properties] : std::exchange(impl_->changes, {}))
+        if (nlohmann::json news = newsOf(*control, properties); !news.empty())
+            changes[control->path()] = std::move(news);
     if (!changes.empty() && sink_) sink_({{"changed", std::move(changes)}});
+}
+
+void Desktop::showProgress() {
+    flushChanges();
+    if (onProgress_) onProgress_();
 }
 
 void Desktop::emit(nlohmann::json event) {
@@ -97,8 +104,11 @@ nlohmann::json Desktop::snapshot() const {
     nlohmann::json modals = nlohmann::json::array();
     for (const Modal* modal : impl_->modals) modals.push_back(modal->screen->name());
     const auto nameOf = [](const Screen* screen) { return screen ? nlohmann::json(screen->name()) : nlohmann::json(); };
-    return {{"title", programTitle_},     {"main", nameOf(main_)},         {"active", nameOf(activeChild_)},
-            {"modal", std::move(modals)}, {"screens", std::move(screens)}, {"waiting", question()}};
+    return {{"title", programTitle_},
+            {"main", nameOf(main_)},
+            {"active", nameOf(activeChild_)},
+            {"modal", std::move(modals)},
+            {"screens", std::move(screens)}};
 }
 
 }  // namespace ui

@@ -7,6 +7,8 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "ui/desktop.h"
@@ -25,10 +27,6 @@ struct Desktop::Impl {
         bool told = false;       ///< a client knows the screen: from its first `opened` its changes count
         std::string focus = {};  ///< the control that gets the keyboard when the screen opens, by path
     };
-    struct Change {
-        Control* control;  ///< nothing for the screen itself
-        std::vector<std::string_view> properties;
-    };
     struct Provided {
         std::string name;
         Factory factory;
@@ -42,10 +40,12 @@ struct Desktop::Impl {
     std::vector<std::unique_ptr<Screen>> graveyard;
     int operations = 0;
 
-    std::map<std::string, Change> changes;  ///< by path
+    // What a client has not heard yet.
+    std::unordered_map<const Control*, std::vector<std::string_view>> changes;  ///< the properties that changed
+    std::unordered_set<const Screen*> renamed;                                  ///< screens with a new caption
     /// What a client shows for a property because it sent it itself: no echo is due while the content is the same.
-    std::map<std::string, nlohmann::json> shown;  ///< by path
-    std::deque<Question> told;                    ///< boxes with OK only that wait for it, the first one showing
+    std::unordered_map<const Control*, nlohmann::json> shown;
+    std::deque<Question> told;  ///< boxes with OK only that wait for it, the first one showing
     /// The answer to the open question, once it has come.
     std::optional<nlohmann::json>* answer = nullptr;
 

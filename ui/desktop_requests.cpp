@@ -80,7 +80,7 @@ void Desktop::believe(Control& control, const nlohmann::json& content) {
     for (const char* key : {"row", "page"})
         if (content.is_object() && content.contains(key)) shown = &content[key];
     if (!shown->is_primitive()) return;
-    impl_->shown[control.path()] = *shown;
+    impl_->shown[&control] = *shown;
     changed(control, property);
 }
 

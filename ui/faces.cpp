@@ -71,8 +71,8 @@ nlohmann::json Button::property(std::string_view name) const {
 }
 
 void Picture::setImage(db::Bytes jpeg) {
-    if (jpeg == image_) return;
-    image_ = std::move(jpeg);
+    if (jpeg == *image_) return;
+    image_ = std::make_shared<const db::Bytes>(std::move(jpeg));
     touch("image");
 }
 
@@ -82,7 +82,10 @@ std::vector<std::string_view> Picture::properties() const {
 
 nlohmann::json Picture::property(std::string_view name) const {
     if (name == "color") return colorForm(backColor_);
-    return image_.empty() ? nlohmann::json() : nlohmann::json("data:image/jpeg;base64," + base64(image_));
+    if (image_->empty()) return nullptr;
+    const auto& keeper = screen().desktop().pictureKeeper();
+    const std::string address = keeper ? keeper(image_) : "data:image/jpeg;base64," + base64(*image_);
+    return address.empty() ? nlohmann::json() : nlohmann::json(address);
 }
 
 void LineChart::show(std::string title, std::vector<std::string> labels, std::vector<Series> series) {

@@ -17,7 +17,7 @@ Screen::~Screen() = default;
 void Screen::setCaption(std::string caption) {
     if (caption == caption_) return;
     caption_ = std::move(caption);
-    desktop_.changed(*this, "caption");
+    desktop_.captionChanged(*this);
 }
 
 Control* Screen::find(std::string_view name) const {

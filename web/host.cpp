@@ -24,7 +24,8 @@ net::ssl::context makeTls(const Config& config) {
     // Forward secrecy and authenticated encryption only, as TLS 1.3 has them anyway.
     SSL_CTX_set_min_proto_version(tls.native_handle(), TLS1_2_VERSION);
     SSL_CTX_set_cipher_list(tls.native_handle(), "ECDHE+AESGCM:ECDHE+CHACHA20");
-    SSL_CTX_set_options(tls.native_handle(), SSL_OP_NO_RENEGOTIATION | SSL_OP_NO_COMPRESSION);
+    SSL_CTX_set_options(tls.native_handle(),
+                        SSL_OP_NO_RENEGOTIATION | SSL_OP_NO_COMPRESSION | SSL_OP_CIPHER_SERVER_PREFERENCE);
     error_code error;
     tls.use_certificate_chain_file(config.certificate, error);
     if (error) throw HostError("tls.certificate: " + config.certificate + " cannot be used: " + error.message());

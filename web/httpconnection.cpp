@@ -7,6 +7,7 @@
 #include "web/log.h"
 #include "web/pageconnection.h"
 #include "web/proxies.h"
+#include "web/stream.h"
 
 namespace web {
 
@@ -52,10 +53,9 @@ std::optional<Response> faultOf(const http::request<http::string_body>& head) {
 }
 
 /// One browser connection: requests one after another, until it becomes a page's WebSocket or ends.
-template <class Stream>
-class HttpConnection : public Connections::Place, public std::enable_shared_from_this<HttpConnection<Stream>> {
+class HttpConnection : public Connections::Place, public std::enable_shared_from_this<HttpConnection> {
 public:
-    HttpConnection(Stream&& stream, const Config& config, Site& site, Connections& connections)
+    HttpConnection(Stream stream, const Config& config, Site& site, Connections& connections)
         : Place(connections),
           stream_(std::move(stream)),
           config_(config),
@@ -65,28 +65,20 @@ public:
 
     void start() {
         error_code error;
-        const auto peer = lowest().socket().remote_endpoint(error);
+        const auto peer = stream_.peer(error);
         if (error) return;
         address_ = plainAddress(peer.address().to_string());
         setWaiting(true);
-        if constexpr (secure) {
-            lowest().expires_after(readTime);
-            stream_.async_handshake(net::ssl::stream_base::server,
-                                    [self = this->shared_from_this()](error_code failed) {
-                                        if (!failed) self->readHead();
-                                    });
-        } else {
-            readHead();
-        }
+        if (!stream_.secure()) return readHead();
+        stream_.expireAfter(readTime);
+        stream_.handshake([self = shared_from_this()](error_code failed) {
+            if (!failed) self->readHead();
+        });
     }
 
-    void makeRoom() override { lowest().close(); }
+    void makeRoom() override { stream_.close(); }
 
 private:
-    static constexpr bool secure = std::is_same_v<Stream, TlsStream>;
-
-    beast::tcp_stream& lowest() { return beast::get_lowest_layer(stream_); }
-
     void readHead() {
         setWaiting(false);
         setWaiting(true);  // from now on
@@ -95,12 +87,11 @@ private:
         parser_.emplace();
         parser_->header_limit(longestHead);
         parser_->body_limit(boost::none);
-        lowest().expires_after(readTime);
-        http::async_read_header(stream_, buffer_, *parser_,
-                                [self = this->shared_from_this()](error_code error, std::size_t) {
-                                    if (error) return self->refuse(error);
-                                    self->judgeHead();
-                                });
+        stream_.expireAfter(readTime);
+        http::async_read_header(stream_, buffer_, *parser_, [self = shared_from_this()](error_code error, std::size_t) {
+            if (error) return self->refuse(error);
+            self->judgeHead();
+        });
     }
 
     void judgeHead() {
@@ -113,7 +104,7 @@ private:
         if (body.upload) {
             upload_ = std::move(body.upload);
             setWaiting(false);
-            lowest().expires_after(uploadTime);
+            stream_.expireAfter(uploadTime);
         }
         if (parser_->content_length().value_or(0) > body.longest) return tooLarge();
         parser_->body_limit(body.longest);
@@ -125,7 +116,7 @@ private:
 
     void askForBody() {
         static constexpr std::string_view goOn = "HTTP/1.1 100 Continue\r\n\r\n";
-        net::async_write(stream_, net::buffer(goOn), [self = this->shared_from_this()](error_code error, std::size_t) {
+        net::async_write(stream_, net::buffer(goOn), [self = shared_from_this()](error_code error, std::size_t) {
             if (!error) self->readBody();
         });
     }
@@ -133,7 +124,7 @@ private:
     /// Every byte counts, also those that tell the sizes of chunks.
     void readBody() {
         http::async_read_some(stream_, buffer_, *parser_,
-                              [self = this->shared_from_this()](error_code error, std::size_t bytes) {
+                              [self = shared_from_this()](error_code error, std::size_t bytes) {
                                   if (error) return self->refuse(error);
                                   if (bytes > self->bodyLeft_) return self->tooLarge();
                                   self->bodyLeft_ -= bytes;
@@ -145,21 +136,17 @@ private:
     void answer() {
         request_.body = std::move(parser_->get().body());
         keepAlive_ = parser_->keep_alive();
-        lowest().expires_never();  // a slowed sign-in takes its time
-        site_.handle(request_,
-                     [self = this->shared_from_this()](Response response) { self->write(std::move(response)); });
+        stream_.expireNever();  // a slowed sign-in takes its time
+        site_.handle(request_, [self = shared_from_this()](Response response) { self->write(std::move(response)); });
     }
 
     void openPage() {
         auto admitted = site_.admit(request_);
         if (auto* refusal = std::get_if<Response>(&admitted)) return refuse(std::move(*refusal));
         setWaiting(false);
-        lowest().expires_never();  // the WebSocket keeps its own time
-        // cppcheck-suppress accessMoved ; it takes the template's angle for a second use
-        std::make_shared<PageConnection<Stream>>(std::move(stream_),
-                                                 std::move(std::get<std::shared_ptr<NurseSession>>(admitted)),
-                                                 static_cast<std::size_t>(config_.longestMessage), connections_)
-            ->start(parser_->get());
+        stream_.expireNever();  // the WebSocket keeps its own time
+        servePage(std::move(stream_), std::move(std::get<std::shared_ptr<NurseSession>>(admitted)),
+                  static_cast<std::size_t>(config_.longestMessage), connections_, parser_->get());
     }
 
     void refuse(error_code error) {
@@ -184,7 +171,7 @@ private:
     void tooLarge() { refuse(json(413, R"({"error":"The request is too large"})")); }
 
     void write(Response response) {
-        addSecurityHeaders(response, request_.secure || secure);
+        addSecurityHeaders(response, request_.secure || stream_.secure());
         http::response<http::string_body> message{static_cast<http::status>(response.status), 11};
         for (const auto& [name, value] : response.headers) message.insert(name, value);
         message.keep_alive(keepAlive_);
@@ -192,8 +179,8 @@ private:
         if (response.status != 304) message.prepare_payload();
         if (request_.method == "HEAD") message.body().clear();
         response_ = std::move(message);
-        lowest().expires_after(writeTime);
-        http::async_write(stream_, response_, [self = this->shared_from_this()](error_code error, std::size_t) {
+        stream_.expireAfter(writeTime);
+        http::async_write(stream_, response_, [self = shared_from_this()](error_code error, std::size_t) {
             if (error) return;
             if (self->keepAlive_) return self->readHead();
             self->linger();
@@ -203,30 +190,24 @@ private:
     /// Closing on bytes that are still coming would reset the connection and take the answer with it. A few such
     /// connections are read on; where many come, they are left to themselves until their client has seen the answer.
     void linger() {
-        if constexpr (!secure) shut();
+        if (!stream_.secure()) shut();
         draining_ = connections_.beginDraining();
-        lowest().expires_after(drainTime);
+        stream_.expireAfter(drainTime);
         if (draining_) return drain();
         lingering_.expires_after(drainTime);
-        lingering_.async_wait([self = this->shared_from_this()](error_code) { self->lowest().close(); });
+        lingering_.async_wait([self = shared_from_this()](error_code) { self->stream_.close(); });
     }
 
     void drain() {
-        stream_.async_read_some(net::buffer(drained_),
-                                [self = this->shared_from_this()](error_code error, std::size_t) {
-                                    if (!error) return self->drain();
-                                    if constexpr (secure) self->shut();
-                                });
+        stream_.async_read_some(net::buffer(drained_), [self = shared_from_this()](error_code error, std::size_t) {
+            if (!error) return self->drain();
+            if (self->stream_.secure()) self->shut();
+        });
     }
 
     void shut() {
-        error_code ignored;
-        if constexpr (secure) {
-            lowest().expires_after(readTime);
-            stream_.async_shutdown([self = this->shared_from_this()](error_code) {});
-        } else {
-            lowest().socket().shutdown(tcp::socket::shutdown_send, ignored);
-        }
+        stream_.expireAfter(readTime);
+        stream_.shutDown([self = shared_from_this()](error_code) {});
     }
 
     Request requestOf(const http::request<http::string_body>& message) const {
@@ -244,7 +225,7 @@ private:
             value += std::string(field.value());
         }
         request.address = address_;
-        request.secure = secure;
+        request.secure = stream_.secure();
         seeThroughProxies(request, config_.proxies);
         return request;
     }
@@ -273,12 +254,7 @@ void serveConnection(tcp::socket socket, net::ssl::context* tls, const Config& c
     if (!connections.admit()) return logOften(Level::warning, "connections-full");
     error_code ignored;
     socket.set_option(tcp::no_delay(true), ignored);
-    if (tls != nullptr)
-        std::make_shared<HttpConnection<TlsStream>>(TlsStream(std::move(socket), *tls), config, site, connections)
-            ->start();
-    else
-        std::make_shared<HttpConnection<PlainStream>>(PlainStream(std::move(socket)), config, site, connections)
-            ->start();
+    std::make_shared<HttpConnection>(Stream(std::move(socket), tls), config, site, connections)->start();
 }
 
 }  // namespace web

@@ -5,7 +5,9 @@
 #include <array>
 #include <atomic>
 #include <ctime>
+#include <map>
 #include <mutex>
+#include <utility>
 
 namespace web {
 
@@ -37,6 +39,21 @@ void appendValue(std::string& line, std::string_view value) {
     }
     line += '"';
 }
+
+/// How often an event was written in the current second.
+struct Budget {
+    std::time_t second = 0;
+    unsigned written = 0;
+    std::uint64_t unlogged = 0;  ///< since its last line
+
+    bool allows(std::time_t now) {
+        constexpr unsigned mostInASecond = 20;
+        if (std::exchange(second, now) != now) written = 0;
+        if (written++ < mostInASecond) return true;
+        ++unlogged;
+        return false;
+    }
+};
 
 std::string timeStamp() {
     const std::time_t now = std::time(nullptr);
@@ -77,20 +94,14 @@ void log(Level level, std::string_view event, std::span<const LogField> fields) 
 }
 
 void logOften(Level level, std::string_view event, std::vector<LogField> fields) noexcept try {
+    if (level < lowest.load()) return;
     static std::mutex mutex;
-    static std::time_t second = 0;
-    static unsigned written = 0;
-    static unsigned unlogged = 0;
+    static std::map<std::string_view, Budget> budgets;  ///< by event
     {
-        constexpr unsigned mostInASecond = 20;
         const std::lock_guard lock(mutex);
-        const std::time_t now = std::time(nullptr);
-        if (std::exchange(second, now) != now) written = 0;
-        if (written++ >= mostInASecond) {
-            ++unlogged;
-            return;
-        }
-        if (unlogged > 0) fields.emplace_back("unlogged", std::to_string(std::exchange(unlogged, 0)));
+        Budget& budget = budgets[event];
+        if (!budget.allows(std::time(nullptr))) return;
+        if (budget.unlogged > 0) fields.emplace_back("unlogged", std::to_string(std::exchange(budget.unlogged, 0)));
     }
     log(level, event, fields);
 } catch (const std::exception&) {

@@ -21,8 +21,9 @@ using LogField = std::pair<std::string_view, std::string>;
 void log(Level level, std::string_view event, std::span<const LogField> fields) noexcept;
 void log(Level level, std::string_view event, std::initializer_list<LogField> fields = {}) noexcept;
 
-/// The same for what anybody on the network may cause as often as he likes: of all such lines at most twenty a second
-/// are written, so that nobody fills the disk. The next one then tells how many were not: "unlogged=480".
+/// The same for what anybody on the network may cause as often as he likes: of each such event at most twenty lines a
+/// second are written, so that nobody fills the disk, and none hides another. The event's next line then tells how many
+/// were not: "unlogged=480". Events are names of the program's own, which stand for good.
 void logOften(Level level, std::string_view event, std::vector<LogField> fields = {}) noexcept;
 
 }  // namespace web

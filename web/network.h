@@ -8,7 +8,6 @@
 #include <boost/beast/http.hpp>
 #include <boost/beast/ssl.hpp>
 #include <boost/beast/websocket.hpp>
-#include <boost/beast/websocket/ssl.hpp>
 
 namespace web {
 
@@ -16,8 +15,5 @@ namespace net = boost::asio;
 namespace beast = boost::beast;
 using boost::system::error_code;
 using net::ip::tcp;
-
-using PlainStream = beast::tcp_stream;
-using TlsStream = beast::ssl_stream<beast::tcp_stream>;
 
 }  // namespace web

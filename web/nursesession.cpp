@@ -205,28 +205,12 @@ void NurseSession::work() noexcept {
 std::string NurseSession::live() {
     loop_.setTimersRun(true);
     const auto seat = makeSeat_(who_, loop_);
-    seat->desktop().setOpensWithState(true);  // a page draws a screen from the event that opens it
     {
         const std::lock_guard lock(mutex_);
         programDirectory_ = seat->programDirectory();
     }
     ui::Conversation conversation(seat->desktop(), [this](const std::string& line) { write(line); });
-    conversation.add("answer",
-                     [this](const nlohmann::json& request, nlohmann::json&) { answer(request.at("answer")); });
-    conversation.add("stored",
-                     [this](const nlohmann::json& request, nlohmann::json& reply) { tellStored(request, reply); });
-    conversation.setOnMalformed([this] { logOften(Level::warning, "page-request-refused", withSession({})); });
-    seat->desktop().setReportKeeper(
-        [this, &seat](const ui::Report& report) { return reports_.keep(report, seat->hospitalName()); });
-    seat->desktop().setOnFailure([&seat] { seat->failed(); });
-    seat->desktop().setOnError([this](const std::exception& error) { logFailure(error); });
-    seat->desktop().setFileFinder([this](const std::string& token) { return uploaded(token); });
-    seat->noteSaves({publicId_, [&conversation] { return conversation.received(); },
-                     [&conversation](const std::string& screen) { conversation.note("saved", screen); }});
-    loop_.setBeforeWait([&] {
-        conversation.flush();
-        seat->idle();
-    });
+    serve(*seat, conversation);
     seat_ = seat.get();
     conversation_ = &conversation;
     std::string reason = runToEnd(*seat, conversation);
@@ -234,6 +218,32 @@ std::string NurseSession::live() {
     seat_ = nullptr;
     conversation_ = nullptr;
     return reason;
+}
+
+/// Joins the seat, its page's talk and what the host keeps for the page.
+void NurseSession::serve(ui::Seat& seat, ui::Conversation& conversation) {
+    using nlohmann::json;
+    conversation.add("answer", [this](const json& request, json&) { answer(request.at("answer")); });
+    conversation.add("stored", [this](const json& request, json& reply) { tellStored(request, reply); });
+    conversation.setOnMalformed([this](const std::string& why) {
+        logOften(Level::warning, "page-request-refused", withSession({{"why", why}}));
+    });
+    ui::Desktop& desktop = seat.desktop();
+    desktop.setServesPage(true);
+    desktop.setOnProgress([&conversation] { conversation.push(); });
+    desktop.setReportKeeper(
+        [this, &seat](const ui::Report& report) { return reports_.keep(report, seat.hospitalName()); });
+    desktop.setPictureKeeper([this](const auto& jpeg) { return pictures_.keep(jpeg); });
+    desktop.setOnFailure([&seat] { seat.failed(); });
+    desktop.setOnError([this](const std::exception& error) { logFailure(error); });
+    desktop.setFileFinder([this](const std::string& token) { return uploaded(token); });
+    seat.noteSaves({publicId_, [&conversation] { return conversation.received(); },
+                    [&conversation](const std::string& screen) { conversation.note("saved", screen); }});
+    loop_.setBeforeWait([this, &seat, &conversation] {
+        noteQuestion();
+        conversation.flush();
+        seat.idle();
+    });
 }
 
 std::string NurseSession::runToEnd(ui::Seat& seat, ui::Conversation& conversation) {
@@ -304,6 +314,12 @@ void NurseSession::finish(const std::string& reason) {
     log(Level::info, "session-ended", {{"reason", reason}});
 }
 
+/// Before the page hears of a question for a file it may send one.
+void NurseSession::noteQuestion() {
+    const auto* open = seat_->desktop().waiting();
+    asksForFile_ = open && open->kind == ui::Desktop::Question::Kind::file;
+}
+
 /// A page names its own uploads by their tokens and never a path of this machine.
 void NurseSession::answer(const nlohmann::json& answer) {
     if (answer.is_object() && answer.contains("file")) {
@@ -311,6 +327,7 @@ void NurseSession::answer(const nlohmann::json& answer) {
         if (!token.is_string() || !uploaded(token.get<std::string>())) throw ui::Refused{"no such uploaded file"};
     }
     seat_->desktop().answer(answer);
+    noteQuestion();
 }
 
 /// What became of the saves of an earlier session, whose page asks because its host or its line went away.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <map>
@@ -13,6 +14,7 @@
 #include "ui/conversation.h"
 #include "ui/seat.h"
 #include "web/log.h"
+#include "web/pictureshelf.h"
 #include "web/reportshelf.h"
 #include "web/token.h"
 
@@ -67,8 +69,11 @@ public:
     [[nodiscard]] Clock::duration abandoned() const;
 
     [[nodiscard]] const ReportShelf& reports() const noexcept { return reports_; }
+    [[nodiscard]] const PictureShelf& pictures() const noexcept { return pictures_; }
     /// The session's own folder; empty before the session has one.
     [[nodiscard]] std::filesystem::path programDirectory() const;
+    /// Whether the session asks its page for a file now.
+    [[nodiscard]] bool asksForFile() const noexcept { return asksForFile_; }
     /// The turn of a file that a page sends, one at a time: held while it comes. Nothing while another has it.
     [[nodiscard]] std::shared_ptr<void> beginUpload();
     /// Keeps an uploaded file and gives the token that answers a file question with it; "" where it cannot be kept.
@@ -77,11 +82,13 @@ public:
 private:
     void work() noexcept;
     std::string live();
+    void serve(ui::Seat& seat, ui::Conversation& conversation);
     std::string runToEnd(ui::Seat& seat, ui::Conversation& conversation);
     void runOn(ui::Seat& seat);
     void greet();
     void write(const std::string& line);
     void finish(const std::string& reason);
+    void noteQuestion();
     void answer(const nlohmann::json& answer);
     void tellStored(const nlohmann::json& request, nlohmann::json& reply);
     void workedOff(std::size_t bytes);
@@ -96,6 +103,8 @@ private:
     const std::string publicId_ = randomToken();  ///< names the session to its page; opens nothing
     ui::EventLoop loop_;
     ReportShelf reports_;
+    PictureShelf pictures_;
+    std::atomic<bool> asksForFile_ = false;
     ui::Seat* seat_ = nullptr;                  ///< on the session's thread only
     ui::Conversation* conversation_ = nullptr;  ///< on the session's thread only
 

@@ -31,6 +31,17 @@ void replaceAll(std::string& text, std::string_view what, const std::string& wit
         text.replace(at, what.size(), with);
 }
 
+/// The number that the text is, or 0, which nothing is kept under.
+std::uint64_t numberIn(std::string_view text) {
+    std::uint64_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc{} && end == text.data() + text.size() ? number : 0;
+}
+
+std::string textOf(const db::Bytes& bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
 std::string trimmed(std::string text) {
     while (!text.empty() && text.back() == ' ') text.pop_back();
     while (!text.empty() && text.front() == ' ') text.erase(0, 1);
@@ -67,6 +78,7 @@ void Site::handle(const Request& request, const Answer& answer) {
         {"GET", "/static/chart/", &Site::chartFile},
         {"GET", "/layouts/", &Site::layout},
         {"GET", "/reports/", &Site::report},
+        {"GET", "/pictures/", &Site::picture},
         {"GET", "/program/", &Site::programFile},
         {"POST", "/upload", &Site::upload},
         {"GET", "/health", &Site::health},
@@ -100,10 +112,17 @@ std::variant<Site::Body, Response> Site::admitBody(const Request& request) const
     if (request.path != "/upload") return Body{longestForm};
     if (!sameOrigin(request)) return plainText(403, "Not from a page of this host\n");
     const auto session = sessionOf(request);
-    if (!session) return json(401, R"({"error":"Not signed in"})");
+    if (auto fault = uploadFault(session)) return std::move(*fault);
     auto turn = session->beginUpload();
     if (!turn) return json(429, R"({"error":"Another file is under way: send this one again"})");
     return Body{static_cast<std::size_t>(config_.longestUpload), std::move(turn)};
+}
+
+/// A page sends a file when its session has asked for one, and at no other time.
+std::optional<Response> Site::uploadFault(const std::shared_ptr<NurseSession>& session) {
+    if (!session) return json(401, R"({"error":"Not signed in"})");
+    if (!session->asksForFile()) return json(409, R"({"error":"No file is asked for any more"})");
+    return std::nullopt;
 }
 
 /// Browsers always say where the page of a WebSocket comes from.
@@ -244,10 +263,7 @@ void Site::report(const Request& request, std::string_view rest, const Answer& a
     if (!session) return answer(redirect("/sign-in"));
     const bool csv = rest.ends_with(".csv");
     if (csv) rest.remove_suffix(4);
-    std::uint64_t id = 0;
-    const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), id);
-    const bool number = error == std::errc{} && end == rest.data() + rest.size();
-    const auto kept = number ? session->reports().find(id) : nullptr;
+    const auto kept = session->reports().find(numberIn(rest));
     if (!kept) return answer(plainText(404, "This report is no longer kept. Open it again from the menu.\n"));
     if (!csv) return answer(page(200, reportPage(*kept)));
     Response response{
@@ -256,6 +272,15 @@ void Site::report(const Request& request, std::string_view rest, const Answer& a
         isPlainPath(kept->name) && kept->name.find('/') == std::string::npos ? kept->name : "report";
     response.headers.emplace_back("Content-Disposition", "attachment; filename=\"" + name + ".csv\"");
     answer(std::move(response));
+}
+
+/// A patient's photograph, for the session whose screen shows it and as long as it does.
+void Site::picture(const Request& request, std::string_view rest, const Answer& answer) {
+    const auto session = sessionOf(request);
+    if (!session) return answer(plainText(401, "Not signed in\n"));
+    const auto jpeg = session->pictures().find(numberIn(rest));
+    if (!jpeg) return answer(plainText(404, "This picture is not shown any more\n"));
+    answer({200, {{"Content-Type", "image/jpeg"}, {"Cache-Control", "no-store"}}, textOf(*jpeg)});
 }
 
 /// Of the program directory only the sounds are for the page.
@@ -269,9 +294,7 @@ void Site::programFile(const Request& request, std::string_view rest, const Answ
 
 void Site::upload(const Request& request, std::string_view, const Answer& answer) {
     const auto session = sessionOf(request);
-    if (!session) return answer(json(401, R"({"error":"Not signed in"})"));
-    if (session->programDirectory().empty())
-        return answer(json(503, R"({"error":"The session is still starting: send the file again"})"));
+    if (auto fault = uploadFault(session)) return answer(std::move(*fault));
     const std::string token = session->keepUpload(formField(request.query, "name"), request.body);
     if (token.empty()) return answer(json(500, R"({"error":"The file could not be kept"})"));
     answer(json(200, R"({"file":")" + token + "\"}"));

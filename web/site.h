@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -47,6 +48,7 @@ private:
     struct Route;
     [[nodiscard]] std::shared_ptr<NurseSession> sessionOf(const Request& request) const;
     [[nodiscard]] bool sameOrigin(const Request& request) const;
+    [[nodiscard]] static std::optional<Response> uploadFault(const std::shared_ptr<NurseSession>& session);
     [[nodiscard]] Response signInPage(int status, const std::string& message, const std::string& user) const;
     [[nodiscard]] Response cookieRedirect(const Request& request, const std::string& token,
                                           const std::string& to) const;
@@ -63,6 +65,7 @@ private:
     void chartFile(const Request& request, std::string_view rest, const Answer& answer);
     void layout(const Request& request, std::string_view rest, const Answer& answer);
     void report(const Request& request, std::string_view rest, const Answer& answer);
+    void picture(const Request& request, std::string_view rest, const Answer& answer);
     void programFile(const Request& request, std::string_view rest, const Answer& answer);
     void upload(const Request& request, std::string_view rest, const Answer& answer);
     void health(const Request& request, std::string_view rest, const Answer& answer);

@@ -28,7 +28,7 @@ public:
     explicit Busy(ui::Button& button) : button_(button), caption_(button.caption()) {
         button_.setEnabled(false);
         button_.setCaption("Saving ...");
-        button_.screen().desktop().flushChanges();
+        button_.screen().desktop().showProgress();
     }
     Busy(const Busy&) = delete;
     Busy& operator=(const Busy&) = delete;

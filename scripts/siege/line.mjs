@@ -118,9 +118,9 @@ export class Page {
 
     #hear(line) {
         for (const event of line.events ?? []) {
-            if (event.message) this.said.push(event.message.text);
             if (event.ended !== undefined) this.ended = event.ended;
         }
+        if (line.waiting?.kind === "message") this.said.push(line.waiting.text);
         if (line.snapshot || typeof line.reply === "number") this.waiting.shift()?.resolve(line);
     }
 

@@ -135,8 +135,13 @@ for (const [size, viewport] of [["desktop", {width: 1366, height: 768}], ["table
         await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmPreConsult.txtTemp");
         await page.keyboard.type("36.8");
         await page.keyboard.press("Tab");
+        const letGo = await house.host.holdWrites();
         await press(page, station, "OKButton");
         await yes(page);
+        await field(page, station, "OKButton", "button").filter({hasText: "Saving ..."}).waitFor();
+        assert.equal(await field(page, station, "OKButton", "button").isDisabled(), true);
+        await picture(page, `frontdoor-saving-${size}`);
+        await letGo();
         await boxSays(page, "Record Succesfully saved");
         await page.locator(`[data-control="${station}.grdDoc"] tbody`).filter({hasText: "NWOSU"}).waitFor();
         await page.locator(`[data-control="${station}.grdData"] tbody`).filter({hasText: surname}).waitFor();

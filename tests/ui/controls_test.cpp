@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+
 #include "tests/ui/fixture.h"
 #include "ui/samples.h"
 
@@ -126,44 +131,42 @@ TEST(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {
     EXPECT_FALSE(desk.ward.lblInfo.handles(ui::Event::click));
 }
 
-TEST(Controls, everyKindShowsWhatTheWireFormNames) {
-    const std::map<std::string, std::vector<const char*>> forms = {
-        {"textBox", {"text", "password", "maxLength"}},
-        {"comboBox", {"text", "items", "index"}},
-        {"listBox", {"items", "index"}},
-        {"checkBox", {"caption", "checked"}},
-        {"optionButton", {"caption", "checked"}},
-        {"datePicker", {"date"}},
-        {"label", {"caption"}},
-        {"button", {"caption", "color"}},
-        {"picture", {"color", "image"}},
-        {"dataGrid", {"columns", "rows", "row", "caption"}},
-        {"flexGrid", {"columns", "rows", "row"}},
-        {"tabStrip", {"page", "captions"}},
-        {"treeView", {"nodes", "index"}},
-        {"listView", {"columns", "rows", "row"}},
-        {"lineChart", {"labels", "series"}},
-        {"statusBar", {"panels"}},
-        {"timer", {"running", "interval"}},
-        {"menuItem", {"caption", "parent"}},
-        {"childArea", {"arrangement", "children"}},
-    };
+TEST(Controls, theProtocolTellsEachPropertyOfEachKind) {
+    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+    std::ostringstream text;
+    text << std::ifstream(root / "docs" / "protocol.md").rdbuf();
+    const std::string states = text.str().substr(text.str().find("## States"));
     Desk desk;
     const auto samples = ui::makeSamples(desk.desktop);
     ui::StatusBar bar(*samples, "extraBar", 3);
     ui::Timer timer(*samples, "extraTimer", std::chrono::seconds(1), false, {});
     ui::MenuItem item(*samples, "extraItem", "&File");
     ui::ChildArea area(*samples, "extraArea");
-    std::map<std::string, int> seen;
+    std::set<std::string> kinds;
     for (const ui::Control* control : samples->controls()) {
         const json state = control->state();
-        const auto form = forms.find(state["kind"]);
-        ASSERT_NE(form, forms.end()) << state["kind"];
-        for (const char* property : form->second) EXPECT_TRUE(state.contains(property)) << control->path() << property;
-        for (const char* property : {"visible", "enabled", "events"}) EXPECT_TRUE(state.contains(property));
-        ++seen[form->first];
+        const auto at = states.find("\n| `" + state["kind"].get<std::string>() + "` |");
+        ASSERT_NE(at, std::string::npos) << state["kind"];
+        const std::string told = states.substr(at + 1, states.find('\n', at + 1) - at);
+        for (const std::string_view property : control->properties()) {
+            EXPECT_TRUE(state.contains(property)) << control->path() << " " << property;
+            EXPECT_NE(told.find("`" + std::string(property) + "`"), std::string::npos) << told << property;
+        }
+        kinds.insert(state["kind"]);
     }
-    EXPECT_EQ(seen.size(), forms.size());
+    EXPECT_EQ(kinds.size(), 19U) << "the samples show every kind";
+}
+
+TEST(Controls, aPictureGoesOverTheWireByItsAddressWhereItHasOne) {
+    Desk desk;
+    const auto image = [&] { return desk.ward.panel.state()["image"]; };
+    EXPECT_TRUE(image().is_null());
+    desk.ward.panel.setImage({std::byte{'j'}, std::byte{'p'}});
+    EXPECT_EQ(image(), "data:image/jpeg;base64,anA=");
+    desk.desktop.setPictureKeeper([](const auto& jpeg) { return jpeg->size() > 1 ? "/pictures/7" : ""; });
+    EXPECT_EQ(image(), "/pictures/7");
+    desk.ward.panel.setImage({std::byte{'j'}});
+    EXPECT_TRUE(image().is_null()) << "none that it could be fetched from";
 }
 
 }  // namespace

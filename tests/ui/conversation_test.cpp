@@ -77,6 +77,10 @@ const Transcript transcripts[] = {
        R"({"events":[{"ask":{"kind":"yesno","text":"Sure?","title":"Check"}}],
            "waiting":{"kind":"yesno","text":"Sure?","title":"Check"}})"},
       {R"({"answer":"no"})", R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"no reason"}}}]})"}}},
+    {"What work shows before its end comes with a script's one reply",
+     {{R"({"fire":"frmWard.cmdWork"})",
+       R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"working"}}},
+                     {"changed":{"frmWard.lblInfo":{"caption":"done"}}}]})"}}},
     {"A modal screen keeps the others waiting and its caller goes on when it is hidden",
      {{R"({"fire":"frmWard.cmdModal"})", R"({"events":[{"opened":"frmModal","modal":true}]})"},
       {R"({"fire":"frmWard.cmdInside"})", R"({"events":[{"error":"frmWard has to wait for frmModal"}]})"},
@@ -207,6 +211,36 @@ TEST(Conversation, pushesWhatBelongsToNoRequestAndNothingElse) {
     ASSERT_EQ(talk.replies.size(), 1U);
     EXPECT_EQ(talk.replies[0], json::parse(R"({"reply":null,"waiting":null,"events":[
         {"changed":{"frmWard":{"caption":"Ward 2"},"frmWard.lblInfo":{"caption":"later news"}}}]})"));
+}
+
+TEST(Conversation, tellsWhoLooksOnOfWorkBeforeItsEnd) {
+    Talk talk;
+    talk.desktop.setOnProgress([&] { talk.conversation.push(); });
+    const auto replies =
+        talk.say(std::deque<std::string>{R"({"fire":"frmWard.cmdWork"})", R"({"fire":"frmWard.cmdInside"})"});
+    ASSERT_EQ(replies.size(), 3U);
+    EXPECT_EQ(replies[0], json::parse(R"({"reply":null,"during":1,"waiting":null,"events":[
+        {"changed":{"frmWard.lblInfo":{"caption":"working"}}}]})"));
+    EXPECT_EQ(replies[1], json::parse(R"({"reply":1,"waiting":null,"events":[
+        {"changed":{"frmWard.lblInfo":{"caption":"done"}}}]})"));
+    talk.ward().lblInfo.setCaption("by itself");
+    talk.desktop.showProgress();
+    ASSERT_EQ(talk.replies.size(), 1U);
+    EXPECT_FALSE(talk.replies[0].contains("during")) << "no request's work";
+    talk.desktop.showProgress();
+    EXPECT_EQ(talk.replies.size(), 1U) << "nothing new";
+}
+
+TEST(Conversation, aPageHearsOfABoxOnce) {
+    Talk talk;
+    talk.desktop.setServesPage(true);
+    const auto replies =
+        talk.say({R"({"fire":"frmWard.cmdTell"})", R"({"answer":"ok"})", R"({"fire":"frmWard.cmdAsk"})"});
+    EXPECT_EQ(replies[0]["waiting"]["text"], "Said");
+    EXPECT_EQ(replies[0]["events"], json::parse(R"([{"changed":{"frmWard.lblInfo":{"caption":"before"}}},
+        {"changed":{"frmWard.tabs":{"page":1}}},{"focus":"frmWard.txtTab"}])"));
+    EXPECT_EQ(replies[2]["waiting"]["text"], "Sure?");
+    EXPECT_EQ(replies[2]["events"], json::array());
 }
 
 TEST(Conversation, repliesBeforeItTakesTheNextRequestAndTellsTheEnd) {

@@ -62,7 +62,7 @@ TEST(Desktop, aNewScreenOfTheSameNameKnowsNothingOfWhatWasTypedInTheOldOne) {
 
 TEST(Desktop, aPageIsToldTheWholeStateWithAnOpenedScreen) {
     Talk talk;
-    talk.desktop.setOpensWithState(true);
+    talk.desktop.setServesPage(true);
     talk.desktop.show("frmModal");
     EXPECT_NE(events(talk).find(R"("state":{"caption":"Modal")"), std::string::npos);
     const json snapshot = talk.desktop.snapshot();

@@ -76,6 +76,11 @@ public:
                                  this->desktop().message("Last");
                                  this->desktop().endSession("good bye");
                              }};
+    ui::Button cmdWork{*this, "cmdWork", "Work", [this] {
+                           lblInfo.setCaption("working");
+                           this->desktop().showProgress();
+                           lblInfo.setCaption("done");
+                       }};
     ui::Button cmdModal{*this, "cmdModal", "Modal", [this] {
                             this->desktop().showModal("frmModal");
                             lblInfo.setCaption("back");

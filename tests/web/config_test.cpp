@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "tests/web/site_fixture.h"
 #include "web/config.h"
 
@@ -14,12 +11,18 @@ std::optional<std::string> noEnvironment(const std::string&) {
     return std::nullopt;
 }
 
+Config read(const std::optional<std::filesystem::path>& file, const web::Environment& environment) {
+    Config config;
+    web::readSettings(file, environment, web::settingsOf(config));
+    return config;
+}
+
 /// The error's text, or "" where the configuration is read.
 std::string faultOf(const std::string& text, const web::Environment& environment = &noEnvironment) {
     const webtest::Directory directory;
     const auto file = directory.write("vorel.toml", text);
     try {
-        web::requireServable(web::readConfig(file, environment));
+        web::requireServable(read(file, environment));
         return {};
     } catch (const web::ConfigError& error) {
         return error.what();
@@ -41,13 +44,9 @@ TEST(Config, BrokenFilesAreToldByFileLineAndKey) {
         {"number for a flag", "allow_plain_remote = 1\n", "allow_plain_remote: must be true or false"},
         {"no address", "\naddress = \"localhost.example\"\n", "vorel.toml:2: address: must be an IP address"},
         {"value for a table", "tls = 5\n", "tls: must be a table"},
-        {"short encoding table", "encoding_table = \"abc\"\n", "encoding_table: must have 94"},
-        {"card numbers", "[registration]\nauto_card_no = \"maybe\"\n", "registration.auto_card_no: must be YES or NO"},
-        {"service row", "[registration]\nconsultation_service = \"x\"\n", "registration.consultation_service: must be"},
         {"log level", "[log]\nlevel = \"loud\"\n", "vorel.toml:2: log.level: must be"},
         {"origins", "origins = [1]\n", "origins: must be a list of texts"},
         {"a proxy's name", "proxies = [\"proxy\"]\n", "vorel.toml:1: proxies: must be an IP address"},
-        {"source key", "[sources.Hospital]\nfile = \"x\"\n", "sources.Hospital.file: unknown key"},
         {"message limit", "[session]\nlongest_message = 9000000\n", "session.longest_message: must be"},
         {"half a certificate", "[tls]\ncertificate = \"a.pem\"\n", "tls: certificate and key belong together"},
         {"plain beyond this machine", "address = \"0.0.0.0\"\n", "without TLS"},
@@ -70,54 +69,26 @@ TEST(Config, AddressesThatMayBeServedPlain) {
 TEST(Config, EnvironmentWinsOverTheFile) {
     const webtest::Directory directory;
     const auto file = directory.write(
-        "vorel.toml",
-        "port = 1\naddress = \"127.0.0.2\"\n[hospital]\nnumber = \"007\"\n[sources.SmsCenter]\nlocation = \"/x.db\"\n");
+        "vorel.toml", "port = 1\naddress = \"127.0.0.2\"\nproxies = [\"::ffff:10.0.0.1\"]\n[log]\nlevel = \"error\"\n");
     const std::map<std::string, std::string> variables{
         {"VOREL_PORT", "2"}, {"VOREL_ALLOW_PLAIN_REMOTE", "true"}, {"VOREL_TLS_KEY", "k"}};
     const auto environment = [&](const std::string& name) -> std::optional<std::string> {
         const auto found = variables.find(name);
         return found == variables.end() ? std::nullopt : std::optional(found->second);
     };
-    const Config config = web::readConfig(file, environment);
+    const Config config = read(file, environment);
     EXPECT_EQ(config.port, 2);
     EXPECT_EQ(config.address, "127.0.0.2");
     EXPECT_TRUE(config.allowPlainRemote);
     EXPECT_EQ(config.key, "k");
-    EXPECT_EQ(config.hospitalNumber, "007");
-    EXPECT_EQ(config.sources.at("SmsCenter").location, "/x.db");
-    EXPECT_EQ(config.sources.at("SmsCenter").engine, "sqlite");
+    EXPECT_EQ(config.logLevel, "error");
+    EXPECT_EQ(config.proxies, std::vector<std::string>{"10.0.0.1"});
 
     const auto broken = [](const std::string& name) -> std::optional<std::string> {
         if (name != "VOREL_PORT") return std::nullopt;
         return "80x";
     };
-    EXPECT_THROW((void)web::readConfig(std::nullopt, broken), web::ConfigError);
-}
-
-TEST(Config, TheSampleHoldsTheDefaults) {
-    const Config sample = web::readConfig(webtest::sourceDirectory() / "docs" / "vorel.toml", &noEnvironment);
-    const Config defaults = web::readConfig(std::nullopt, &noEnvironment);
-    EXPECT_EQ(sample.port, defaults.port);
-    EXPECT_EQ(sample.address, defaults.address);
-    EXPECT_EQ(sample.sessionWaitMinutes, defaults.sessionWaitMinutes);
-    EXPECT_EQ(sample.mostSessions, defaults.mostSessions);
-    EXPECT_EQ(sample.reportsKept, defaults.reportsKept);
-    EXPECT_EQ(sample.longestMessage, defaults.longestMessage);
-    EXPECT_EQ(sample.longestUpload, defaults.longestUpload);
-    EXPECT_EQ(sample.freeFailures, defaults.freeFailures);
-    EXPECT_EQ(sample.mostConnections, defaults.mostConnections);
-    EXPECT_EQ(sample.mostSessionsOfUser, defaults.mostSessionsOfUser);
-    EXPECT_EQ(sample.mostQueued, defaults.mostQueued);
-    EXPECT_EQ(sample.idleMinutes, defaults.idleMinutes);
-    EXPECT_EQ(sample.mostHours, defaults.mostHours);
-    EXPECT_EQ(sample.freeFailuresOfUser, defaults.freeFailuresOfUser);
-    EXPECT_EQ(sample.freeFailuresOfAddress, defaults.freeFailuresOfAddress);
-    EXPECT_EQ(sample.firstDelayMilliseconds, defaults.firstDelayMilliseconds);
-    EXPECT_EQ(sample.longestDelaySeconds, defaults.longestDelaySeconds);
-    EXPECT_EQ(sample.forgetMinutes, defaults.forgetMinutes);
-    EXPECT_EQ(sample.bootstrapRoot, defaults.bootstrapRoot);
-    EXPECT_EQ(sample.chartRoot, defaults.chartRoot);
-    EXPECT_EQ(sample.webRoot, defaults.webRoot);
+    EXPECT_THROW((void)read(std::nullopt, broken), web::ConfigError);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // A running host on a port of its own, and clients that behave well and badly.
 
 #include <gtest/gtest.h>
+#include <openssl/pem.h>
 
 #include <atomic>
 
@@ -25,7 +26,7 @@ web::Services services() {
 
 web::Config testConfig(int connections = 1000) {
     web::setLogLevel(web::Level::off);
-    auto config = web::readConfig(std::nullopt, [](const std::string&) { return std::nullopt; });
+    web::Config config;
     config.port = 0;
     config.longestUpload = 5000;
     config.mostConnections = connections;
@@ -127,16 +128,6 @@ TEST_F(HostTest, ATextFrameThatIsNoTextCostsTheConnectionAndNotTheSession) {
     EXPECT_EQ(send(*again, R"({"get":"frmTest.txtName"})")["state"]["text"], "Ada");
 }
 
-TEST_F(HostTest, ANewPageTakesOver) {
-    const std::string cookie = signIn();
-    const auto first = open(cookie);
-    const auto second = open(cookie);
-    EXPECT_EQ(json::parse(first->readFrame()), json({{"replaced", true}}));
-    EXPECT_EQ(first->readFrame(), "");
-    EXPECT_EQ(first->closeCode, 1000);
-    EXPECT_EQ(send(*second, R"({"get":"frmTest.txtName"})")["reply"], 1);
-}
-
 TEST_F(HostTest, APageThatDoesNotReadIsLetGoAndTheSessionStays) {
     const std::string cookie = signIn();
     const auto client = open(cookie);
@@ -153,7 +144,8 @@ TEST_F(HostTest, APageThatDoesNotReadIsLetGoAndTheSessionStays) {
 
 TEST_F(HostTest, RequestsThatAreTooLargeOrBrokenAreRefused) {
     const std::string session = signIn();
-    const auto page = open(session);  // files are for a session that has started
+    const auto page = open(session);
+    send(*page, R"({"fire":"frmTest.cmdFile"})");  // files are for a session that asks for one
     const std::string cookie = "Cookie: " + session + "\r\n";
     const auto status = [&](const std::string& head, const std::string& body = {}) {
         return RawClient(host.port()).ask(head, body).substr(9, 3);
@@ -297,6 +289,57 @@ TEST_F(HostTest, StoppingTellsThePages) {
     host.stop();
     const auto last = json::parse(client->readFrame());
     EXPECT_TRUE(last["events"].back().contains("ended"));
+}
+
+/// Writes a key and a certificate of its own to the directory.
+void makeCertificate(const webtest::Directory& directory) {
+    const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> key(EVP_EC_gen("P-256"), &EVP_PKEY_free);
+    const std::unique_ptr<X509, decltype(&X509_free)> certificate(X509_new(), &X509_free);
+    X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -3600);
+    X509_gmtime_adj(X509_getm_notAfter(certificate.get()), 3600);
+    X509_set_pubkey(certificate.get(), key.get());
+    X509_sign(certificate.get(), key.get(), EVP_sha256());
+    const auto file = [&](const char* name) {
+        return std::unique_ptr<BIO, decltype(&BIO_free_all)>(BIO_new_file((directory.path() / name).c_str(), "w"),
+                                                             &BIO_free_all);
+    };
+    PEM_write_bio_PrivateKey(file("key.pem").get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr);
+    PEM_write_bio_X509(file("cert.pem").get(), certificate.get());
+}
+
+TEST(Host, OverTlsItServesThePageAndChoosesTheCipher) {
+    const webtest::Directory directory;
+    makeCertificate(directory);
+    auto config = testConfig();
+    config.certificate = (directory.path() / "cert.pem").string();
+    config.key = (directory.path() / "key.pem").string();
+    web::Host host(config, services(), &webtest::makeTestSeat);
+    std::thread thread([&] { host.run(); });
+    const auto client = [&] {
+        auto raw = std::make_unique<RawClient>(host.port());
+        EXPECT_EQ(raw->startTls("ECDHE-ECDSA-CHACHA20-POLY1305:ECDHE-ECDSA-AES256-GCM-SHA384"),
+                  "ECDHE-ECDSA-AES256-GCM-SHA384");
+        return raw;
+    };
+    EXPECT_EQ(RawClient(host.port()).startTls("ECDHE-ECDSA-AES256-SHA"), "") << "no authenticated encryption";
+    const std::string answer = client()->ask("POST /sign-in HTTP/1.1\r\nHost: vorel\r\nOrigin: https://vorel\r\n",
+                                             "user=nurse&password=secret");
+    const auto at = answer.find("__Host-vorel_session=");
+    EXPECT_NE(at, std::string::npos) << answer;
+    const auto page = client();
+    EXPECT_NE(page->upgrade(answer.substr(at, answer.find(';', at) - at), "https://vorel").find("101 "),
+              std::string::npos);
+    EXPECT_EQ(json::parse(page->readFrame())["received"], 0);
+    const std::string longName(200'000, 'n');
+    page->sendFrame(RawClient::text, json{{"set", "frmTest.txtName"}, {"to", longName}}.dump());
+    page->readFrame();
+    page->sendFrame(RawClient::text, R"({"get":"frmTest.txtName"})");
+    EXPECT_EQ(json::parse(page->readFrame())["state"]["text"], longName);
+    host.stop();
+    EXPECT_TRUE(json::parse(page->readFrame())["events"].back().contains("ended"));
+    EXPECT_EQ(page->readFrame(), "");
+    EXPECT_EQ(page->closeCode, 1000);
+    thread.join();
 }
 
 TEST(Host, CannotServe) {

@@ -2,11 +2,13 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
+#include <openssl/ssl.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <unistd.h>
 
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -30,11 +32,22 @@ public:
     RawClient& operator=(const RawClient&) = delete;
     ~RawClient() { ::close(socket_); }
 
+    /// Goes on over TLS, whatever the host's certificate says: the cipher that the host chose, or "" where it would
+    /// not. `ciphers` are those of TLS 1.2 that the client likes, best first.
+    std::string startTls(const char* ciphers) {
+        context_.reset(SSL_CTX_new(TLS_client_method()));
+        SSL_CTX_set_max_proto_version(context_.get(), TLS1_2_VERSION);
+        SSL_CTX_set_cipher_list(context_.get(), ciphers);
+        tls_.reset(SSL_new(context_.get()));
+        SSL_set_fd(tls_.get(), socket_);
+        return SSL_connect(tls_.get()) == 1 ? SSL_get_cipher_name(tls_.get()) : std::string();
+    }
+
     /// False once the other side has gone.
     bool write(const std::string& bytes) const {
         std::size_t sent = 0;
         while (sent < bytes.size()) {
-            const auto count = ::send(socket_, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
+            const auto count = sendSome(bytes.data() + sent, bytes.size() - sent);
             if (count <= 0) return false;
             sent += static_cast<std::size_t>(count);
         }
@@ -127,7 +140,7 @@ private:
         std::string bytes(count, '\0');
         std::size_t got = 0;
         while (got < count) {
-            const auto now = ::recv(socket_, bytes.data() + got, count - got, 0);
+            const auto now = receiveSome(bytes.data() + got, count - got);
             if (now <= 0) break;
             got += static_cast<std::size_t>(now);
         }
@@ -135,7 +148,17 @@ private:
         return bytes;
     }
 
+    ssize_t sendSome(const char* bytes, std::size_t count) const {
+        return tls_ ? SSL_write(tls_.get(), bytes, static_cast<int>(count))
+                    : ::send(socket_, bytes, count, MSG_NOSIGNAL);
+    }
+    ssize_t receiveSome(char* bytes, std::size_t count) const {
+        return tls_ ? SSL_read(tls_.get(), bytes, static_cast<int>(count)) : ::recv(socket_, bytes, count, 0);
+    }
+
     int socket_;
+    std::unique_ptr<SSL_CTX, decltype(&SSL_CTX_free)> context_{nullptr, &SSL_CTX_free};
+    std::unique_ptr<SSL, decltype(&SSL_free)> tls_{nullptr, &SSL_free};
 };
 
 }  // namespace webtest

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <latch>
+
 #include "tests/web/site_fixture.h"
 #include "web/sessions.h"
 
@@ -39,19 +41,6 @@ std::string errorOf(const json& reply) {
     return {};
 }
 
-TEST_F(SessionTest, WhatIsNoRequestGetsOneErrorAndTheSessionGoesOn) {
-    for (const std::string& line :
-         {std::string("{"), std::string("[]"), std::string("\xff\xfe"), std::string("{\"fire\":\"\xc3\"}"),
-          std::string(2 << 20, ' '), std::string(), std::string(R"({"show":"frmTest"})"),
-          std::string(R"({"query":"select 1","on":"Hospital"})")}) {
-        ASSERT_TRUE(session.receive(*page, line));
-        const auto reply = page->next();
-        EXPECT_NE(errorOf(reply), "") << line.substr(0, 20);
-    }
-    EXPECT_EQ(send({{"set", "frmTest.txtName"}, {"to", "Ada"}})["reply"], 9);
-    EXPECT_EQ(page->unread(), 0U);
-}
-
 TEST_F(SessionTest, ANewPageTakesOverInTheMiddleOfAQuestion) {
     EXPECT_EQ(send({{"fire", "frmTest.cmdAsk"}})["waiting"]["kind"], "yesno");
     const auto second = std::make_shared<TestPage>();
@@ -69,14 +58,17 @@ TEST_F(SessionTest, ANewPageTakesOverInTheMiddleOfAQuestion) {
     EXPECT_EQ(session.abandoned(), web::NurseSession::Clock::duration::zero());
 }
 
-TEST_F(SessionTest, FilesAreAnsweredByTheTokensOfOwnUploadsOnly) {
+TEST_F(SessionTest, FilesAreAskedForAndAnsweredByTheTokensOfOwnUploadsOnly) {
+    EXPECT_FALSE(session.asksForFile());
     EXPECT_EQ(send({{"fire", "frmTest.cmdFile"}})["waiting"]["kind"], "file");
+    EXPECT_TRUE(session.asksForFile());
     const auto sysdoc = session.programDirectory() / "sysdoc.sys";
     for (const json& file : {json(sysdoc.string()), json("../sysdoc.sys"), json("0123"), json(), json(5)})
         EXPECT_EQ(errorOf(send({{"answer", {{"file", file}}}})), "no such uploaded file") << file;
     const std::string token = session.keepUpload("../../Photo.JPG", "content");
     const auto reply = send({{"answer", {{"file", token}}}});
     EXPECT_EQ(reply["events"][0]["changed"]["frmTest.txtName"]["text"], ".jpg");
+    EXPECT_FALSE(session.asksForFile());
 }
 
 TEST_F(SessionTest, WhatOnlyScriptsMayAskIsRefusedOnAPagesLine) {
@@ -97,16 +89,56 @@ TEST_F(SessionTest, WhatOnlyScriptsMayAskIsRefusedOnAPagesLine) {
 }
 
 TEST_F(SessionTest, APageThatSendsFasterThanItsSessionWorksIsLetWait) {
-    // The session stands still while the statement of this button runs.
-    ASSERT_TRUE(session.receive(*page, R"({"fire":"frmTest.cmdSleep"})"));
+    std::latch wakes{1};
+    frmTest::works = [&] { wakes.wait(); };
+    ASSERT_TRUE(session.receive(*page, R"({"fire":"frmTest.cmdWork"})"));
     const std::string line(1 << 20, ' ');
     int taken = 0;
     while (session.receive(*page, line)) ASSERT_LT(++taken, 100);
     EXPECT_LE(taken, config.mostQueued / (1 << 20));
-    frmTest::wakes.count_down();
+    wakes.count_down();
     EXPECT_TRUE(eventually([&] { return page->readsOn() == 1; }));
-    for (int i = 0; i < taken + 2; ++i) page->next();
-    EXPECT_EQ(send({{"get", "frmTest.txtName"}})["state"]["text"], "");
+    for (int i = 0; i < taken + 3; ++i) page->next();
+    EXPECT_EQ(send({{"get", "frmTest.txtName"}})["state"]["text"], "done");
+}
+
+TEST_F(SessionTest, APageSeesThatWorkHasBegunWhileItRuns) {
+    std::latch seen{1};
+    frmTest::works = [&] { seen.wait(); };
+    const auto begun = send({{"fire", "frmTest.cmdWork"}});
+    EXPECT_EQ(begun["during"], 1);
+    EXPECT_EQ(begun["events"][0]["changed"]["frmTest.txtName"]["text"], "working");
+    seen.count_down();
+    const auto reply = page->next();
+    EXPECT_EQ(reply["reply"], 1);
+    EXPECT_EQ(reply["events"], json::parse(R"([{"changed":{"frmTest.txtName":{"text":"done"}}}])"));
+}
+
+TEST_F(SessionTest, APictureIsFoundForAsLongAsItShows) {
+    const auto shows = [&](const char* bytes) {
+        send({{"set", "frmTest.txtName"}, {"to", bytes}});
+        return send({{"fire", "frmTest.cmdPhoto"}})["events"][0]["changed"]["frmTest.picPhoto"]["image"];
+    };
+    EXPECT_EQ(shows("10"), "/pictures/1");
+    EXPECT_EQ(session.pictures().find(1)->size(), 10U);
+    EXPECT_EQ(send({{"get", "frmTest.picPhoto"}})["state"]["image"], "/pictures/1") << "fetched once";
+    EXPECT_EQ(shows("11"), "/pictures/2");
+    EXPECT_EQ(session.pictures().find(1), nullptr);
+    EXPECT_TRUE(shows("9000000").is_null()) << "no picture of a patient is that large";
+    EXPECT_TRUE(shows("0").is_null());
+    EXPECT_EQ(session.pictures().find(2), nullptr);
+}
+
+TEST_F(SessionTest, TheLogSaysWhyAPagesRequestWasRefusedAndNotWhatItHeld) {
+    web::setLogLevel(web::Level::warning);
+    testing::internal::CaptureStderr();
+    send({{"query", "select Secret"}});
+    send({{"set", "frmTest.txtName"}, {"to", "Secret"}, {"Secret", 1}});
+    const std::string log = testing::internal::GetCapturedStderr();
+    web::setLogLevel(web::Level::off);
+    for (const char* why : {R"(why="the request is unknown")", R"(why="set has a key that it does not take")"})
+        EXPECT_NE(log.find(why), std::string::npos) << log;
+    EXPECT_EQ(log.find("Secret"), std::string::npos) << log;
 }
 
 TEST_F(SessionTest, ASaveIsToldToItsPageAndToTheNextSessionThatAsks) {
@@ -154,6 +186,10 @@ TEST(Log, WhatAnybodyMayCauseIsWrittenSoOftenASecond) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     EXPECT_NE(all.find(" unlogged="), std::string::npos);
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 100; ++i) web::logOften(web::Level::warning, "request-refused");
+    web::logOften(web::Level::warning, "sign-in-refused");
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("sign-in-refused"), std::string::npos) << "no flood hides it";
     web::setLogLevel(web::Level::off);
 }
 

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <latch>
 #include <memory>
 #include <mutex>
 #include <nlohmann/json.hpp>
@@ -56,7 +55,7 @@ public:
         cmdHidden.setVisible(false);
         txtLocked.setEnabled(false);
     }
-    static inline std::latch wakes{1};  ///< ends every sleep
+    static inline std::function<void()> works = [] {};  ///< on the session's thread
     std::function<void()> saves = [] {};
     ui::TextBox txtName{*this, "txtName"};
     ui::Button cmdAsk{*this, "cmdAsk", "Ask",
@@ -72,7 +71,17 @@ public:
     ui::Button cmdFail{*this, "cmdFail", "Fail", [] { throw db::Error(db::Category::other, "It failed"); }};
     ui::Button cmdHidden{*this, "cmdHidden", "Hidden", [this] { txtName.setText("worked"); }};
     ui::TextBox txtLocked{*this, "txtLocked"};
-    ui::Button cmdSleep{*this, "cmdSleep", "Sleep", [] { wakes.wait(); }};
+    ui::Button cmdWork{*this, "cmdWork", "Work", [this] {
+                           txtName.setText("working");
+                           desktop().showProgress();
+                           works();
+                           txtName.setText("done");
+                       }};
+    ui::Picture picPhoto{*this, "picPhoto"};
+    ui::Button cmdPhoto{*this, "cmdPhoto", "Photo", [this] {
+                            const auto size = static_cast<std::size_t>(std::stoi(txtName.text()));
+                            picPhoto.setImage(db::Bytes(size, std::byte{'j'}));
+                        }};
     ui::Button cmdSave{*this, "cmdSave", "Save", [this] { saves(); }};
     ui::Button cmdThrow{*this, "cmdThrow", "Throw", [] { throw 42; }};
     ui::Button cmdExit{*this, "cmdExit", "Exit", [this] { desktop().endSession("Good bye"); }};

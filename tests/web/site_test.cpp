@@ -86,6 +86,19 @@ protected:
     }
     std::string signedIn() { return cookieOf(signIn("nurse", "secret")); }
 
+    /// The session of a cookie, with a page and what came of the requests that it made.
+    std::shared_ptr<web::NurseSession> work(const std::string& cookie, std::initializer_list<const char*> requests) {
+        const auto session = sessions->find(cookie.substr(cookie.find('=') + 1));
+        const auto page = std::make_shared<webtest::TestPage>();
+        session->attach(page);
+        page->next();
+        for (const char* request : requests) {
+            EXPECT_TRUE(session->receive(*page, request));
+            page->next();
+        }
+        return session;
+    }
+
     static std::string headerOf(const Response& response, const std::string& name) {
         for (const auto& [key, value] : response.headers)
             if (key == name) return value;
@@ -105,7 +118,7 @@ TEST_F(SiteTest, OnlyTheSignedInReachTheirSession) {
     EXPECT_EQ(get("/", cookie).body, "<p>home</p>");
     EXPECT_EQ(get("/", "other=1; " + cookie + "; more=2").body, "<p>home</p>");
     EXPECT_EQ(headerOf(get("/sign-in", cookie), "Location"), "/");
-    for (const char* path : {"/program/ring1.wav", "/reports/1", "/reports/1.csv"}) {
+    for (const char* path : {"/program/ring1.wav", "/pictures/1", "/reports/1", "/reports/1.csv"}) {
         EXPECT_NE(get(path).status, 200) << path;
         EXPECT_NE(get(path, "vorel_session=").status, 200) << path;
         EXPECT_NE(get(path, cookie + "0").status, 200) << path;
@@ -172,8 +185,7 @@ TEST_F(SiteTest, WrongUserAndWrongPasswordAreToldInTheSameWords) {
 
 TEST_F(SiteTest, ForeignPagesAreRefused) {
     const std::string cookie = signedIn();
-    const auto session = sessions->find(cookie.substr(cookie.find('=') + 1));
-    ASSERT_TRUE(eventually([&] { return !session->programDirectory().empty(); }));
+    work(cookie, {R"({"fire":"frmTest.cmdFile"})"});
     const struct {
         const char* header;
         const char* value;
@@ -241,18 +253,28 @@ TEST_F(SiteTest, FilesAreSentAgainOnlyWhenTheyChanged) {
 
 TEST_F(SiteTest, ReportsArePagesAndFiles) {
     const std::string cookie = signedIn();
-    const auto session = sessions->find(cookie.substr(cookie.find('=') + 1));
-    const auto page = std::make_shared<webtest::TestPage>();
-    session->attach(page);
-    page->next();
-    ASSERT_TRUE(session->receive(*page, R"({"fire":"frmTest.cmdReport"})"));
-    page->next();
+    work(cookie, {R"({"fire":"frmTest.cmdReport"})"});
     const std::string html = get("/reports/1", cookie).body;
     EXPECT_NE(html.find("<h1>A &lt;test&gt;</h1>"), std::string::npos);
     EXPECT_NE(html.find("General &amp; Co"), std::string::npos);
     EXPECT_NE(html.find("There is nothing to show."), std::string::npos);
     EXPECT_NE(headerOf(get("/reports/1.csv", cookie), "Content-Disposition").find("rptTest.csv"), std::string::npos);
     EXPECT_NE(get("/reports/1", signedIn()).status, 200) << "another session's report";
+}
+
+TEST_F(SiteTest, APictureIsForTheSessionThatShowsIt) {
+    const std::string cookie = signedIn();
+    work(cookie, {R"({"set":"frmTest.txtName","to":"3"})", R"({"fire":"frmTest.cmdPhoto"})"});
+    const Response picture = get("/pictures/1", cookie);
+    EXPECT_EQ(picture.body, "jjj");
+    EXPECT_EQ(headerOf(picture, "Content-Type"), "image/jpeg");
+    EXPECT_EQ(headerOf(picture, "Cache-Control"), "no-store");
+    EXPECT_EQ(get("/pictures/1").status, 401);
+    EXPECT_EQ(get("/pictures/1", signedIn()).status, 404) << "another session's";
+    for (const char* path : {"/pictures/2", "/pictures/", "/pictures/0", "/pictures/1x", "/pictures/-1"})
+        EXPECT_EQ(get(path, cookie).status, 404) << path;
+    work(cookie, {R"({"set":"frmTest.txtName","to":"0"})", R"({"fire":"frmTest.cmdPhoto"})"});
+    EXPECT_EQ(get("/pictures/1", cookie).status, 404) << "it shows no more";
 }
 
 /// One attempt after the other, each with the answer's status and how long it was held up.
@@ -353,6 +375,8 @@ TEST_F(SiteTest, ABodyIsReadForWhoMaySendIt) {
     const std::string cookie = signedIn();
     EXPECT_EQ(statusOf(admits("/upload", "", "http://vorel:8080")), 401);
     EXPECT_EQ(statusOf(admits("/upload", cookie, "http://evil")), 403);
+    EXPECT_EQ(statusOf(admits("/upload", cookie, "http://vorel:8080")), 409) << "nobody asked for a file";
+    work(cookie, {R"({"fire":"frmTest.cmdFile"})"});
     {
         const auto file = admits("/upload", cookie, "http://vorel:8080");
         EXPECT_EQ(std::get<web::Site::Body>(file).longest, 5U * 1024 * 1024);

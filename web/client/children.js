@@ -68,9 +68,7 @@ export class Children {
     }
 
     captionChanged(name) {
-        if (!this.#open.has(name)) return;
-        this.#caption(name);
-        this.view(name).refreshAll();
+        if (this.#open.has(name)) this.#caption(name);
     }
 
     #showActive(shown) {

@@ -44,6 +44,11 @@ export class Outbox {
         return this.#last;
     }
 
+    /** The request of this number, if its reply has not come. */
+    underWay(number) {
+        return this.#entries.find((entry) => entry.number === number);
+    }
+
     /** Takes out the request that a reply answers. */
     replied(number) {
         const place = this.#entries.findIndex((entry) => entry.number === number);

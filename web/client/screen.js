@@ -114,13 +114,14 @@ export class ScreenView {
         return Object.keys(this.state.controls).find((name) => name.toLowerCase() === wanted.toLowerCase());
     }
 
-    /** Brings a control's view up to date with its state. */
-    refresh(name) {
-        const part = this.#parts.get(name);
-        if (!part || !this.state?.controls[name]) return;
-        part.view.update();
-        this.#refreshLabel(name);
-        this.#showParts();
+    /** Brings controls' views up to date with their states, and once what all of them show and hide. */
+    refresh(names) {
+        const drawn = names.filter((name) => this.#parts.has(name) && this.state?.controls[name]);
+        for (const name of drawn) {
+            this.#parts.get(name).view.update();
+            this.#refreshLabel(name);
+        }
+        if (drawn.length > 0) this.#showParts();
     }
 
     #refreshLabel(name) {
@@ -130,16 +131,32 @@ export class ScreenView {
         if (caption) showCaption(caption, this.state.controls[name].caption, part.view.input ?? part.view.element);
     }
 
-    refreshAll() {
+    showTitle() {
         showCaption(this.title, this.layout?.title ?? this.state.caption);
+    }
+
+    refreshAll() {
+        this.showTitle();
         for (const part of this.#parts.values()) part.view.update();
         this.#showParts();
     }
 
     #showParts() {
+        const worked = document.activeElement;
         for (const {link, field, view} of this.#parts.values()) showField(field, view, this.work.model.worked(link.path));
         for (const section of this.body.querySelectorAll(".v-section"))
             section.hidden = [...section.querySelectorAll(".v-field")].every((field) => field.hidden);
+        this.#keepKeyboard(worked);
+    }
+
+    #left = null;
+
+    /** A button that is disabled while its work goes on loses the keyboard, and has it again when the work is done. */
+    #keepKeyboard(worked) {
+        if (worked?.matches("button:disabled") && this.body.contains(worked)) this.#left = worked;
+        if (!this.#left || this.#left.disabled) return;
+        if (document.activeElement === document.body) this.work.quietly(() => this.#left.focus());
+        this.#left = null;
     }
 
     /** Moves the keyboard to a control, with the page that it lies on. */

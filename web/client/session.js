@@ -17,10 +17,11 @@ export class Session {
 
     /**
      * @param {object} listener
-     *     `resumed(line)`: draw yourself anew from the connection's first line; `message(reply, request)`: events in order,
-     *     of a reply or pushed; `sent({number, request, secret, question})`; `state("open"|"lost"|"replaced")`;
-     *     `ended(reason)`; `signedOut()`; `failed(error)`. Drawing may take time: what comes meanwhile waits for the promise
-     *     that the first two return.
+     *     `resumed(line)`: draw yourself anew from the connection's first line; `message(reply, request, before)`: events in
+     *     order, of a reply or pushed; `progress(events, request, before)`: the same of a request that is not done yet, where
+     *     `before` are the events that were told of it already; `sent({number, request, secret, question})`;
+     *     `state("open"|"lost"|"replaced")`; `ended(reason)`; `signedOut()`; `failed(error)`. Drawing may take time: what
+     *     comes meanwhile waits for the promise that the first three return.
      */
     constructor(listener) {
         this.listener = listener;
@@ -75,16 +76,25 @@ export class Session {
     async #receive(message) {
         if ("snapshot" in message) return this.#resumed(message);
         if (message.replaced) return this.#replaced();
+        const working = this.#outbox.underWay(message.during);
+        if (working) return this.#progress(working, message.events);
         const entry = this.#outbox.replied(message.reply);
         const request = entry?.request ?? null;
         this.#waiting = message.waiting ?? null;
         const refused = message.events.some((event) => "error" in event);
         if (request && "set" in request && refused && this.#waiting) this.#outbox.keep(entry);
-        await this.listener.message(message, request);
+        await this.listener.message(message, request, entry?.told ?? []);
         const end = message.events.find((event) => "ended" in event);
         if (end) return this.#end(end.ended);
         if (!this.#waiting) for (const kept of this.#outbox.takeKept()) this.send(kept.request, kept.secret);
         this.#flush();
+    }
+
+    /** What an operation did so far is drawn at once. A question of it comes with its reply. */
+    async #progress(entry, events) {
+        const before = entry.told ?? [];
+        entry.told = [...before, ...events];
+        await this.listener.progress(events, entry.request, before);
     }
 
     async #resumed(message) {

@@ -24,7 +24,8 @@ export class WorkPlace {
         this.notices = new Notices();
         this.session = new Session({
             resumed: (line) => this.#restore(line),
-            message: (message, request) => this.#hear(message, request),
+            message: (message, request, before) => this.#hear(message, request, before),
+            progress: (events, request, before) => this.#draw(events, request, before),
             sent: (request) => this.journal.sent(request),
             state: (state) => this.#connection(state),
             ended: (reason) => this.#ended(reason),
@@ -108,18 +109,24 @@ export class WorkPlace {
         if (this.main) this.frame.update();
     }
 
-    /** Takes a reply or a push, event by event. */
-    async #hear(message, request) {
+    /** Takes a reply or a push. The journal hears of an operation when it is over, and then of all that it did. */
+    async #hear(message, request, before) {
         const events = message.events ?? [];
         const refused = events.find((event) => "error" in event);
-        if (request && "set" in request && !refused) this.model.take(request.set, request.to);
-        for (const event of events) await this.#event(event);
+        await this.#draw(events, request, before);
         if (request && "set" in request) this.#refresh(request.set);
-        this.journal.replied(message, request);
+        this.journal.replied({...message, events: [...before, ...events]}, request);
         if (refused && request && !message.waiting) this.#refused(request, refused.error);
         if (request && "answer" in request) this.boxes.forget();
         if ("waiting" in message) this.boxes.show(message.waiting);
         this.comeback.heard(message);
+    }
+
+    /** Takes events one by one. What a user set holds until they say otherwise. */
+    async #draw(events, request, before) {
+        const first = before.length === 0 && !events.some((event) => "error" in event);
+        if (request && "set" in request && first) this.model.take(request.set, request.to);
+        for (const event of events) await this.#event(event);
     }
 
     async #event(event) {
@@ -161,20 +168,25 @@ export class WorkPlace {
 
     #refresh(path) {
         const [screen, control] = split(path);
-        this.view(screen)?.refresh(control);
+        this.view(screen)?.refresh([control]);
     }
 
     #changed(changes) {
         for (const [path, properties] of Object.entries(changes)) this.model.change(path, properties);
-        const screens = new Set();
-        for (const path of Object.keys(changes)) {
-            const [screen, control] = split(path);
-            screens.add(screen);
-            if (control) this.view(screen)?.refresh(control);
-            else this.children.captionChanged(screen);
+        const paths = Object.keys(changes).map(split);
+        const screens = new Set(paths.map(([screen]) => screen));
+        for (const screen of screens) {
+            const controls = paths.filter(([one]) => one === screen).map(([, control]) => control);
+            if (controls.includes("")) this.#captionChanged(screen);
+            this.view(screen)?.refresh(controls);
         }
         if (screens.has(this.model.main)) return this.#mainChanged();
         return undefined;
+    }
+
+    #captionChanged(screen) {
+        this.children.captionChanged(screen);
+        this.view(screen)?.showTitle();
     }
 
     async #mainChanged() {

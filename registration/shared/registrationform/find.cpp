@@ -40,7 +40,7 @@ void RegistrationForm::txtName_Change() {
     core::WaitWithEvents(place(), wait, {[&] { return turn != searchTurn_; }});
     if (turn != searchTurn_) return;
     setCaption("Retrieving data...Please wait");
-    desktop().flushChanges();
+    desktop().showProgress();
     trapped([this] {
         const ui::Raised quick(quickSearch_);
         showSearch(SearchKind::name);

@@ -27,6 +27,17 @@ function drive(data, request) {
     return JSON.parse(execFileSync(program, ["drive", "--data", data], {input: `${JSON.stringify(request)}\n`}));
 }
 
+/** Keeps everybody else from writing to the hospital's database, until it is let go. */
+async function holdWrites(data) {
+    const holder = spawn("sqlite3", [path.join(data, "Hospital.db")], {stdio: ["pipe", "pipe", "inherit"]});
+    holder.stdin.write("begin immediate;\nselect 'held';\n");
+    await once(holder.stdout, "data");
+    return async () => {
+        holder.stdin.end("commit;\n");
+        await once(holder, "exit");
+    };
+}
+
 /** Waits for the line that says where the host is. */
 async function addressOf(child) {
     let output = "";
@@ -110,6 +121,7 @@ export async function startHost(environment = {}) {
         },
         data,
         query: (query) => drive(data, {query, on: "Hospital"}).rows,
+        holdWrites: () => holdWrites(data),
         execute: (execute) => drive(data, {execute, on: "Hospital"}),
         async stop() {
             proxy.close();

@@ -16,14 +16,24 @@ export function picture(link) {
             if (event.key === "Enter") link.fire(link.handles("DblClick") ? "DblClick" : "Click");
         });
     }
+    const show = (there) => {
+        image.hidden = !there;
+        empty.hidden = there;
+    };
+    show(false);
+    image.addEventListener("error", () => {
+        empty.textContent = "The picture cannot be shown";
+        show(false);
+    });
     return {
         element,
         update() {
-            const {image: data, color} = link.state;
-            image.hidden = !data;
-            empty.hidden = Boolean(data);
-            if (data) image.src = data;
-            else image.removeAttribute("src");
+            const {image: address, color} = link.state;
+            if (address !== image.getAttribute("src")) {  // setting it again would fetch it again
+                empty.textContent = "No picture";
+                setAttribute(image, "src", address);
+                show(Boolean(address));
+            }
             element.style.backgroundColor = color ?? "";
         },
         setEnabled: (enabled) => setAttribute(element, "aria-disabled", !enabled && "true"),

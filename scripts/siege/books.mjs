@@ -42,7 +42,7 @@ export class Books {
         const cutNow = cut - (all ? 0 : this.cut);
         this.cut = cut;
         const inState = (state) => stored.filter(({key}) => saves.get(key) === state);
-        const without = (list) => list.filter(({audited}) => !audited).length;
+        const without = (list) => list.filter((row) => !row.audited).length;
         return {stored: stored.length, confirmed: inState("confirmed").length, cut: cutNow, unconfirmed: inState("sent").length, lost: lost.length,
                 unaudited: without(inState("confirmed")), unauditedUnconfirmed: without(inState("sent")), faults};
     }

@@ -52,7 +52,7 @@ export class Host {
         const options = {env: this.environment, timeout: commandTime, stdio: ["pipe", "pipe", "ignore"]};
         const drive = spawn(...this.#child("drive", "--data", this.data), options);
         let output = "";
-        drive.stdout.setEncoding("utf8").on("data", (piece) => output += piece);
+        drive.stdout.setEncoding("utf8").on("data", (piece) => (output += piece));
         drive.stdin.end(statements.map((query) => JSON.stringify({query, on: "Hospital"})).join("\n"));
         await once(drive, "close");
         const replies = output.trim().split("\n").map((line) => JSON.parse(line));

@@ -21,7 +21,7 @@ export function ask(port, path, {method = "GET", cookie, form, from, time = pati
     return new Promise((resolve, reject) => {
         const request = http.request(options, (response) => {
             let body = "";
-            response.setEncoding("utf8").on("data", (piece) => body += piece).on("error", reject);
+            response.setEncoding("utf8").on("data", (piece) => (body += piece)).on("error", reject);
             response.on("end", () => resolve({status: response.statusCode, headers: response.headers, body}));
         });
         request.on("error", reject);
@@ -93,8 +93,11 @@ export class Page {
         if (this.socket.destroyed) return Promise.reject(new LineLost(this.ended));
         return new Promise((resolve, reject) => {
             const late = setTimeout(() => reject(new Error("no reply within a minute")), patience);
-            this.waiting.push({resolve: (line) => (clearTimeout(late), resolve(line)),
-                               reject: (error) => (clearTimeout(late), reject(error))});
+            const inTime = (settle) => (outcome) => {
+                clearTimeout(late);
+                settle(outcome);
+            };
+            this.waiting.push({resolve: inTime(resolve), reject: inTime(reject)});
         });
     }
 

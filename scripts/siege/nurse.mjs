@@ -85,7 +85,8 @@ export class Nurse {
         if (this.saves.get(key) !== "confirmed") throw new Error(`a save failed: ${this.page.said.join("; ")}`);
     }
 
-    async #acknowledge(reply) {
+    async #acknowledge(first) {
+        let reply = first;
         while (reply.waiting) reply = await this.#tell({answer: reply.waiting.kind === "message" ? "ok" : "no"});
     }
 

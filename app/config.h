@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/workplace.h"
+#include "core/session/workplace.h"
 #include "db/databases.h"
 #include "web/config.h"
 

@@ -1,5 +1,7 @@
 #include "app/seat.h"
 
+#include "core/session/session.h"
+
 #include "app/screens.h"
 #include "core/session/loadsession.h"
 #include "core/session/workplace.h"
@@ -36,6 +38,10 @@ void NurseSeat::start() {
 
 SuiteFiles suiteFiles(const Config& config, const std::string& user) {
     return {user, config.serverName, config.hospitalNumber, std::filesystem::path(config.host.webRoot) / "program"};
+}
+
+std::string NurseSeat::hospitalName() const {
+    return place_.session.gHospitalName;
 }
 
 }  // namespace app

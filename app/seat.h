@@ -24,7 +24,7 @@ public:
         return core::lastPageSave(place_, user_, session);
     }
     [[nodiscard]] std::filesystem::path programDirectory() const override { return directory_.path(); }
-    [[nodiscard]] std::string hospitalName() const override { return place_.session.gHospitalName; }
+    [[nodiscard]] std::string hospitalName() const override;
 
 private:
     ProgramDirectory directory_;

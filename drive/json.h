@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "core/session/session.h"
 #include "db/connection.h"
 
 namespace drive {

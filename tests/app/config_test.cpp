@@ -1,4 +1,5 @@
 #include "app/config.h"
+#include "tests/support/paths.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -11,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path sample = fs::path(__FILE__).parent_path().parent_path().parent_path() / "docs" / "vorel.toml";
+const fs::path sample = test::sourceDirectory() / "docs" / "vorel.toml";
 
 /// The error's text, or "" where the configuration is read.
 std::string faultOf(const std::string& text) {

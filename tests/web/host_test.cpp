@@ -351,7 +351,7 @@ TEST(Host, CannotServe) {
     open.address = "0.0.0.0";
     EXPECT_THROW(web::Host(open, services(), &webtest::makeTestSeat), web::ConfigError);
     auto broken = testConfig();
-    broken.certificate = broken.key = (sourceDirectory() / "README.md").string();
+    broken.certificate = broken.key = (webtest::sourceDirectory() / "README.md").string();
     EXPECT_THROW(web::Host(broken, services(), &webtest::makeTestSeat), web::HostError);
 }
 

@@ -29,6 +29,10 @@ std::string ownWebRoot() {
     return VOREL_WEB_ROOT;
 }
 
+std::string ownLayoutRoot() {
+    return VOREL_LAYOUT_ROOT;
+}
+
 std::vector<Setting> settingsOf(Config& config) {
     using Text = Setting::Text;
     using Texts = Setting::Texts;
@@ -57,6 +61,7 @@ std::vector<Setting> settingsOf(Config& config) {
         {"sign_in.forget_minutes", Number{&config.forgetMinutes, 1, 24 * 60}},
         {"log.level", Text{&config.logLevel, &levelFault}},
         {"web.root", Text{&config.webRoot}},
+        {"web.layouts", Text{&config.layoutRoot}},
         {"web.bootstrap", Text{&config.bootstrapRoot}},
         {"web.chart", Text{&config.chartRoot}},
     };

@@ -12,6 +12,8 @@ namespace web {
 
 /// Where the page's files lie that came with the program.
 std::string ownWebRoot();
+/// Where the layouts of this program's screens lie.
+std::string ownLayoutRoot();
 
 /// What an operator can set of the host itself. docs/vorel.toml explains every key.
 struct Config {
@@ -41,7 +43,8 @@ struct Config {
 
     std::string logLevel = "info";
 
-    std::string webRoot = ownWebRoot();  ///< holds client/ and layouts/
+    std::string webRoot = ownWebRoot();        ///< holds client/
+    std::string layoutRoot = ownLayoutRoot();  ///< holds the screens' layouts, NAME.json
     std::string bootstrapRoot = "/usr/share/javascript/bootstrap5";
     std::string chartRoot = "/usr/share/javascript/chart.js";
 

@@ -255,7 +255,7 @@ void Site::chartFile(const Request& request, std::string_view rest, const Answer
 
 void Site::layout(const Request& request, std::string_view rest, const Answer& answer) {
     if (!rest.ends_with(".json")) return answer(plainText(404, "Not found\n"));
-    answer(serveFile(std::filesystem::path(config_.webRoot) / "layouts", rest, request));
+    answer(serveFile(config_.layoutRoot, rest, request));
 }
 
 void Site::report(const Request& request, std::string_view rest, const Answer& answer) {

@@ -1,13 +1,21 @@
 // The layout files, and what they name.
 
-import {readFileSync, readdirSync} from "node:fs";
+import {execFileSync} from "node:child_process";
+import {readFileSync} from "node:fs";
 
-const folder = new URL("../../web/layouts/", import.meta.url);
+const root = new URL("../../", import.meta.url);
 
-export const layoutNames = () => readdirSync(folder).map((file) => file.replace(/\.json$/, ""));
+/** A layout lies with its screen, "registration/frmrecords/frmRecords.json". */
+const isLayout = (path) => /^(web\/layouts|[a-z]+\/(frm|mdi)[a-z]+)\/\w+\.json$/.test(path);
+
+const files = new Map(execFileSync("git", ["ls-files", "-co", "--exclude-standard", "*.json"], {cwd: root, encoding: "utf8"})
+    .split("\n").filter(isLayout).map((path) => [/(\w+)\.json$/.exec(path)[1], path]));
+
+export const layoutNames = () => [...files.keys()].sort();
 
 /** @throws SyntaxError where the file is no JSON, which names the place */
-export const readLayout = (name) => JSON.parse(readFileSync(new URL(`${name}.json`, folder), "utf8"));
+export const readLayout = (name) => JSON.parse(readFileSync(new URL(files.get(name), root), "utf8"));
+export const pathOf = (name) => files.get(name);
 
 function expand(entry) {
     const item = typeof entry === "string" ? {control: entry} : entry;
@@ -20,8 +28,11 @@ function expand(entry) {
 const placedIn = (sections) => sections.flatMap((section) => (section.tabs ? [section.tabs, ...section.pages.flatMap(placedIn)]
     : section.rows.flat().flatMap(expand)));
 
+const commands = ["cmdAdd", "cmdEdit", "cmdDel", "cmdRefresh", "OKButton", "cmdCancel", "CancelButton"];
+
 /** The controls that a screen's layout places, in order. */
-export const placed = ({sections = [], buttons = []}) => [...placedIn(sections), ...buttons.flatMap(expand)];
+export const placed = ({record, sections = [], buttons = []}) => [...(record ? [...commands, ...record.flatMap(expand)] : []),
+                                                                  ...placedIn(sections), ...buttons.flatMap(expand)];
 
 const itemsIn = (sections) => sections.flatMap((section) => (section.tabs ? section.pages.flatMap(itemsIn) : section.rows.flat()));
 

@@ -5,7 +5,7 @@ import {readFileSync} from "node:fs";
 
 import Ajv from "ajv";
 
-import {layoutNames, placed, readLayout} from "./layoutfiles.mjs";
+import {layoutNames, pathOf, placed, readLayout} from "./layoutfiles.mjs";
 
 const schema = JSON.parse(readFileSync(new URL("layout.schema.json", import.meta.url), "utf8"));
 const fits = new Ajv({allErrors: true, verbose: true, strictRequired: false}).compile(schema);
@@ -49,7 +49,7 @@ function undescribed() {
     });
 }
 
-const faults = [...layoutNames().flatMap((name) => faultsOf(name).map((fault) => `web/layouts/${name}.json: ${fault}`)),
+const faults = [...layoutNames().flatMap((name) => faultsOf(name).map((fault) => `${pathOf(name)}: ${fault}`)),
                 ...undescribed().map((fault) => `docs/screens.md: ${fault}`)];
 for (const fault of faults) console.error(fault);
 process.exitCode = faults.length > 0 ? 1 : 0;

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "tests/support/paths.h"
+#include "tests/support/statements.h"
 
 namespace test {
 namespace {
@@ -50,7 +50,7 @@ void read(const std::filesystem::path& path, std::map<std::string, std::vector<P
 
 std::map<std::string, std::vector<Pattern>> knownStatements() {
     std::map<std::string, std::vector<Pattern>> known;
-    for (const char* file : {"tests/hospital/statements.txt"}) read(sourceDirectory() / file, known);
+    for (const auto& file : statementFiles()) read(file, known);
     if (known.empty()) throw std::runtime_error("no known statements");
     return known;
 }

@@ -13,10 +13,9 @@ class Desk;
 
 /// A record screen, as the contract of all of them works it.
 struct RecordScreen {
-    std::string name;                            ///< "frmPreConsult"
-    std::string folder;                          ///< where its layout lies: "outpatient/frmpreconsult"
-    void (*provide)(core::Workplace&);           ///< its room's screens
-    std::function<void(TestHospital&)> arrange;  ///< the rows that it needs
+    std::string name;                                  ///< "frmPreConsult"
+    void (*provide)(core::Workplace&);                 ///< its room's screens
+    std::function<void(TestHospital&)> arrange;        ///< the rows that it needs
     std::function<void(core::Session&)> session = {};  ///< what the nurse may do, and the hospital's settings
     /// From browsing: all of a new record, up to the save.
     std::function<void(Desk&)> add;

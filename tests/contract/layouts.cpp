@@ -13,18 +13,11 @@ namespace test {
 namespace {
 
 using nlohmann::json;
-namespace fs = std::filesystem;
 
-fs::path layoutFile(const std::string& folder, const std::string& screen) {
-    const auto root = sourceDirectory();
-    for (const auto& path : {root / folder / (screen + ".json"), root / "web" / "layouts" / (screen + ".json")})
-        if (fs::exists(path)) return path;
-    return {};
-}
-
-json read(const fs::path& path) {
-    std::ifstream file(path);
-    return json::parse(file);
+/// Nothing where the screen has no layout.
+json layoutOf(const std::string& screen) {
+    std::ifstream file(buildDirectory() / "layouts" / (screen + ".json"));
+    return file ? json::parse(file) : json();
 }
 
 /// The names in rows, buttons and tab sets: "chk(1..24)" stands for the elements of an array.
@@ -76,21 +69,19 @@ std::set<std::string> namesIn(const json& layout) {
 
 }  // namespace
 
-std::vector<std::string> faultsOfLayout(const std::string& folder, const ui::Screen& screen) {
-    const auto file = layoutFile(folder, screen.name());
-    if (file.empty()) return {"no layout"};
-    const auto layout = read(file);
+std::vector<std::string> faultsOfLayout(const ui::Screen& screen) {
+    const auto layout = layoutOf(screen.name());
+    if (layout.is_null()) return {"no layout"};
     auto names = namesIn(layout);
     std::vector<std::string> faults;
     for (const auto& name : names)
         if (!screen.find(name)) faults.push_back("there is no control " + name);
-    if (layout.contains("like")) names.merge(namesIn(read(layoutFile(folder, layout["like"]))));
+    if (layout.contains("like")) names.merge(namesIn(layoutOf(layout["like"])));
     const auto holders = holdersOn(screen);
     for (const auto* control : screen.controls()) {
         const auto state = control->state();
         const bool drawn = isDrawn(state["kind"]) && control->visible() && !holders.contains(control->name());
-        if (drawn && !names.contains(db::lowered(control->name())))
-            faults.push_back(control->name() + " has no place");
+        if (drawn && !names.contains(db::lowered(control->name()))) faults.push_back(control->name() + " has no place");
         const bool captioned = state["kind"] == "button" || state["kind"] == "checkBox";
         if (captioned && state["caption"].get<std::string>().empty())
             faults.push_back(control->name() + " has no caption");

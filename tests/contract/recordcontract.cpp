@@ -187,7 +187,7 @@ TEST_P(RecordContract, ATimerThatFailsOpensNoBox) {
 
 TEST_P(RecordContract, ItsLayoutHasItsControlsAndItsCommandsHaveCaptions) {
     Desk desk(screen());
-    EXPECT_EQ(faultsOfLayout(screen().folder, *desk.place.desktop.loaded(screen().name)), std::vector<std::string>{});
+    EXPECT_EQ(faultsOfLayout(*desk.place.desktop.loaded(screen().name)), std::vector<std::string>{});
 }
 
 TEST_P(RecordContract, EveryStatementThatItSendsIsKnown) {

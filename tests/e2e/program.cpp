@@ -27,7 +27,7 @@ std::vector<char*> argumentsOf(std::vector<std::string>& words) {
     dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
     dup2(output, stream);
     for (int descriptor = 3; descriptor < 256; ++descriptor) close(descriptor);
-    const auto program = (buildDirectory() / "vorel").string();
+    const auto program = (test::buildDirectory() / "vorel").string();
     std::vector<std::string> words{program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     execv(program.c_str(), argumentsOf(words).data());

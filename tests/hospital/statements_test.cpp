@@ -8,31 +8,35 @@
 #include "db/letters.h"
 #include "hospital/scripts.h"
 #include "tests/hospital/hospital.h"
-#include "tests/support/paths.h"
+#include "tests/support/statements.h"
 
 namespace {
 
 using db::operator""_sql;
 
-/// A line of statements.txt.
+/// A line of a statements.txt.
 struct Known {
     std::string database, mark, text;
     int line = 0;
 };
 
-std::vector<Known> knownStatements() {
-    std::ifstream file(test::sourceDirectory() / "tests/hospital/statements.txt");
-    std::vector<Known> result;
+void readStatements(const std::filesystem::path& path, std::vector<Known>& known) {
+    std::ifstream file(path);
     std::string line;
     for (int number = 1; std::getline(file, line); ++number) {
         if (line.empty() || line.starts_with('#')) continue;
         const auto first = line.find('\t');
         const auto second = line.find('\t', first + 1);
-        if (second == std::string::npos) throw std::runtime_error("statements.txt: line " + std::to_string(number));
-        result.push_back(
+        if (second == std::string::npos) throw std::runtime_error(path.string() + ": line " + std::to_string(number));
+        known.push_back(
             {line.substr(0, first), line.substr(first + 1, second - first - 1), line.substr(second + 1), number});
     }
-    return result;
+}
+
+std::vector<Known> knownStatements() {
+    std::vector<Known> known;
+    for (const auto& path : test::statementFiles()) readStatements(path, known);
+    return known;
 }
 
 /// What stands in a place "{kind:sample}".

@@ -12,7 +12,6 @@ namespace {
 /// An attendance for a screening, with a card that was renewed.
 RecordScreen records() {
     return {.name = "frmRecords",
-            .folder = "registration/frmrecords",
             .provide = &registration::provideScreens,
             .arrange =
                 [](TestHospital& hospital) {
@@ -45,7 +44,6 @@ std::vector<db::Sql> rowsOfRegistration() {
 /// The front desk: a new patient with her visit and what she owes from before; then a renewed card and another visit.
 RecordScreen patientsNew() {
     return {.name = "frmPatientsNew",
-            .folder = "registration/frmpatientsnew",
             .provide = &registration::provideScreens,
             .arrange =
                 [](TestHospital& hospital) {
@@ -85,7 +83,6 @@ RecordScreen patientsNew() {
 /// A child born in the house: her appointment, her bed and what her mother owes.
 RecordScreen patientsNewNur() {
     return {.name = "frmPatientsNewNur",
-            .folder = "registration/frmpatientsnewnur",
             .provide = &registration::provideScreens,
             .arrange =
                 [](TestHospital& hospital) {

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "tests/ui/fixture.h"
+#include "tests/support/paths.h"
 #include "ui/samples.h"
 
 namespace {
@@ -132,9 +133,8 @@ TEST(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {
 }
 
 TEST(Controls, theProtocolTellsEachPropertyOfEachKind) {
-    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
     std::ostringstream text;
-    text << std::ifstream(root / "docs" / "protocol.md").rdbuf();
+    text << std::ifstream(test::sourceDirectory() / "docs" / "protocol.md").rdbuf();
     const std::string states = text.str().substr(text.str().find("## States"));
     Desk desk;
     const auto samples = ui::makeSamples(desk.desktop);

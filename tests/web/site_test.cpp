@@ -36,6 +36,7 @@ protected:
         root.write("layouts/frmTest.json", "{}");
         root.write("secret.txt", "secret");
         config.webRoot = root.path().string();
+        config.layoutRoot = (root.path() / "layouts").string();
         config.origins = {"https://proxy.example"};
         sessions.emplace(config, &webtest::makeTestSeat);
         site.emplace(config, *sessions,

@@ -42,7 +42,21 @@ function normaliseSection(section) {
     return {...section, columns: section.columns ?? 2, rows};
 }
 
-export function normalise(layout) {
+/** A record screen has its commands where each has them: its layout names only what it has besides. */
+function withCommands(layout) {
+    const commands = [{control: "cmdAdd", width: 2, style: "primary"}, {control: "cmdEdit", width: 2},
+                      {control: "cmdDel", width: 2, style: "danger"}, {control: "cmdRefresh", width: 2}, ...layout.record];
+    return {
+        default: "OKButton",
+        cancel: "cmdCancel",
+        ...layout,
+        sections: [{rows: [commands]}, ...(layout.sections ?? [])],
+        buttons: ["OKButton", "cmdCancel", ...(layout.buttons ?? []), "CancelButton"],
+    };
+}
+
+export function normalise(file) {
+    const layout = file.record ? withCommands(file) : file;
     return {
         ...layout,
         sections: (layout.sections ?? []).map(normaliseSection),

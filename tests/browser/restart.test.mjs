@@ -17,9 +17,13 @@ async function press(page, name) {
     await page.keyboard.press("Enter");
 }
 
-async function openStation(page) {
-    await page.locator(".v-menu [data-name=mnuVitSigns]").focus();
+async function openFromMenu(page, entry) {
+    await page.locator(`.v-menu [data-name=${entry}]`).focus();
     await page.keyboard.press("Enter");
+}
+
+async function openStation(page) {
+    await openFromMenu(page, "mnuVitSigns");
     await field(page, "cmdAdd", "button").waitFor();
 }
 
@@ -184,6 +188,29 @@ test("readings of a patient who waits no more are told and typed nowhere", async
     assert.match(told, new RegExp(`${visit}\\] is not in the list any more.*Temperature: 36\\.8`));
     assert.equal(await field(page, "txtTemp").inputValue(), "");
     await picture(page, "comeback-gone");
+    await page.getByRole("treeitem", {name: "Log Off nurse"}).last().click();
+    await page.getByRole("heading", {name: "The session has ended"}).waitFor();
+    assert.doesNotMatch(await page.locator("body").textContent(), /36\.8/);
+});
+
+test("a registration that carries its patient's name tells it neither where the session ended nor to whoever comes by", async () => {
+    const [{FullName: name}] = house.host.query("select top 1 FullName from vwhpatients where FullName like 'OLA%'");
+    const form = "frmPatientsNew";
+    const part = (control, inner = "input") => page.locator(`[data-control="${form}.${control}"] ${inner}`).first();
+    const page = await openPage(house);
+    await signIn(page);
+    await openFromMenu(page, "mnuPatReg");
+    await part("txtName").focus();
+    await page.keyboard.type(name.slice(0, 12));
+    await part("grdData", `tbody tr[data-row]:has-text("${name}")`).focus();
+    await page.keyboard.press("Enter");
+    await page.getByRole("tab", {name}).waitFor();
+    await part("txtfirstNAme").fill("AYO");
+    await settled(page);
+    await fall(page);
+    const told = await page.locator("#kept").textContent();
+    assert.match(told, /Patient Attendance \/ Registration: \d+ fields?/);
+    assert.doesNotMatch(told, new RegExp(name.split(" ")[0], "i"));
 });
 
 test("what is kept is neither shown to another user nor left in the tab", async () => {

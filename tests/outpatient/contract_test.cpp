@@ -9,7 +9,6 @@ namespace {
 RecordScreen preConsult() {
     return {
         .name = "frmPreConsult",
-        .folder = "outpatient/frmpreconsult",
         .provide = &outpatient::provideScreens,
         .arrange = &arrangeStation,
         .add = [](Desk& desk) { takeVitals(desk.place, adaWaits); },

@@ -39,9 +39,9 @@ function makeLabel(control, view, target) {
     return label;
 }
 
-/** A label for a control that the layout says nothing about: "txtSurName" reads "Sur Name". */
+/** A label for a control that the layout says nothing about, or a screen without a caption: "txtSurName" reads "Sur Name". */
 export function labelFromName(name) {
-    const bare = name.replace(/^(txt|cbo|lst|grd|dG|dt|lbl|cmd|chk|opt|tree|lvw|chart|pic)(?=[A-Z])/, "");
+    const bare = name.replace(/^(frm|txt|cbo|lst|grd|dG|dt|lbl|cmd|chk|opt|tree|lvw|chart|pic)(?=[A-Z])/, "");
     return bare.replace(/([a-z])([A-Z])/g, "$1 $2").replace(/\((\d+)\)$/, " $1");
 }
 

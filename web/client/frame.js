@@ -132,6 +132,7 @@ export class Frame {
         const link = h("a", {class: "btn btn-primary", href: "/sign-in"}, "Sign in again");
         document.title = "Session ended";
         document.querySelectorAll("dialog").forEach((dialog) => dialog.remove());
+        this.work.notices.clear();
         this.root.className = "v-ended";
         this.root.hidden = false;
         this.root.replaceChildren(h("main", {class: "v-ended-card", role: "alert"}, h("h1", {}, "The session has ended"),

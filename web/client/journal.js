@@ -2,6 +2,7 @@
 // It lies in the tab's own storage. What is saved, cancelled or closed leaves it; a password's content never enters it.
 
 import {parseCaption} from "./dom.js";
+import {labelFromName} from "./field.js";
 import {dropKept, journalKey, putAside, readKept, stored} from "./kept.js";
 import {split} from "./model.js";
 import {asInput} from "./render/date.js";
@@ -28,13 +29,14 @@ function textOf({kind, password, text, caption, checked, date, format}) {
 
 const same = (one, other) => one?.toLowerCase() === other?.toLowerCase();
 const isFile = ({kind, answer}) => kind === "file" && answer !== "cancel";
-const blank = (head = {}) => ({...head, saved: 0, told: [], owners: {}, live: {}, screens: {}, steps: []});
+const blank = (head = {}) => ({...head, saved: 0, told: [], owners: {}, captions: {}, live: {}, screens: {}, steps: []});
 
 export class Journal {
     /**
      * `steps`: {n, screen, request, open} in order; `open` until the session is done with it. One without a request is a
      * gap: what `was` there is not to happen again. `screen` is the one that the step counts for, "" for the menu.
-     * `owners`: which screen a screen counts for. `told`: boxes that she has acknowledged. `saved`: the last save known of.
+     * `owners`: which screen a screen counts for. `captions`: with which the screens opened. `told`: boxes that she has
+     * acknowledged. `saved`: the last save known of.
      * `live`: controls whose content is not hers to bring back, since the session changes it by itself or a file brought it.
      */
     #book = stored(journalKey) ?? blank();
@@ -61,7 +63,7 @@ export class Journal {
         const {children} = this.work.model;
         const taken = this.#steps.filter((step) => step.open && step.n <= received);
         const fresh = children.filter((name) => !(name in this.#book.owners));
-        for (const name of fresh) this.#opened(name, taken.find((step) => step.screen === ""));
+        for (const opened of fresh) this.#opened({opened}, taken.find((step) => step.screen === ""));
         this.#keepOnly((step) => step.n > received || children.includes(step.screen));
         const asks = waiting && (taken.find((step) => step.asks) ?? taken.findLast((step) => step.request.fire));
         if (asks) asks.asks = true;
@@ -140,11 +142,12 @@ export class Journal {
         const answers = request && "answer" in request;
         const step = this.#steps.find((one) => one.open && (answers ? one.asks : one.n === message.reply));
         const {main} = this.work.model;
-        for (const {opened, modal, hidden, closed, changed} of message.events) {
+        for (const event of message.events) {
+            const {opened, hidden, closed, changed} = event;
             const paths = Object.keys(changed ?? {}).filter((path) => split(path)[0] !== main);
             if (!message.reply || step?.answers?.some(isFile)) for (const path of paths) this.#book.live[path] = true;
             if (step?.request.fire) step.touched = [...(step.touched ?? []), ...paths, opened ?? hidden ?? closed ?? []].flat();
-            if (opened && opened !== main) this.#opened(opened, step, modal);
+            if (opened && opened !== main) this.#opened(event, step);
             if (closed) this.#closed(closed);
         }
         const save = message.saved ? {screen: message.saved, request: message.reply} : this.#answerOf(message, request);
@@ -153,7 +156,8 @@ export class Journal {
         this.#save();
     }
 
-    #opened(name, step, modal = false) {
+    #opened({opened: name, modal = false, state}, step) {
+        this.#book.captions[name] ??= state?.caption;
         const owner = (modal && step?.screen) || name;
         const isOpen = this.#steps.some((other) => other.screen === name && other.opens);
         this.#book.owners[name] = owner;
@@ -163,6 +167,7 @@ export class Journal {
     #closed(name) {
         if (this.#ownerOf(name) === name) this.#keepOnly((step) => step.screen !== name);
         delete this.#book.owners[name];
+        delete this.#book.captions[name];
     }
 
     /** The save that a question after it found. */
@@ -224,9 +229,10 @@ export class Journal {
         return Object.fromEntries(seen.map(([name, control]) => [name, textOf(control)]));
     }
 
-    /** A screen's caption without the count at its end. */
+    /** The caption with which a screen opened, without the count at its end: later ones may name a patient. */
     #nameOf(screen) {
-        return parseCaption(this.work.model.screens.get(screen).caption || screen).text.replace(/\s*:\s*\d*\s*$/, "");
+        const caption = this.#book.captions[screen] || labelFromName(screen);
+        return parseCaption(caption).text.replace(/\s*:\s*\d*\s*$/, "");
     }
 
     /** A screen in words, for when it may not be there any more. */

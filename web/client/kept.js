@@ -62,7 +62,7 @@ export function fieldCount(part) {
     return count === 1 ? "1 field" : `${count} fields`;
 }
 
-/** What is kept, by the screens' captions and counts alone. */
+/** What is kept, by counts and the captions with which the screens opened alone. */
 export function keptWords({user, parts}) {
     const lines = parts.map((part) => {
         const save = pressed(part) && `${pressed(part)} was pressed; whether it was stored you will see after signing in`;

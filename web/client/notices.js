@@ -28,6 +28,12 @@ export class Notices {
         return note;
     }
 
+    /** Takes all notes away: they may tell of patients. */
+    clear() {
+        this.list.replaceChildren();
+        this.live.textContent = "";
+    }
+
     /** A report opens in a tab of its own; where the browser does not let it, the note's link does. */
     report({name, title, rows, id}) {
         const address = `/reports/${id}`;

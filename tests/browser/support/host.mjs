@@ -22,9 +22,10 @@ function makeHospital(data) {
                                "--full-name", name]);
 }
 
-/** A script's request on the data, beside the host that runs. */
-function drive(data, request) {
-    return JSON.parse(execFileSync(program, ["drive", "--data", data], {input: `${JSON.stringify(request)}\n`}));
+/** A script's requests on the data, beside the host that runs. @returns the replies */
+function drive(data, ...requests) {
+    const input = requests.map((request) => `${JSON.stringify(request)}\n`).join("");
+    return execFileSync(program, ["drive", "--data", data, "--user", nurse.user], {input}).toString().trim().split("\n").map((line) => JSON.parse(line));
 }
 
 /** Keeps everybody else from writing to the hospital's database, until it is let go. */
@@ -120,7 +121,8 @@ export async function startHost(environment = {}) {
             proxy.mend();
         },
         data,
-        query: (query) => drive(data, {query, on: "Hospital"}).rows,
+        drive: (...requests) => drive(data, ...requests),
+        query: (query) => drive(data, {query, on: "Hospital"})[0].rows,
         holdWrites: () => holdWrites(data),
         execute: (execute) => drive(data, {execute, on: "Hospital"}),
         async stop() {

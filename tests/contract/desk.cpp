@@ -22,7 +22,7 @@ Desk::Desk(const RecordScreen& screen, const HospitalFiles& files, bool arranges
 void Desk::open(bool arranges) {
     start();
     screen_.provide(place);
-    if (arranges) screen_.arrange(*this);
+    if (arranges && screen_.arrange) screen_.arrange(*this);
     if (screen_.session) screen_.session(place.session);
     place.desktop.show(screen_.name);
     forget();

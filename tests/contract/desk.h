@@ -15,7 +15,7 @@ class Desk;
 struct RecordScreen {
     std::string name;                                  ///< "frmPreConsult"
     void (*provide)(core::Workplace&);                 ///< its room's screens
-    std::function<void(TestHospital&)> arrange;        ///< the rows that it needs
+    std::function<void(TestHospital&)> arrange = {};   ///< the rows that it needs
     std::function<void(core::Session&)> session = {};  ///< what the nurse may do, and the hospital's settings
     /// From browsing: all of a new record, up to the save.
     std::function<void(Desk&)> add;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/fixture.h"
+#include "ui/checklist.h"
 #include "ui/samples.h"
 
 namespace {
@@ -116,6 +117,38 @@ TEST(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
     EXPECT_THROW(list.take(json{{"row", 0}, {"checked", 1}}), ui::Refused);
 }
 
+TEST(Controls, checkListsTellTheItemThatWasTickedAndKeepTheirOrder) {
+    Desk desk;
+    ui::CheckList list(desk.ward, "signs");
+    std::string raised;
+    list.on("Click", [&] { raised += "click" + list.key() + " "; });
+    list.on("ItemCheck", [&] {
+        raised += "check" + list.key() + " ";
+        if (list.checkedCount() > 2) list.setChecked(list.index(), false);
+    });
+    list.setItems({{"Rash", "r"}, {"Fever", "f"}, {"Cough", "c"}});
+    for (const int row : {2, 0, 1, 0, 0}) list.take(json{{"row", row}, {"checked", true}});
+    list.take(json{{"row", 1}});
+    EXPECT_EQ(raised, "checkc checkr checkf clickf ");
+    EXPECT_EQ(list.state()["checked"].dump(), "[0,2]");
+    ASSERT_EQ(list.checkedItems().size(), 2U);
+    EXPECT_EQ(list.checkedItems()[1].key, "c");
+
+    for (const char* content :
+         {R"({"row":3,"checked":true})", R"({"row":-1,"checked":true})", R"({"row":0,"checked":1})",
+          R"({"row":0,"checked":null})", R"({"row":0,"checked":false,"all":true})", R"({"row":0,"all":true})",
+          R"({"checked":true})", "[0]", "0", "\"Rash\"", "null"})
+        EXPECT_THROW(list.take(json::parse(content)), ui::Refused) << content;
+    EXPECT_EQ(list.state()["checked"].dump(), "[0,2]");
+
+    list.checkAll(true);
+    EXPECT_EQ(list.checkedCount(), 3U);
+    list.setItems({{"Itch", "i"}});
+    EXPECT_FALSE(list.checked(0));
+    EXPECT_THROW(list.setChecked(1, true), db::Error);
+    EXPECT_EQ(raised, "checkc checkr checkf clickf ");
+}
+
 TEST(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {
     Desk desk;
     EXPECT_EQ(desk.ward.find("TXTNAME"), &desk.ward.txtName);
@@ -131,6 +164,7 @@ TEST(Controls, everyKindShowsWhatTheWireFormNames) {
         {"textBox", {"text", "password", "maxLength"}},
         {"comboBox", {"text", "items", "index"}},
         {"listBox", {"items", "index"}},
+        {"checkList", {"items", "index", "checked"}},
         {"checkBox", {"caption", "checked"}},
         {"optionButton", {"caption", "checked"}},
         {"datePicker", {"date"}},
@@ -142,7 +176,7 @@ TEST(Controls, everyKindShowsWhatTheWireFormNames) {
         {"tabStrip", {"page", "captions"}},
         {"treeView", {"nodes", "index"}},
         {"listView", {"columns", "rows", "row"}},
-        {"lineChart", {"labels", "series"}},
+        {"lineChart", {"labels", "series", "xTitle", "yTitle"}},
         {"statusBar", {"panels"}},
         {"timer", {"running", "interval"}},
         {"menuItem", {"caption", "parent"}},

@@ -375,6 +375,9 @@ public:
     };
     LineChart(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
     void show(std::string title, std::vector<std::string> labels, std::vector<Series> series);
+    /// What stands at the axes: the labels' kind, and the points' with its unit; "" for nothing.
+    void setAxisTitles(std::string x, std::string y);
+    /// Drops all but the axes' titles.
     void clear();
     [[nodiscard]] const std::vector<std::string>& labels() const noexcept { return labels_; }
     [[nodiscard]] const std::vector<Series>& series() const noexcept { return series_; }
@@ -384,6 +387,8 @@ public:
 
 private:
     std::string title_;
+    std::string xTitle_;
+    std::string yTitle_;
     std::vector<std::string> labels_;
     std::vector<Series> series_;
 };

@@ -95,16 +95,24 @@ void LineChart::show(std::string title, std::vector<std::string> labels, std::ve
     for (const char* property : {"title", "labels", "series"}) touch(property);
 }
 
+void LineChart::setAxisTitles(std::string x, std::string y) {
+    xTitle_ = std::move(x);
+    yTitle_ = std::move(y);
+    for (const char* property : {"xTitle", "yTitle"}) touch(property);
+}
+
 void LineChart::clear() {
     show({}, {}, {});
 }
 
 std::vector<std::string_view> LineChart::properties() const {
-    return {"title", "labels", "series"};
+    return {"title", "xTitle", "yTitle", "labels", "series"};
 }
 
 nlohmann::json LineChart::property(std::string_view name) const {
     if (name == "title") return title_;
+    if (name == "xTitle") return xTitle_;
+    if (name == "yTitle") return yTitle_;
     if (name == "labels") return labels_;
     nlohmann::json series = nlohmann::json::array();
     for (const Series& one : series_) {

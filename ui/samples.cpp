@@ -7,6 +7,7 @@
 #include "db/error.h"
 #include "db/recordset.h"
 #include "db/rowbuffer.h"
+#include "ui/checklist.h"
 #include "ui/controls.h"
 #include "ui/desktop.h"
 
@@ -72,6 +73,7 @@ private:
     void fillChoices();
     void fillLists();
     void fillTrend();
+    void checkSigns();
     void bindTexts();
     void bindChoices();
     void bindLists();
@@ -102,6 +104,7 @@ private:
     DataGrid grdData{*this, "grdData"};
     ListBox lstBeds{*this, "lstBeds"};
     TreeView treeUnits{*this, "treeUnits"};
+    CheckList lstSigns{*this, "lstSigns"};
     ListView lvwTests{*this, "lvwTests", {"Test", "Result"}, true};
     FlexGrid OrderGrid{*this, "OrderGrid", {"Line", "Item", "Price"}};
     Button cmdAddLine{*this, "cmdAddLine", "&Add a line", [this] {
@@ -135,8 +138,8 @@ frmSamples::frmSamples(Desktop& desktop) : Screen(desktop, "frmSamples", "Sample
     txtPulse.setMaxLength(3);
     txtPassword.setPassword(true);
     txtHeld.heldBy(picHolder);
-    for (Control* control :
-         {static_cast<Control*>(&lstBeds), static_cast<Control*>(&treeUnits), static_cast<Control*>(&lvwTests)})
+    for (Control* control : {static_cast<Control*>(&lstBeds), static_cast<Control*>(&treeUnits),
+                             static_cast<Control*>(&lstSigns), static_cast<Control*>(&lvwTests)})
         control->onPage(tabPages, 1);
     grdData.onPage(tabPages, 0);
     for (Control* control :
@@ -178,11 +181,13 @@ void frmSamples::fillLists() {
     treeUnits.add("Room 1", {}, male);
     treeUnits.add("Female", {}, wards);
     treeUnits.add("Theatre");
+    for (const char* sign : {"Rash", "Fever", "Swelling", "Vomiting", "Wheezing"}) lstSigns.add(sign);
     lvwTests.addRow({"Haemoglobin", "12.5"});
     lvwTests.addRow({"Malaria parasite", "none seen"});
 }
 
 void frmSamples::fillTrend() {
+    chtTrend.setAxisTitles("Time", "Pressure (mmHg)");
     chtTrend.show("Blood pressure", {"06:00", "10:00", "14:00", "18:00"},
                   {{"Systolic", {120, 135, std::nullopt, 128}}, {"Diastolic", {80, 88, 84, 79}}});
 }
@@ -216,12 +221,26 @@ void frmSamples::bindLists() {
     lstBeds.on(Event::dblClick, [this] { says("Opened: " + lstBeds.text()); });
     treeUnits.on(Event::nodeClick,
                  [this] { says("Unit: " + treeUnits.nodes().at(static_cast<std::size_t>(treeUnits.index())).text); });
+    lstSigns.on(Event::itemCheck, [this] { checkSigns(); });
+    lstSigns.on(Event::click,
+                [this] { says("Sign: " + lstSigns.items().at(static_cast<std::size_t>(lstSigns.index())).text); });
     lvwTests.on(Event::itemCheck, [this] {
         const auto row = static_cast<std::size_t>(lvwTests.row());
         says(lvwTests.cell(row, 0) + (lvwTests.checked(row) ? " checked" : " not checked"));
     });
     tabPages.on(Event::click, [this] { says("Page " + std::to_string(tabPages.page() + 1)); });
     picPhoto.on(Event::dblClick, [this] { says("Photo"); });
+}
+
+/// A screen may take a tick back.
+void frmSamples::checkSigns() {
+    if (lstSigns.checkedCount() > 4) {
+        desktop().message("Four signs are enough", Icon::information);
+        lstSigns.setChecked(lstSigns.index(), false);
+    }
+    std::string text;
+    for (const ListItem& sign : lstSigns.checkedItems()) text += (text.empty() ? "" : ", ") + sign.text;
+    says("Signs: " + text);
 }
 
 void frmSamples::ask() {

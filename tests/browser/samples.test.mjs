@@ -128,6 +128,37 @@ test("lists, trees and marks work by keyboard", async () => {
     await picture(page, "samples-lists");
 });
 
+test("a list of ticks: by box, by blank, all at once as far as the session takes them", async () => {
+    await turnTo(page, "Lists");
+    const list = control(page, "lstSigns", "[role=listbox]");
+    const counted = (text) => control(page, "lstSigns", ".v-list-count").filter({hasText: text}).waitFor();
+    await list.focus();
+    await page.keyboard.press("ArrowDown");
+    await says(page, "Sign: Rash");
+    await page.keyboard.press(" ");
+    await page.keyboard.press("ArrowDown");
+    await page.keyboard.press("ArrowDown");
+    await page.keyboard.press(" ");
+    await says(page, "Signs: Rash, Swelling");
+    await control(page, "lstSigns", "[data-check='0']").click();
+    await says(page, "Signs: Swelling");
+    await counted("1 of 5 ticked");
+    await control(page, "lstSigns", "[role=option]").nth(1).getByText("Fever").click();
+    await says(page, "Sign: Fever");
+    assert.equal(await page.getByRole("option", {name: "Swelling", exact: true}).getAttribute("aria-checked"), "true");
+    await list.focus();
+    await page.keyboard.press("Control+a");
+    await box(page).filter({hasText: "Four signs are enough"}).waitFor();
+    await page.keyboard.press("Enter");
+    await box(page).waitFor({state: "hidden"});
+    await counted("4 of 5 ticked");
+    await page.reload();
+    await counted("4 of 5 ticked");
+    await control(page, "lstSigns", "[data-check='0']").click();
+    await counted("3 of 5 ticked");
+    await picture(page, "samples-ticks");
+});
+
 test("a grid of cells, a focus that brings its page, a chart with its table, a picture", async () => {
     await control(page, "cmdFocus", "button").click();
     await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmSamples.cmdAddLine");
@@ -136,6 +167,7 @@ test("a grid of cells, a focus that brings its page, a chart with its table, a p
     await control(page, "cmdRemoveLine", "button").click();
     await control(page, "OrderGrid", ".v-empty").waitFor();
     await turnTo(page, "Trend");
+    assert.match(await control(page, "chtTrend", "canvas").getAttribute("aria-label"), /^Blood pressure: Pressure \(mmHg\) by Time, 4 points/);
     await control(page, "chtTrend", "summary").click();
     assert.deepEqual(await control(page, "chtTrend", "tbody tr").nth(2).locator("td").allTextContents(), ["", "84"]);
     assert.ok(await control(page, "picPhoto", "img").evaluate((image) => image.decode().then(() => image.naturalWidth > 0)));

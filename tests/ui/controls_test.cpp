@@ -5,8 +5,9 @@
 #include <set>
 #include <sstream>
 
-#include "tests/ui/fixture.h"
 #include "tests/support/paths.h"
+#include "tests/ui/fixture.h"
+#include "ui/checklist.h"
 #include "ui/samples.h"
 
 namespace {
@@ -120,6 +121,38 @@ TEST(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
     EXPECT_TRUE(list.checked(0));
     EXPECT_EQ(raised, "click check ");
     EXPECT_THROW(list.take(json{{"row", 0}, {"checked", 1}}), ui::Refused);
+}
+
+TEST(Controls, checkListsTellTheItemThatWasTickedAndKeepTheirOrder) {
+    Desk desk;
+    ui::CheckList list(desk.ward, "signs");
+    std::string raised;
+    list.on(ui::Event::click, [&] { raised += "click" + list.key() + " "; });
+    list.on(ui::Event::itemCheck, [&] {
+        raised += "check" + list.key() + " ";
+        if (list.checkedCount() > 2) list.setChecked(list.index(), false);
+    });
+    list.setItems({{"Rash", "r"}, {"Fever", "f"}, {"Cough", "c"}});
+    for (const int row : {2, 0, 1, 0, 0}) list.take(json{{"row", row}, {"checked", true}});
+    list.take(json{{"row", 1}});
+    EXPECT_EQ(raised, "checkc checkr checkf clickf ");
+    EXPECT_EQ(list.state()["checked"].dump(), "[0,2]");
+    ASSERT_EQ(list.checkedItems().size(), 2U);
+    EXPECT_EQ(list.checkedItems()[1].key, "c");
+
+    for (const char* content :
+         {R"({"row":3,"checked":true})", R"({"row":-1,"checked":true})", R"({"row":0,"checked":1})",
+          R"({"row":0,"checked":null})", R"({"row":0,"checked":false,"all":true})", R"({"row":0,"all":true})",
+          R"({"checked":true})", "[0]", "0", "\"Rash\"", "null"})
+        EXPECT_THROW(list.take(json::parse(content)), ui::Refused) << content;
+    EXPECT_EQ(list.state()["checked"].dump(), "[0,2]");
+
+    list.checkAll(true);
+    EXPECT_EQ(list.checkedCount(), 3U);
+    list.setItems({{"Itch", "i"}});
+    EXPECT_FALSE(list.checked(0));
+    EXPECT_THROW(list.setChecked(1, true), db::Error);
+    EXPECT_EQ(raised, "checkc checkr checkf clickf ");
 }
 
 TEST(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {

@@ -20,7 +20,8 @@ export function rowsOf({items, nodes, rows}) {
 }
 
 /** What a user reads in a control. */
-function textOf({kind, password, text, caption, checked, date, format}) {
+function textOf({kind, password, text, caption, checked, date, format, items}) {
+    if (kind === "checkList") return checked.map((at) => items[at].text).join(", ");
     if (kind === "textBox" || kind === "comboBox") return password ? "" : text;
     if (kind === "checkBox" || kind === "optionButton") return checked ? "yes" : "";
     if (kind === "datePicker") return asInput(date, format === "time");

@@ -10,6 +10,7 @@ export const keyHelp = [
     ["Tab / Shift + Tab", "Next or previous field"],
     ["Enter / Esc", "The screen's default button, its cancel button"],
     ["Arrow keys, Home, End, letters", "Move in menus, lists and grids"],
+    ["Blank, Ctrl + A in a list with ticks", "Ticks the entry, ticks all or none"],
     ["Enter in a grid", "The same as a double click"],
     ["Alt + Down in a field with a list", "Opens the list"],
     ["F1", "This help"],

@@ -57,7 +57,7 @@ export class Model {
 /** The property that a kind's content goes to: the session tells it only where it ended otherwise than sent. */
 const taken = {
     textBox: "text", comboBox: "text", checkBox: "checked", optionButton: "checked", datePicker: "date", listBox: "index",
-    treeView: "index", dataGrid: "row", flexGrid: "row", listView: "row", tabStrip: "page",
+    checkList: "index", treeView: "index", dataGrid: "row", flexGrid: "row", listView: "row", tabStrip: "page",
 };
 
 /** "frmX.txtY" as ["frmX", "txtY"]; a control's own name may hold dots no more than a screen's. */

@@ -32,8 +32,8 @@ export function lineChart(link) {
         input: canvas,
         group: true,
         update() {
-            const {title, labels, series} = link.state;
-            const shown = JSON.stringify([title, labels, series]);
+            const {title, xTitle, yTitle, labels, series} = link.state;
+            const shown = JSON.stringify([title, xTitle, yTitle, labels, series]);
             if (shown === drawn) return;
             drawn = shown;
             canvas.setAttribute("aria-label", describe(link.state));
@@ -53,26 +53,28 @@ function themeColor(element, name) {
     return color;
 }
 
-function describe({title, labels, series}) {
+function describe({title, xTitle, yTitle, labels, series}) {
     const lines = series.map((line) => {
         const last = line.points.findLast((point) => point !== null);
         return last === undefined ? line.name : `${line.name}, last ${last}`;
     });
-    return `${title || "Chart"}: ${labels.length} points. ${lines.join("; ")}`;
+    const axes = [yTitle, xTitle].filter(Boolean).join(" by ");
+    return `${title || "Chart"}: ${axes && `${axes}, `}${labels.length} points. ${lines.join("; ")}`;
 }
 
-function fillTable(table, {title, labels, series}) {
-    const head = h("tr", {}, h("th", {scope: "col"}, ""), ...series.map((line) => h("th", {scope: "col"}, line.name)));
+function fillTable(table, {title, xTitle, yTitle, labels, series}) {
+    const head = h("tr", {}, h("th", {scope: "col"}, xTitle), ...series.map((line) => h("th", {scope: "col"}, line.name)));
     const rows = labels.map((label, at) => h(
         "tr", {}, h("th", {scope: "row"}, label), ...series.map((line) => h("td", {}, String(line.points[at] ?? "")))));
-    table.replaceChildren(h("caption", {}, title), h("thead", {}, head), h("tbody", {}, ...rows));
+    table.replaceChildren(h("caption", {}, [title, yTitle].filter(Boolean).join(", ")), h("thead", {}, head), h("tbody", {}, ...rows));
 }
 
 /** Lines differ in colour, dash and mark, so that nobody has to tell colours apart. */
-function configuration({title, labels, series}, color) {
+function configuration({title, xTitle, yTitle, labels, series}, color) {
     const looks = [{color: color("--v-line1"), dash: [], mark: "circle"}, {color: color("--v-line2"), dash: [6, 4], mark: "rectRot"}];
     const text = color("--v-text");
-    const scale = {ticks: {color: text}, grid: {color: color("--v-border")}};
+    const heading = (words) => ({display: Boolean(words), text: words, color: text});
+    const scale = (words) => ({ticks: {color: text}, grid: {color: color("--v-border")}, title: heading(words)});
     return {
         type: "line",
         data: {
@@ -88,8 +90,8 @@ function configuration({title, labels, series}, color) {
             responsive: true,
             maintainAspectRatio: false,
             color: text,
-            scales: {x: scale, y: scale},
-            plugins: {title: {display: Boolean(title), text: title, color: text}, legend: {labels: {color: text, usePointStyle: true}}},
+            scales: {x: scale(xTitle), y: scale(yTitle)},
+            plugins: {title: heading(title), legend: {labels: {color: text, usePointStyle: true}}},
         },
     };
 }

@@ -3,6 +3,7 @@
 import {h} from "../dom.js";
 import {button, label} from "./basic.js";
 import {lineChart} from "./chart.js";
+import {checkList} from "./checklist.js";
 import {checkBox, optionButton} from "./choice.js";
 import {comboBox} from "./combo.js";
 import {datePicker} from "./date.js";
@@ -15,8 +16,8 @@ import {textBox} from "./text.js";
 import {treeView} from "./tree.js";
 
 const makers = {
-    textBox, comboBox, listBox, checkBox, optionButton, datePicker, label, button, picture, tabStrip, treeView, listView,
-    lineChart, statusBar, dataGrid: grid, flexGrid: grid,
+    textBox, comboBox, listBox, checkList, checkBox, optionButton, datePicker, label, button, picture, tabStrip, treeView,
+    listView, lineChart, statusBar, dataGrid: grid, flexGrid: grid,
 };
 
 /**

@@ -187,7 +187,7 @@ TEST(Controls, theProtocolTellsEachPropertyOfEachKind) {
         }
         kinds.insert(state["kind"]);
     }
-    EXPECT_EQ(kinds.size(), 19U) << "the samples show every kind";
+    EXPECT_EQ(kinds.size(), 20U) << "the samples show every kind";
 }
 
 TEST(Controls, aPictureGoesOverTheWireByItsAddressWhereItHasOne) {

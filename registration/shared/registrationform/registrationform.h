@@ -125,7 +125,7 @@ protected:
     /// Lists that stand beside the patients'.
     virtual void refreshQueues() {}
     /// After a save: another dependant, or an empty form.
-    virtual void finished() override { clear(); }
+    void finished() override { clear(); }
 
     // -- the steps of a record screen --
     void fillLists() override;

@@ -72,6 +72,7 @@ std::int64_t Connection::insertRow(const std::string& table, const std::vector<s
                                    const std::vector<Value>& values) {
     if (recording()) {
         std::vector<std::pair<std::string, Value>> parameters;
+        parameters.reserve(columns.size());
         for (std::size_t i = 0; i < columns.size(); ++i) parameters.emplace_back(columns[i], values.at(i));
         record(Statement::Kind::insert, "insert " + table, std::move(parameters));
     }

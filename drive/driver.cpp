@@ -156,8 +156,9 @@ void Driver::apart(const json& request, const char* key,
 void Driver::record(const db::Statement& statement) {
     if (apart_) return;
     if (traces_) conversation_.tell(jsonOf(statement));
-    if (writesUntilFailure_ == 0 || !statement.writes() || --writesUntilFailure_ > 0) return;
-    throw db::Error(db::Category::injected, "Injected failure");
+    if (writesUntilFailure_ == 0 || !statement.writes()) return;
+    --writesUntilFailure_;
+    if (writesUntilFailure_ == 0) throw db::Error(db::Category::injected, "Injected failure");
 }
 
 }  // namespace drive

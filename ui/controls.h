@@ -414,8 +414,7 @@ private:
 /// A timer's `visible` means nothing; `enabled` is its running.
 class Timer : public Control {
 public:
-    Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running = true,
-          Handler job = {});
+    Timer(Screen& screen, std::string name, std::chrono::milliseconds interval, bool running = true, Handler job = {});
     ~Timer() override;
     [[nodiscard]] bool running() const noexcept { return enabled(); }
     void setRunning(bool running) { setEnabled(running); }

@@ -99,7 +99,8 @@ void RecordForm::OKButton_Click() {
     std::optional<Refusal> refusal;
     bool kept = false;
     const bool wentThrough = saves(OKButton, [&] {
-        refusal = store();
+        session().gServerNow = GetServerNow(place());
+        refusal = inTransaction(&RecordForm::write);
         kept = !refusal;
         if (!kept) return;
         committed();
@@ -111,10 +112,10 @@ void RecordForm::OKButton_Click() {
     if (!wentThrough) failed();
 }
 
-std::optional<Refusal> RecordForm::store() {
+/// A refusal undoes what the step had written.
+std::optional<Refusal> RecordForm::inTransaction(std::optional<Refusal> (RecordForm::*step)()) {
     db::Transaction transaction(hospital());
-    session().gServerNow = GetServerNow(place());
-    auto refusal = write();
+    auto refusal = (this->*step)();
     if (refusal)
         transaction.rollback();
     else
@@ -138,14 +139,7 @@ void RecordForm::cmdDel_Click() {
     if (!refusal) refusal = withoutRow();
     if (refusal) return refuse(*refusal);
     if (!confirmed(eraseQuestion(), "Delete")) return;
-    {
-        db::Transaction transaction(hospital());
-        refusal = erase();
-        if (refusal)
-            transaction.rollback();
-        else
-            transaction.commit();
-    }
+    refusal = inTransaction(&RecordForm::erase);
     if (refusal) return refuse(*refusal);
     erased();
 }

@@ -114,7 +114,7 @@ protected:
 
 private:
     void start(Mode mode, void (RecordForm::*step)());
-    [[nodiscard]] std::optional<Refusal> store();
+    [[nodiscard]] std::optional<Refusal> inTransaction(std::optional<Refusal> (RecordForm::*step)());
 
     Fields fields_;
     std::vector<ui::Control*> inputs_;

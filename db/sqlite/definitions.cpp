@@ -107,6 +107,7 @@ std::vector<std::pair<std::string, std::string>> SqliteEngine::keptTexts(const s
     auto names = texts("select name" + select);
     auto all = texts("select text" + select);
     std::vector<std::pair<std::string, std::string>> result;
+    result.reserve(names.size());
     for (std::size_t i = 0; i < names.size(); ++i) result.emplace_back(std::move(names[i]), std::move(all[i]));
     return result;
 }

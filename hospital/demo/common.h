@@ -18,7 +18,7 @@ inline db::DateTime minutesAfter(const db::DateTime& moment, std::int64_t minute
 
 /// The hour at which the demonstration stands still: eleven in the morning. Nothing is entered later than this.
 inline db::DateTime momentOfNow(const Hospital& hospital) {
-    return minutesAfter(hospital.today, 11 * 60);
+    return minutesAfter(hospital.today, std::int64_t{11} * 60);
 }
 
 /// "07" for 7 and the width 2.

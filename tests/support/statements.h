@@ -14,7 +14,8 @@ namespace test {
 inline std::vector<std::filesystem::path> statementFiles() {
     namespace fs = std::filesystem;
     std::vector<fs::path> files{sourceDirectory() / "tests" / "hospital" / "statements.txt"};
-    for (const char* room : {"core", "shell", "registration", "outpatient", "inpatient", "billing", "reports", "docs"}) {
+    for (const char* room :
+         {"core", "shell", "registration", "outpatient", "inpatient", "billing", "reports", "docs"}) {
         const auto folder = sourceDirectory() / room;
         if (!fs::exists(folder)) continue;
         for (const auto& entry : fs::recursive_directory_iterator(folder))

@@ -295,6 +295,8 @@ private:
 class TabStrip : public Control {
 public:
     TabStrip(Screen& screen, std::string name, std::vector<std::string> captions);
+    /// The page in front; on which one the strip itself lies says Control::page.
+    // NOLINTNEXTLINE(bugprone-derived-method-shadowing-base-method)
     [[nodiscard]] int page() const noexcept { return page_; }
     void setPage(int page);
     [[nodiscard]] std::string_view kind() const override { return "tabStrip"; }

@@ -84,6 +84,7 @@ NamedCells Recordset::State::keyOfRow(const Table& table) const {
 void Recordset::State::recordUpdate(const Table& table, const NamedCells& set) const {
     if (!connection->recording()) return;
     std::vector<std::pair<std::string, Value>> parameters;
+    parameters.reserve(set.columns.size());
     for (std::size_t i = 0; i < set.columns.size(); ++i) parameters.emplace_back(set.columns[i], set.values[i]);
     if (adding)
         connection->record(Statement::Kind::insert, "insert " + table.name, std::move(parameters));

@@ -117,6 +117,7 @@ std::string reportPage(const KeptReport& report) {
 
 std::string reportCsv(const KeptReport& report) {
     std::vector<KeptReport::Cell> heads;
+    heads.reserve(report.columns.size());
     for (const auto& column : report.columns) heads.push_back({column, false});
     // The mark tells spreadsheets that the text is UTF-8.
     std::string csv = "\xEF\xBB\xBF" + csvLine(heads);

@@ -12,6 +12,7 @@ namespace {
 std::vector<std::string> texts(db::Connection& connection, const db::Sql& sql) {
     const auto rows = connection.read(sql);
     std::vector<std::string> result;
+    result.reserve(rows.rowCount());
     for (std::size_t row = 0; row < rows.rowCount(); ++row) result.push_back(rows.value(row, 0).text());
     return result;
 }
@@ -19,6 +20,7 @@ std::vector<std::string> texts(db::Connection& connection, const db::Sql& sql) {
 std::vector<Item> items(db::Connection& connection, const db::Sql& sql) {
     const auto rows = connection.read(sql);
     std::vector<Item> result;
+    result.reserve(rows.rowCount());
     for (std::size_t row = 0; row < rows.rowCount(); ++row)
         result.push_back({rows.value(row, 0).text(), rows.value(row, 1).textOr(), rows.value(row, 2).numberOr(0)});
     return result;

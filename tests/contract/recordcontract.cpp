@@ -176,7 +176,8 @@ TEST_P(RecordContract, ADeleteAsksAndAWriteOfItThatFailsLeavesTheRows) {
 TEST_P(RecordContract, ATimerThatFailsOpensNoBox) {
     Desk desk(screen());
     std::vector<std::string> timers;
-    for (const auto& [name, control] : desk.form()["controls"].items())
+    const auto form = desk.form();
+    for (const auto& [name, control] : form["controls"].items())
         if (control["kind"] == "timer" && control["running"]) timers.push_back(name);
     for (const auto& timer : timers) {
         desk.breakLine(1);

@@ -102,11 +102,9 @@ void RecordForm::OKButton_Click() {
         session().gServerNow = GetServerNow(place());
         refusal = inTransaction(&RecordForm::write);
         kept = !refusal;
-        if (!kept) return;
-        committed();
-        afterSave();
+        if (kept) committed();
     });
-    if (kept) return;
+    if (kept) return afterSave();
     undone();
     if (refusal) refuse(*refusal);
     if (!wentThrough) failed();

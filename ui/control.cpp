@@ -30,6 +30,12 @@ void Control::setEnabled(bool enabled) {
     enabledChanged();
 }
 
+void Control::setProblem(std::string problem) {
+    if (problem == problem_) return;
+    problem_ = std::move(problem);
+    touch("problem");
+}
+
 bool Control::reachable() const noexcept {
     if (!visible_ || !enabled_) return false;
     if (holder_ && !holder_->reachable()) return false;
@@ -61,6 +67,7 @@ std::vector<std::string_view> Control::events() const {
 
 nlohmann::json Control::state() const {
     nlohmann::json state = {{"kind", kind()}, {"visible", visible_}, {"enabled", enabled_}, {"events", events()}};
+    if (!problem_.empty()) state["problem"] = problem_;
     if (holder_) state["holder"] = holder_->name();
     if (tabs_) state["tab"] = {tabs_->name(), page_};
     for (const std::string_view name : properties()) state[std::string(name)] = property(name);

@@ -41,7 +41,11 @@ public:
     [[nodiscard]] bool enabled() const noexcept { return enabled_; }
     void setEnabled(bool enabled);
     /// Visible and enabled, as is everything that holds it: what a user can work.
-    [[nodiscard]] bool reachable() const noexcept;
+    [[nodiscard]] virtual bool reachable() const noexcept;
+    /// Why the content was refused, shown beside it; "" where nothing is wrong. It stands until a user changes the
+    /// content.
+    [[nodiscard]] const std::string& problem() const noexcept { return problem_; }
+    void setProblem(std::string problem);
 
     /// Puts the control into a holder that hides and disables it with itself.
     void heldBy(const Control& holder) noexcept { holder_ = &holder; }
@@ -69,7 +73,7 @@ public:
     [[nodiscard]] virtual std::vector<std::string_view> properties() const = 0;
     /// One property as it goes over the wire.
     [[nodiscard]] virtual nlohmann::json property(std::string_view name) const = 0;
-    /// The whole wire form: kind, visible, enabled, events, then the properties.
+    /// The whole wire form: kind, visible, enabled, events, what is wrong, then the properties.
     [[nodiscard]] nlohmann::json state() const;
     /// What a user's typing or picking does: takes the content and raises the events of it. Throws Refused where the
     /// control takes nothing from a user, or nothing of this form.
@@ -87,6 +91,7 @@ private:
     Screen& screen_;
     std::string name_;
     std::map<Event, Handler> handlers_;
+    std::string problem_;
     const Control* holder_ = nullptr;
     TabStrip* tabs_ = nullptr;
     int page_ = 0;

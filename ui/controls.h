@@ -256,6 +256,9 @@ public:
     void hideOnly(std::initializer_list<std::string_view> names);
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
+    /// A search for other rows is under way: until it has ended, nothing of what still shows can be picked.
+    void setSearching(bool searching);
+    [[nodiscard]] bool reachable() const noexcept override { return !searching_ && Control::reachable(); }
     [[nodiscard]] std::string_view kind() const override { return "dataGrid"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
@@ -267,6 +270,7 @@ private:
     int row_ = -1;
     std::vector<std::string> hidden_;
     std::string caption_;
+    bool searching_ = false;
 };
 
 /// A grid of cells that the screen fills. Events: Click, DblClick.
@@ -443,6 +447,8 @@ public:
              Handler click = {});
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
+    /// The entry's screen is not there yet: it is marked so, and still answers.
+    void setComing(bool coming);
     [[nodiscard]] const MenuItem* parent() const noexcept { return parent_; }
     [[nodiscard]] std::string_view kind() const override { return "menuItem"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
@@ -451,6 +457,7 @@ public:
 private:
     std::string caption_;
     const MenuItem* parent_;
+    bool coming_ = false;
 };
 
 /// Where the open child screens lie: how they are arranged, and their list for the window menu.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "db/error.h"
+#include "ui/captions.h"
 #include "ui/controls.h"
 #include "ui/desktop_impl.h"
 #include "ui/names.h"
@@ -79,7 +80,7 @@ Screen* Desktop::ready(std::string_view name) {
         return screen;
     }
     if (!provides(name)) {
-        message("This page is not there yet: " + std::string(name), Icon::information);
+        message("This page is not there yet: " + wordsOfName(name), Icon::information);
         return nullptr;
     }
     return make(name);

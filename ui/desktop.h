@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "db/recordset.h"
+#include "ui/captions.h"
 #include "ui/eventloop.h"
 #include "ui/screen.h"
 
@@ -22,6 +23,9 @@ struct Report {
     std::string name;   ///< "rptVitalSigns"
     std::string title;  ///< may be empty
     db::Recordset rows;
+
+    /// What stands above it: its title, or its name in words.
+    [[nodiscard]] std::string heading() const { return title.empty() ? wordsOfName(name) : title; }
 };
 
 /// Where a session's screens live: it opens and closes them, shows boxes, moves the focus, and tells a client in order

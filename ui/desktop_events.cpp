@@ -17,6 +17,7 @@ void note(std::vector<std::string_view>& properties, std::string_view property) 
 nlohmann::json valueOf(const Control& control, std::string_view property) {
     if (property == "visible") return control.visible();
     if (property == "enabled") return control.enabled();
+    if (property == "problem") return control.problem();
     return control.property(property);
 }
 
@@ -88,7 +89,7 @@ void Desktop::print(const Screen& screen) {
 }
 
 void Desktop::report(Report report) {
-    nlohmann::json event = {{"name", report.name}, {"title", report.title}, {"rows", report.rows.rowCount()}};
+    nlohmann::json event = {{"name", report.name}, {"title", report.heading()}, {"rows", report.rows.rowCount()}};
     if (reportKeeper_) event["id"] = reportKeeper_(report);
     emit({{"report", std::move(event)}});
 }

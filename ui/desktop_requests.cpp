@@ -65,6 +65,7 @@ void Desktop::set(std::string_view path, const nlohmann::json& content, bool for
     if (!force) checkWorkable(at);
     believe(*at.control, content);
     try {
+        at.control->setProblem({});
         at.control->take(content);
     } catch (const Refused&) {
         forget(*at.control);

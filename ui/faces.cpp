@@ -158,12 +158,17 @@ void MenuItem::setCaption(std::string caption) {
     touch("caption");
 }
 
+void MenuItem::setComing(bool coming) {
+    if (std::exchange(coming_, coming) != coming) touch("coming");
+}
+
 std::vector<std::string_view> MenuItem::properties() const {
-    return {"caption", "parent"};
+    return {"caption", "parent", "coming"};
 }
 
 nlohmann::json MenuItem::property(std::string_view name) const {
     if (name == "caption") return caption_;
+    if (name == "coming") return coming_;
     return parent_ ? nlohmann::json(parent_->name()) : nlohmann::json();
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "db/error.h"
+#include "ui/captions.h"
 #include "ui/content.h"
 #include "ui/controls.h"
 #include "ui/names.h"
@@ -14,7 +15,7 @@ std::string shownText(const db::Value& value) {
 }
 
 nlohmann::json columnForm(std::string_view name, bool visible) {
-    return {{"name", name}, {"visible", visible}};
+    return {{"name", name}, {"caption", columnCaption(name)}, {"visible", visible}};
 }
 
 }  // namespace
@@ -68,13 +69,18 @@ void DataGrid::setCaption(std::string caption) {
     touch("caption");
 }
 
+void DataGrid::setSearching(bool searching) {
+    if (std::exchange(searching_, searching) != searching) touch("searching");
+}
+
 std::vector<std::string_view> DataGrid::properties() const {
-    return {"caption", "columns", "rows", "row"};
+    return {"caption", "columns", "rows", "row", "searching"};
 }
 
 nlohmann::json DataGrid::property(std::string_view name) const {
     if (name == "caption") return caption_;
     if (name == "row") return row_;
+    if (name == "searching") return searching_;
     nlohmann::json list = nlohmann::json::array();
     if (name == "columns") {
         for (const std::string& field : rows_.fields())

@@ -25,6 +25,10 @@ Control* Screen::find(std::string_view name) const {
     return found == byName_.end() ? nullptr : found->second;
 }
 
+void Screen::clearProblems() {
+    for (Control* control : controls_) control->setProblem({});
+}
+
 nlohmann::json Screen::state() const {
     nlohmann::json controls = nlohmann::json::object();
     nlohmann::json order = nlohmann::json::array();

@@ -41,6 +41,9 @@ public:
     /// Runs when the screen has closed, right before it goes.
     virtual void unload() {}
 
+    /// Nothing is wrong on it any more (`Control::problem`).
+    void clearProblems();
+
     /// The whole wire form: caption, visible, modal, controls by name.
     [[nodiscard]] nlohmann::json state() const;
 

@@ -1,4 +1,5 @@
 #include "db/error.h"
+#include "ui/captions.h"
 #include "ui/content.h"
 #include "ui/controls.h"
 
@@ -102,7 +103,8 @@ nlohmann::json ListView::property(std::string_view name) const {
     if (name == "rows") return rows_;
     if (name == "checked") return checked_;
     nlohmann::json columns = nlohmann::json::array();
-    for (const std::string& column : columns_) columns.push_back({{"name", column}, {"visible", true}});
+    for (const std::string& column : columns_)
+        columns.push_back({{"name", column}, {"caption", columnCaption(column)}, {"visible", true}});
     return columns;
 }
 

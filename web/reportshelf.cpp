@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "db/letters.h"
+#include "ui/captions.h"
 #include "web/http.h"
 
 namespace web {
@@ -34,8 +36,21 @@ std::size_t bytesOf(const KeptReport& report) {
     return bytes;
 }
 
-std::string headingOf(const KeptReport& report) {
-    return report.title.empty() ? report.name : report.title;
+/// Characters that fit a line of an upright page of A4 at the size in which reports are printed
+/// (web/client/report.css).
+constexpr std::size_t uprightLine = 90;
+/// A longer text breaks its lines.
+constexpr std::size_t longestCell = 30;
+
+/// Whether the columns need the long side of the paper.
+bool liesAcross(const KeptReport& report) {
+    std::size_t line = 0;
+    for (std::size_t column = 0; column < report.columns.size(); ++column) {
+        std::size_t widest = db::characterCount(report.columns[column]);
+        for (const auto& row : report.rows) widest = std::max(widest, db::characterCount(row[column].text));
+        line += std::min(widest, longestCell) + 2;
+    }
+    return line > uprightLine;
 }
 
 std::string tableOf(const KeptReport& report) {
@@ -76,10 +91,10 @@ std::string csvLine(const std::vector<KeptReport::Cell>& cells) {
 std::uint64_t ReportShelf::keep(const ui::Report& report, const std::string& hospital) {
     auto kept = std::make_shared<KeptReport>();
     kept->name = report.name;
-    kept->title = report.title;
+    kept->title = report.heading();
     kept->hospital = hospital;
     kept->made = db::DateTime::now().text();
-    kept->columns = report.rows.fields();
+    for (const std::string& column : report.rows.fields()) kept->columns.push_back(ui::columnCaption(column));
     kept->rows = cellsOf(report.rows);
     kept->bytes = bytesOf(*kept);
 
@@ -101,16 +116,21 @@ std::shared_ptr<const KeptReport> ReportShelf::find(std::uint64_t id) const {
 }
 
 std::string reportPage(const KeptReport& report) {
-    const std::string heading = htmlEscaped(headingOf(report));
+    const std::string heading = htmlEscaped(report.title);
     const std::string count = report.rows.size() == 1 ? "1 row" : std::to_string(report.rows.size()) + " rows";
     std::string html =
         "<!doctype html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + heading +
         "</title>\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-        "<link rel=\"stylesheet\" href=\"/static/client/report.css\">\n</head>\n<body class=\"report\">\n"
+        "<link rel=\"stylesheet\" href=\"/static/client/report.css\">\n"
+        "<script type=\"module\" src=\"/static/client/report.js\"></script>\n</head>\n<body class=\"report" +
+        (liesAcross(report) ? " across" : "") +
+        "\">\n"
         "<header class=\"report-head\">\n<p>" +
         htmlEscaped(report.hospital) + "</p>\n<h1>" + heading + "</h1>\n<p>" + htmlEscaped(report.made) + " &middot; " +
-        count + "</p>\n</header>\n<nav class=\"report-tools\"><a href=\"/reports/" + std::to_string(report.id) +
-        ".csv\">Download as CSV</a></nav>\n<main>\n";
+        count +
+        "</p>\n</header>\n<div class=\"report-tools\"><button type=\"button\" id=\"print\">Print</button><a "
+        "href=\"/reports/" +
+        std::to_string(report.id) + ".csv\">Download as CSV</a></div>\n<main>\n";
     html += report.rows.empty() ? "<p class=\"report-empty\">There is nothing to show.</p>\n" : tableOf(report);
     return html + "</main>\n</body>\n</html>\n";
 }

@@ -53,6 +53,7 @@ void Form::quietly(ui::Timer& timer, std::function<void()> job) {
 }
 
 void Form::refuse(const Refusal& refusal) {
+    if (refusal.control) refusal.control->setProblem(refusal.text);
     message(refusal.text, refusal.icon, refusal.title);
     if (refusal.control) desktop().focus(*refusal.control);
 }
@@ -74,6 +75,7 @@ bool Form::blank(const ui::Label& label) {
 }
 
 bool Form::passes(const std::vector<Check>& checks) {
+    clearProblems();
     const auto failed = std::find_if(checks.begin(), checks.end(), [](const Check& check) { return check.failed; });
     if (failed == checks.end()) return true;
     refuse({failed->text, failed->control, failed->title, failed->icon});

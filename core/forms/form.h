@@ -75,7 +75,7 @@ protected:
     void message(const std::string& text, ui::Icon icon = ui::Icon::none, const std::string& title = {}) {
         desktop().message(text, icon, title);
     }
-    /// Says why something is not done, and puts the cursor where it is to be mended, on its page.
+    /// Says why something is not done, in a box and beside the control in question, and puts the cursor there.
     void refuse(const Refusal& refusal);
     void refuse(const std::string& text, ui::Control& control) { refuse({text, &control}); }
     [[nodiscard]] bool confirmed(const std::string& text, const std::string& title) {

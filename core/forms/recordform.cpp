@@ -55,6 +55,7 @@ void RecordForm::load() {
 
 void RecordForm::enter(Mode mode) {
     mode_ = mode;
+    clearProblems();
     for (auto* command : browsingOnly_) command->setVisible(browsing());
     for (auto* command : enteringOnly_) command->setVisible(!browsing());
     for (auto* input : inputs_) input->setEnabled(!browsing());

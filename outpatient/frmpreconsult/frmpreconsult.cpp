@@ -50,6 +50,7 @@ void frmPreConsult::clearPatient() {
     for (auto* text : {&consultID_, &retainID_, &retainCode_}) text->clear();
     for (auto* label : {&lblNo, &lblCardNo, &lblBill, &lblCat, &lblAge, &lblSex, &lblRem}) label->setCaption({});
     Label5.setCaption(title);
+    last.clear();
 }
 
 void frmPreConsult::startAdding() {
@@ -87,6 +88,7 @@ void frmPreConsult::showPatient(const std::string& entry) {
     lblAge.setCaption(found["Age"].textOr());
     lblSex.setCaption(found["Sex"].textOr());
     lblCardNo.setCaption(found["OldPNo"].textOr());
+    last.show(place(), lblNo.caption());
     retainCode_ = found["RetainCode"].textOr();
     retainID_ = found["retainID"].textOr();
     cboType.setText(found["clinicType"].textOr());

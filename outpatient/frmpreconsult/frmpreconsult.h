@@ -3,6 +3,7 @@
 #include <chrono>
 #include <string>
 
+#include "core/care/lastreadings.h"
 #include "core/care/vitalreadings.h"
 #include "core/forms/recordform.h"
 
@@ -31,6 +32,7 @@ public:
     ui::Label lblRem{*this, "lblRem"};  ///< the attendance's remark
 
     core::VitalReadings readings{*this};
+    core::LastReadings last{*this};
     ui::TextBox txtAlb{*this, "txtAlb"};
     ui::TextBox txtSugar{*this, "txtSugar"};
     ui::TextBox txtRem{*this, "txtRem"};  ///< shown and never stored

@@ -31,19 +31,20 @@ const placedIn = (sections) => sections.flatMap((section) => (section.tabs ? [se
 const commands = ["cmdAdd", "cmdEdit", "cmdDel", "cmdRefresh", "OKButton", "cmdCancel", "CancelButton"];
 
 /** The controls that a screen's layout places, in order. */
-export const placed = ({record, sections = [], buttons = []}) => [...(record ? [...commands, ...record.flatMap(expand)] : []),
-                                                                  ...placedIn(sections), ...buttons.flatMap(expand)];
+export const placed = ({record, sections = [], beside = [], buttons = []}) => [
+    ...(record ? [...commands, ...record.flatMap(expand)] : []), ...placedIn(sections), ...placedIn(beside), ...buttons.flatMap(expand)];
 
 const itemsIn = (sections) => sections.flatMap((section) => (section.tabs ? section.pages.flatMap(itemsIn) : section.rows.flat()));
 
 /** All controls that a layout speaks of, the main window's too. */
 export function named(layout) {
-    const {main, sections = []} = layout;
+    const {main, sections = [], beside = [], patient} = layout;
     if (main) {
         const {clock = [], debt, status, windows, alerts = {buttons: []}} = main;
         const buttons = alerts.buttons.flatMap(({control, flash}) => [control, flash]);
         return [...clock, debt, status, windows, alerts.panel, alerts.flash, alerts.watch, ...buttons].filter(Boolean);
     }
-    const labelled = itemsIn(sections).map((item) => item.for).filter(Boolean);
-    return [...placed(layout), ...labelled, ...(layout.optional ?? []), layout.default, layout.cancel].filter(Boolean);
+    const banner = patient ? [...patient.name, ...patient.facts.map(({control}) => control)] : [];
+    const labelled = itemsIn([...sections, ...beside]).map((item) => item.for).filter(Boolean);
+    return [...placed(layout), ...banner, ...labelled, ...(layout.optional ?? []), layout.default, layout.cancel].filter(Boolean);
 }

@@ -46,6 +46,15 @@ void MdiVorel::buildMenu() {
     }
 }
 
+void MdiVorel::markWhatIsComing() {
+    for (const MenuHeading& heading : mainMenu())
+        for (const MenuEntry& entry : heading.entries) {
+            const auto& screen = entry.action.screen;
+            if (!screen.empty() && !desktop().provides(screen))
+                dynamic_cast<ui::MenuItem&>(*find(entry.name)).setComing(true);
+        }
+}
+
 void MdiVorel::load() {
     desktop().setMain(*this);
     place().mainWindow = this;
@@ -54,6 +63,7 @@ void MdiVorel::load() {
     dynamic_cast<ui::MenuItem&>(*find("mnuEPE")).setCaption("Log Off " + session().gUserName);
     setCaption(session().gModuleRole + " (Ver " + std::to_string(place().settings.version.major) + ") : @ " +
                session().gAppLocation);
+    markWhatIsComing();
     showClock();
     tmrIdle.setRunning(place().settings.idleMinutes > 0 || place().settings.mostHours > 0);
     core::OpenUserActivity(place(), false, false, session().gModuleRole);

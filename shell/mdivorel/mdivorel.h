@@ -84,6 +84,7 @@ private:
     static constexpr int cyan = 0x00FFFF;
 
     void buildMenu();
+    void markWhatIsComing();
     void showClock();
     [[noreturn]] void leave(bool automatic);
 

@@ -39,7 +39,7 @@ async function takeVitals(page) {
     await openStation(page);
     await press(page, "cmdAdd");
     await pickFirst(page, "cboVehNo");
-    await field(page, "lblBill", ".v-output").filter({hasText: /001\d{9}/}).waitFor();
+    await page.locator(`[data-control="frmPreConsult.lblBill"]`).filter({hasText: /001\d{9}/}).waitFor();
     for (const [name, text] of Object.entries(readings)) {
         await field(page, name).focus();
         await page.keyboard.type(text);
@@ -48,7 +48,7 @@ async function takeVitals(page) {
     await pickFirst(page, "CboRef");
     await field(page, "txtResp").focus();
     await settled(page);
-    return field(page, "lblBill", ".v-output").textContent();
+    return page.locator(`[data-control="frmPreConsult.lblBill"]`).textContent();
 }
 
 /** Waits until the session has answered everything. */

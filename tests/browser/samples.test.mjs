@@ -233,11 +233,11 @@ test("the ring is fetched from the session", async () => {
 });
 
 test("closing asks, and No keeps the screen", async () => {
-    await page.getByRole("button", {name: "Close Samples"}).click();
+    await page.locator(".v-child-tab-holder.v-active .v-close").click();
     await box(page).waitFor();
     await page.keyboard.press("Enter");
     await input(page, "txtName").waitFor();
-    await page.getByRole("button", {name: "Close Samples"}).click();
+    await page.locator(".v-child-tab-holder.v-active .v-close").click();
     await box(page).getByRole("button", {name: "Yes"}).click();
     await page.getByText("Choose an entry in the menu").waitFor();
 });

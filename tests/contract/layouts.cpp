@@ -8,6 +8,7 @@
 
 #include "db/letters.h"
 #include "tests/support/paths.h"
+#include "ui/captions.h"
 
 namespace test {
 namespace {
@@ -27,8 +28,8 @@ void collect(const json& part, std::set<std::string>& names) {
     } else if (part.is_array()) {
         for (const auto& each : part) collect(each, names);
     } else if (part.is_object()) {
-        for (const char* key :
-             {"control", "for", "tabs", "rows", "pages", "sections", "buttons", "default", "cancel", "record"})
+        for (const char* key : {"control", "for", "tabs", "rows", "pages", "sections", "beside", "buttons", "default",
+                                "cancel", "record", "patient", "name", "facts"})
             if (part.contains(key)) collect(part[key], names);
     }
 }
@@ -47,6 +48,12 @@ std::set<std::string> holdersOn(const ui::Screen& screen) {
         if (state.contains("holder")) holders.insert(state["holder"].get<std::string>());
     }
     return holders;
+}
+
+/// Whether a column's name reads as words: by the table of captions, or as it stands ("Date").
+bool inWords(const std::string& column) {
+    const auto isSmall = [](char c) { return c == ' ' || (db::isLetter(c) && db::lower(c) == c); };
+    return ui::knownCaption(column) || (!isSmall(column[0]) && std::all_of(column.begin() + 1, column.end(), isSmall));
 }
 
 std::set<std::string> namesIn(const json& layout) {
@@ -85,6 +92,9 @@ std::vector<std::string> faultsOfLayout(const ui::Screen& screen) {
         const bool captioned = state["kind"] == "button" || state["kind"] == "checkBox";
         if (captioned && state["caption"].get<std::string>().empty())
             faults.push_back(control->name() + " has no caption");
+        for (const auto& column : state.value("columns", json::array()))
+            if (column["visible"] && !inWords(column["name"]))
+                faults.push_back(control->name() + ": no words for the column " + column["name"].get<std::string>());
     }
     return faults;
 }

@@ -5,6 +5,7 @@
 
 #include "core/session/session.h"
 #include "tests/shell/mainwindow.h"
+#include "ui/captions.h"
 #include "ui/control.h"
 
 using namespace db::literals;
@@ -205,7 +206,7 @@ TEST_F(MenuTest, ScreensThatNobodyProvidesYetSaySo) {
     shell::provideScreens(bare.place);
     core::LoadSession(bare.place);
     for (const auto& name : notYetProvided) {
-        bare.expectMessage("This page is not there yet: " + name);
+        bare.expectMessage("This page is not there yet: " + ui::wordsOfName(name));
         bare.place.desktop.show(name);
         EXPECT_EQ(bare.place.desktop.loaded(name), nullptr);
     }
@@ -240,7 +241,7 @@ TEST_F(MenuTest, ReportsShowTheirRows) {
     hospital.execute("insert into hNewBabies (bdate, fullname) values ('23-Nov-2026', 'Baby Ade')"_sql);
     hospital.execute("insert into hdischargeForNurse (dischDate, PNo) values ('24-Nov-2026', '000000001/001')"_sql);
     const std::map<std::string, nlohmann::json> reports = {
-        {"mnuPCOA", {{"name", "rptPatientAdmission"}, {"title", ""}, {"rows", 1}}},
+        {"mnuPCOA", {{"name", "rptPatientAdmission"}, {"title", "Patient Admission"}, {"rows", 1}}},
         {"mnuVit", {{"name", "rptVitalSigns"}, {"title", "Vital Signs for Today"}, {"rows", 1}}},
         {"mnuRptSI", {{"name", "rptNoOfBabies"}, {"title", "New Babaies delivered Today"}, {"rows", 1}}},
         {"mnuRptSB", {{"name", "rptPatientAdmission"}, {"title", "Admission for Today"}, {"rows", 1}}},

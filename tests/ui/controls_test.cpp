@@ -91,7 +91,8 @@ TEST(Controls, gridsKeepRowAndRecordsetTogether) {
     EXPECT_THROW(grid.take(json{{"row", 3}}), ui::Refused);
     EXPECT_THROW(grid.setRow(3), db::Error);
     const json state = grid.state();
-    EXPECT_EQ(state["columns"].dump(), R"([{"name":"name","visible":true},{"name":"no","visible":false}])");
+    EXPECT_EQ(state["columns"].dump(),
+              R"([{"caption":"name","name":"name","visible":true},{"caption":"no","name":"no","visible":false}])");
     EXPECT_EQ(state["rows"].dump(), R"([["Ada",""],["Bola",""],["Chidi",""]])");
     grid.clear();
     EXPECT_EQ(grid.state()["rows"].size() + grid.state()["columns"].size(), 0U);

@@ -43,34 +43,30 @@ export class Alerts {
     update() {
         const {controls} = this.work.main;
         const running = [];
+        const watched = Boolean(controls[this.#layout.watch]?.running);
         for (const [item, button] of this.buttons) {
             const state = controls[item.control];
             if (!state) continue;
             showCaption(button, state.caption);
             button.hidden = !state.visible;
             button.disabled = !state.enabled;
-            const flashes = Boolean(item.flash && controls[item.flash]?.running);
-            this.#mark(button, flashes);
-            if (flashes) running.push(parseCaption(state.caption).text);
+            const calls = Boolean(item.flash && controls[item.flash]?.running);
+            mark(button, calls, watched);
+            setAttribute(button, "aria-description", calls && "needs attention");
+            if (calls) running.push(parseCaption(state.caption).text);
         }
-        this.#updatePanel(controls);
+        this.#updatePanel(controls, watched);
         this.#say(running);
     }
 
-    #mark(button, flashes) {
-        button.classList.toggle("v-flashes", flashes);
-        setAttribute(button, "aria-description", flashes && "needs attention");
-    }
-
-    #updatePanel(controls) {
-        const {flash, panel, colors, watch} = this.#layout;
-        this.element.classList.toggle("v-flashes", Boolean(controls[flash]?.running));
+    #updatePanel(controls, watched) {
+        const {flash, panel, colors} = this.#layout;
+        mark(this.element, Boolean(controls[flash]?.running), watched);
         (colors ?? []).forEach((color, place) => this.element.style.setProperty(`--v-flash${place + 1}`, color));
         this.element.style.setProperty("--v-panel", controls[panel]?.color ?? "transparent");
         if (!this.watchButton) return;
-        const on = Boolean(controls[watch]?.running);
-        this.watchButton.textContent = on ? "Watch is on" : "Watch is off";
-        this.watchButton.setAttribute("aria-pressed", String(on));
+        this.watchButton.textContent = watched ? "Watch is on" : "Watch is off";
+        this.watchButton.setAttribute("aria-pressed", String(watched));
         this.watchButton.title = "Switches the watch for waiting patients, admissions and notifications";
     }
 
@@ -81,4 +77,10 @@ export class Alerts {
         this.#said = text;
         if (text) this.work.notices.say(`Attention: ${text}`);
     }
+}
+
+/** The sign stays as long as the session calls; it flashes only while the watch is on. */
+function mark(element, calls, watched) {
+    element.classList.toggle("v-attention", calls);
+    element.classList.toggle("v-flashes", calls && watched);
 }

@@ -1,6 +1,7 @@
 // The session's questions as dialogs in the middle, with the keyboard on the safe answer.
 
 import {h, newId} from "./dom.js";
+import {QuietKeyboard} from "./quiet.js";
 
 const signs = {none: "", information: "i", warning: "!", stop: "×"};
 const signNames = {information: "Information", warning: "Warning", stop: "Stop"};
@@ -8,17 +9,19 @@ const signNames = {information: "Information", warning: "Warning", stop: "Stop"}
 export class Boxes {
     #shown = "";
     #before = null;
+    #keyboard = new QuietKeyboard();
 
     /** @param {{session: object, quietly: (work: Function) => void, focusLost: () => void}} work */
     constructor(work) {
         this.work = work;
         this.dialog = h("dialog", {class: "v-box", oncancel: (event) => this.#cancelled(event),
                                    onkeydown: (event) => event.key === "Escape" && this.#cancelled(event)});
-        document.body.append(this.dialog);
+        this.aside = h("div", {class: "v-box v-aside", popover: "manual", "aria-hidden": "true"});
+        document.body.append(this.dialog, this.aside);
     }
 
     get open() {
-        return this.dialog.open;
+        return this.dialog.open || this.#keyboard.waits;
     }
 
     /** Shows the open question, or none. */
@@ -29,6 +32,26 @@ export class Boxes {
         if (!question) return this.#close();
         this.question = question;
         this.#draw(question);
+        if (this.dialog.open) return this.#takeKeyboard();
+        this.#keyboard.wait(() => this.#takeKeyboard());
+        if (this.#keyboard.waits) this.#showAside();
+        return undefined;
+    }
+
+    /** In sight above all else, while the keyboard stays where it is: a dialog would take it. */
+    #showAside() {
+        this.aside.replaceChildren(...this.dialog.childNodes);
+        if (!this.aside.matches(":popover-open")) this.aside.showPopover();
+    }
+
+    #hideAside() {
+        if (!this.aside.matches(":popover-open")) return;
+        this.dialog.replaceChildren(...this.aside.childNodes);
+        this.aside.hidePopover();
+    }
+
+    #takeKeyboard() {
+        this.#hideAside();
         this.work.quietly(() => {
             if (!this.dialog.open) {
                 this.#before = document.activeElement;
@@ -112,6 +135,8 @@ export class Boxes {
     }
 
     #close() {
+        this.#keyboard.stop();
+        this.#hideAside();
         if (!this.dialog.open) return;
         this.work.quietly(() => {
             this.dialog.close();

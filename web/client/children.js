@@ -6,6 +6,7 @@ import {ScreenView} from "./screen.js";
 export class Children {
     /** @type {Map<string, {view: ScreenView, tab: HTMLElement, pane: HTMLElement}>} */
     #open = new Map();
+    #front = "";
 
     constructor(work) {
         this.work = work;
@@ -27,9 +28,10 @@ export class Children {
 
     async #add(name) {
         const view = new ScreenView(this.work, name);
-        const tab = h("button", {type: "button", role: "tab", class: "v-child-tab", id: `tab-${name}`,
-                                 "aria-controls": `pane-${name}`, onclick: () => this.activate(name)});
-        const close = h("button", {type: "button", class: "v-close", tabindex: "-1", onclick: () => this.close(name)}, "×");
+        const tab = h("button", {type: "button", role: "tab", class: "v-child-tab", id: `tab-${name}`, "aria-controls": `pane-${name}`,
+                                 "aria-keyshortcuts": "Delete", onclick: () => this.activate(name)});
+        // For the mouse: a list of tabs has nothing but tabs in it, and the keyboard closes by Delete.
+        const close = h("span", {class: "v-close", "aria-hidden": "true", title: "Close (Delete)", onclick: () => this.close(name)}, "×");
         const holder = h("div", {class: "v-child-tab-holder", role: "presentation"}, tab, close);
         const pane = h("div", {role: "tabpanel", class: "v-pane", id: `pane-${name}`, "aria-labelledby": `tab-${name}`},
                        view.element);
@@ -63,8 +65,6 @@ export class Children {
         const child = this.#open.get(name);
         const {text} = parseCaption(this.work.model.screens.get(name).caption || name);
         child.tab.textContent = text;
-        child.close.setAttribute("aria-label", `Close ${text}`);
-        child.close.title = "Close";
     }
 
     captionChanged(name) {
@@ -79,7 +79,9 @@ export class Children {
             tab.tabIndex = front ? 0 : -1;
             holder.classList.toggle("v-active", front);
             pane.classList.toggle("v-active", front);
+            if (front && name !== this.#front) holder.scrollIntoView({block: "nearest", inline: "nearest"});
         }
+        this.#front = active;
         const area = this.work.childArea;
         this.panes.dataset.arrangement = area?.arrangement ?? "tabs";
         [...this.panes.children].forEach((pane, place) => pane.style.setProperty("--v-place", String(place)));
@@ -112,7 +114,7 @@ export class Children {
         if (names.length === 0) return;
         const name = names[(names.indexOf(this.work.model.active) + by + names.length) % names.length];
         this.activate(name);
-        this.view(name).focusFirst();
+        this.view(name).focusAgain();
     }
 
     #key(event) {

@@ -18,8 +18,9 @@ export class ControlLink {
         return this.screen.state.controls[this.name];
     }
 
+    /** An event may come late, from an element of a screen that is gone: nothing handles it. */
     handles(event) {
-        return this.state.events?.includes(event) ?? false;
+        return this.screen.state?.controls[this.name].events?.includes(event) ?? false;
     }
 
     /** Runs an event of the control; without a name the one that firing it means. */

@@ -22,6 +22,11 @@ export function setAttribute(element, name, value) {
     else element.setAttribute(name, value === true ? "" : value);
 }
 
+/** Writes a text into an element that is read out when it changes: the same text again is silent. */
+export function showText(element, text) {
+    if (element.textContent !== text) element.textContent = text;
+}
+
 /**
  * A caption's parts: "&File" has the access key "f", "&&" stands for the character itself.
  * @returns {{before: string, key: string, after: string, text: string}}

@@ -18,12 +18,16 @@ export function makeField(control, view, columns) {
     const field = h("div", {class: `v-field v-kind-${control.state.kind} ${widthClass(item, columns)}`});
     field.dataset.control = control.path;
     if (!target.id) target.id = newId();
-    if (item.label !== undefined || !selfLabelled.has(control.state.kind)) field.append(makeLabel(control, view, target));
+    const note = h("span", {class: "v-note", id: newId(), role: "status"});
+    if (item.label !== undefined || !selfLabelled.has(control.state.kind))
+        field.append(h("div", {class: "v-label-line"}, makeLabel(control, view, target), note));
     const holder = item.unit ? h("div", {class: "v-with-unit"}, view.element, unitOf(item, target)) : view.element;
     field.append(holder);
     if (item.help) field.append(helpOf(item, target));
     if (item.required) target.setAttribute("aria-required", "true");
-    return field;
+    if (item.measure || view.showNote) describe(target, note.id);
+    view.showNote?.(note);
+    return {field, note};
 }
 
 function makeLabel(control, view, target) {
@@ -57,9 +61,24 @@ function helpOf(item, target) {
     return h("div", {id, class: "v-help"}, item.help);
 }
 
+const descriptions = (target) => (target.getAttribute("aria-describedby") ?? "").split(" ").filter(Boolean);
+
 function describe(target, id) {
-    const ids = target.getAttribute("aria-describedby");
-    target.setAttribute("aria-describedby", ids ? `${ids} ${id}` : id);
+    target.setAttribute("aria-describedby", [...descriptions(target), id].join(" "));
+}
+
+/** Says below a field why its content was refused, until that is over. */
+export function showProblem(field, view, problem = "") {
+    const target = view.input ?? view.element;
+    const line = field.querySelector(":scope > .v-problem");
+    if ((line?.textContent ?? "") === problem.trim()) return;
+    setAttribute(target, "aria-invalid", problem !== "" && "true");
+    const id = `${target.id}-problem`;
+    setAttribute(target, "aria-describedby", descriptions(target).filter((one) => one !== id).join(" ") || null);
+    line?.remove();
+    if (problem === "") return;
+    field.append(h("div", {id, class: "v-problem"}, problem.trim()));
+    describe(target, id);
 }
 
 /** Hides and disables a field by its control's state and by what holds it. */

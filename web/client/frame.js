@@ -1,7 +1,8 @@
-// The frame around the screens: head with clock and debt, menu, alert panel, status bar.
+// The frame around the screens: head with alerts, debt and clock, menu, status bar.
 
 import {Alerts} from "./alerts.js";
-import {h, newId, parseCaption, setAttribute} from "./dom.js";
+import {openDialog} from "./dialogs.js";
+import {h, parseCaption, setAttribute} from "./dom.js";
 import {keptWords} from "./kept.js";
 import {keyHelp} from "./keys.js";
 import {Menu} from "./menu.js";
@@ -23,25 +24,28 @@ export class Frame {
             switchTheme();
             this.#nameTheme();
         }});
-        this.nav = h("nav", {id: "menu", class: "v-nav", "aria-label": "Menu"}, this.menu.root);
+        const close = h("button", {type: "button", class: "v-close v-nav-close", "aria-label": "Close the menu", title: "Close the menu",
+                                   onclick: () => this.closeMenu()}, "×");
+        this.nav = h("nav", {id: "menu", class: "v-nav", "aria-label": "Menu"}, close, this.menu.root);
         this.#build();
         this.#nameTheme();
     }
 
     #build() {
         const help = h("button", {type: "button", class: "btn v-tool", onclick: () => this.showHelp(), title: "Help (F1)"}, "Help");
-        const head = h("header", {class: "v-head"}, this.menuButton, this.title, this.clock, this.themeButton, help);
+        const head = h("header", {class: "v-head"}, this.menuButton, this.title, this.alerts.element, this.debt, this.clock,
+                       this.themeButton, help);
         const middle = h("main", {class: "v-main", id: "screens"}, this.work.children.element);
         this.root.replaceChildren(
             h("a", {class: "v-skip", href: "#screens", onclick: (event) => this.#skip(event)}, "Skip to the screen"),
-            head, h("div", {class: "v-watchline"}, this.alerts.element, this.debt), this.nav, middle, this.status);
+            head, this.nav, middle, this.status);
         middle.addEventListener("pointerdown", () => this.closeMenu());
         this.nav.addEventListener("keydown", (event) => event.key === "Escape" && this.closeMenu());
     }
 
     #skip(event) {
         event.preventDefault();
-        this.work.children.view(this.work.model.active)?.focusFirst();
+        this.work.children.view(this.work.model.active)?.focusAgain();
     }
 
     draw() {
@@ -106,7 +110,7 @@ export class Frame {
         const regions = [
             {element: this.nav, enter: () => (getComputedStyle(this.nav).display === "none" ? this.#openMenu(true) : this.menu.focus())},
             {element: this.alerts.element, enter: () => this.alerts.element.querySelector("button")?.focus()},
-            ...(screen ? [{element: this.work.children.element, enter: () => screen.focusFirst()}] : []),
+            ...(screen ? [{element: this.work.children.element, enter: () => screen.focusAgain()}] : []),
         ];
         const at = regions.findIndex((region) => region.element.contains(document.activeElement));
         const from = at < 0 ? (step > 0 ? -1 : 0) : at;
@@ -114,17 +118,9 @@ export class Frame {
     }
 
     showHelp() {
-        const title = newId();
         const rows = keyHelp.map(([keys, what]) => h("tr", {}, h("th", {scope: "row"}, keys), h("td", {}, what)));
-        const close = h("button", {type: "button", class: "btn btn-primary", onclick: () => dialog.close()}, "Close");
-        const dialog = h("dialog", {class: "v-box v-help-box", "aria-labelledby": title},
-                         h("h2", {id: title, class: "v-box-title"}, "Working by keyboard"),
-                         h("table", {class: "table table-sm v-table"}, h("tbody", {}, ...rows)),
-                         h("div", {class: "v-box-buttons"}, close));
-        dialog.addEventListener("close", () => dialog.remove());
-        document.body.append(dialog);
-        dialog.showModal();
-        close.focus();
+        openDialog("Working by keyboard", h("table", {class: "table table-sm v-table"}, h("tbody", {}, ...rows)),
+                   (close) => [h("button", {type: "button", class: "btn btn-primary", onclick: close}, "Close")]);
     }
 
     /** The session is over: nothing but the reason, what is kept, and the way back. */

@@ -97,6 +97,11 @@ export class Journal {
         return this.#steps.some((step) => step.screen === screen && !step.opens);
     }
 
+    /** Whether she has filled in something on a screen that is not saved. */
+    hasTyped(screen) {
+        return this.#steps.some((step) => step.screen === screen && step.field);
+    }
+
     /** A request leaves the page; `question` is what is open. */
     sent({number, request, secret, question}) {
         const {set, fire} = request;

@@ -60,6 +60,7 @@ export function normalise(file) {
     return {
         ...layout,
         sections: (layout.sections ?? []).map(normaliseSection),
+        beside: (layout.beside ?? []).map(normaliseSection),
         buttons: (layout.buttons ?? []).flatMap(expand),
     };
 }
@@ -94,12 +95,14 @@ function onlyOwn(layout, state) {
         ? {...part, pages: part.pages.map((page) => page.map(section))}
         : {...part, rows: part.rows.map((row) => ({...row, items: row.items.filter(has).map(marked)}))
                               .filter((row) => row.items.length > 0)};
-    return {...layout, sections: layout.sections.map(section), buttons: layout.buttons.filter(has)};
+    return {...layout, sections: layout.sections.map(section), beside: layout.beside.map(section), buttons: layout.buttons.filter(has)};
 }
+
+const inBanner = ({patient}) => (patient ? [...patient.name.map(toItem), ...patient.facts] : []);
 
 /** Adds what the file does not name, in the order of declaration, so that no control is ever lost to the user. */
 function complete(layout, state) {
-    const named = new Set([...itemsOf(layout.sections), ...layout.buttons].map((item) => item.control.toLowerCase()));
+    const named = new Set([...itemsOf([...layout.sections, ...layout.beside]), ...inBanner(layout), ...layout.buttons].map((item) => item.control.toLowerCase()));
     const holders = new Set(Object.values(state.controls).map((control) => control.holder));
     const isMissing = ([name, {kind}]) => !named.has(name.toLowerCase()) && !unseen.has(kind) && !holders.has(name);
     const all = (state.order ?? Object.keys(state.controls)).map((name) => [name, state.controls[name]]);

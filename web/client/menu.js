@@ -53,7 +53,9 @@ export class Menu {
             "aria-expanded": children.length > 0 ? String(!this.#closed.has(entry.name)) : null,
             "aria-disabled": entry.enabled ? null : "true",
         });
-        showCaption(item.querySelector(".v-tree-text"), entry.caption, item);
+        const text = item.querySelector(".v-tree-text");
+        showCaption(text, entry.caption, item);
+        if (entry.coming) text.append(h("span", {class: "v-coming"}, "not yet"));
         return item;
     }
 
@@ -69,7 +71,7 @@ export class Menu {
         if (item.getAttribute("aria-disabled") === "true") return;
         if (item.dataset.window) {
             this.work.children.activate(item.dataset.window);
-            this.work.children.view(item.dataset.window)?.focusFirst();
+            this.work.children.view(item.dataset.window)?.focusAgain();
         } else if (!this.tree.isHeading(item)) {
             this.work.menuChosen();
             this.work.session.send({fire: `${this.work.model.main}.${item.dataset.name}`});

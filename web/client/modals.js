@@ -39,7 +39,7 @@ export class Modals {
     #cancelled(event, view) {
         if (event.defaultPrevented || (event.type === "cancel" && event.target !== event.currentTarget)) return;
         event.preventDefault();
-        this.work.session.send({fire: view.cancelButton ? `${view.name}.${view.cancelButton}` : `${view.name}.Unload`});
+        view.leave(() => this.work.session.send({fire: `${view.name}.${view.cancelButton ?? "Unload"}`}));
     }
 
     #drop(name) {

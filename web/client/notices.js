@@ -35,10 +35,10 @@ export class Notices {
     }
 
     /** A report opens in a tab of its own; where the browser does not let it, the note's link does. */
-    report({name, title, rows, id}) {
+    report({title, rows, id}) {
         const address = `/reports/${id}`;
         window.open(address, "_blank", "noopener");
-        const text = `${title || name}: ${rows === 1 ? "1 row" : `${rows} rows`}`;
+        const text = `${title}: ${rows === 1 ? "1 row" : `${rows} rows`}`;
         this.show(text, [
             h("a", {href: address, target: "_blank", rel: "noopener", class: "btn btn-sm btn-primary"}, "Open the report"),
             h("a", {href: `${address}.csv`, class: "btn btn-sm btn-outline-secondary"}, "Download as CSV"),
@@ -49,6 +49,7 @@ export class Notices {
     connection(state, takeBack) {
         const texts = {
             connecting: "Connecting …",
+            silent: "Waiting for the host. What you type is kept …",
             lost: "The connection is lost. What you type is kept; trying again …",
             replaced: "This session is open in another window.",
         };
@@ -58,5 +59,6 @@ export class Notices {
         }}, "Work here again");
         this.bar.hidden = !(state in texts);
         this.bar.replaceChildren(texts[state] ?? "", ...(state === "replaced" ? [button] : []));
+        if (state === "replaced") button.focus();
     }
 }

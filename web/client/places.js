@@ -17,7 +17,8 @@ export class Places {
         const element = document.activeElement;
         const path = element?.closest?.("[data-control]")?.dataset.control;
         if (!path) return;
-        const caret = "selectionStart" in element ? [element.selectionStart, element.selectionEnd] : null;
+        // Check boxes and dates have the property as well, and no caret.
+        const caret = Number.isInteger(element.selectionStart) ? [element.selectionStart, element.selectionEnd] : null;
         this.#stored = {path, caret};
         sessionStorage.setItem(storageKey, JSON.stringify(this.#stored));
     }
@@ -33,8 +34,7 @@ export class Places {
         if (!view || !view.shown) return false;
         this.work.quietly(() => view.focus(place.path.slice(dot + 1)));
         const element = document.activeElement;
-        if (place.caret && element.setSelectionRange && element.type !== "date" && element.type !== "time")
-            element.setSelectionRange(...place.caret);
+        if (place.caret && Number.isInteger(element.selectionStart)) element.setSelectionRange(...place.caret);
         return true;
     }
 }

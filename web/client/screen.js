@@ -1,9 +1,12 @@
 // Draws one screen from its controls and its layout, and keeps it up to date.
 
+import {Banner} from "./banner.js";
 import {ControlLink} from "./control.js";
-import {h, newId, parseCaption, showCaption} from "./dom.js";
-import {labelFromName, makeField, showField} from "./field.js";
+import {ask} from "./dialogs.js";
+import {h, isShown, newId, parseCaption, showCaption} from "./dom.js";
+import {labelFromName, makeField, showField, showProblem} from "./field.js";
 import {layoutOf} from "./layout.js";
+import {Measures} from "./measures.js";
 import {makeView} from "./render/index.js";
 
 export class ScreenView {
@@ -39,11 +42,20 @@ export class ScreenView {
         this.#parts.clear();
         this.#labels = this.#labelsByTarget(layout);
         this.element.classList.toggle("v-narrow", layout.width === "narrow");
-        this.body.replaceChildren();
-        if (layout.help) this.body.append(h("p", {class: "v-screen-help"}, layout.help));
-        this.body.append(...this.#sections(layout.sections, null));
+        this.banner = layout.patient ? new Banner(this, layout.patient) : null;
+        const form = h("div", {class: "v-form"}, ...this.#sections(layout.sections, null));
+        if (layout.help) form.append(h("p", {class: "v-screen-help"}, layout.help));
+        const beside = layout.beside.length > 0 ? [h("aside", {class: "v-beside"}, ...this.#sections(layout.beside, null))] : [];
+        this.body.replaceChildren(...(this.banner ? [this.banner.element] : []), h("div", {class: "v-columns"}, form, ...beside));
         if (layout.buttons.length > 0) this.body.append(this.#buttonBar(layout.buttons));
+        const measured = [...this.#parts.values()].filter((part) => part.link.item.measure);
+        this.measures = measured.length > 0 ? new Measures(this, measured) : null;
         this.refreshAll();
+    }
+
+    /** The state of a control by its name in a layout, or nothing. */
+    stateOf(name) {
+        return this.state?.controls[this.#nameOf(name)];
     }
 
     #labels = new Map();
@@ -55,7 +67,7 @@ export class ScreenView {
             ? section.pages.forEach(walk)
             : section.rows.forEach((row) => row.items.filter((item) => item.for).forEach(
                 (item) => labels.set(item.for, item.control))));
-        walk(layout.sections);
+        walk([...layout.sections, ...layout.beside]);
         return labels;
     }
 
@@ -103,7 +115,7 @@ export class ScreenView {
         const label = labelControl ? this.state.controls[this.#nameOf(labelControl)]?.caption : undefined;
         const link = new ControlLink(this, name, label === undefined ? item : {label, ...item});
         const view = makeView(link);
-        const part = {link, view, field: makeField(link, view, columns), page};
+        const part = {link, view, ...makeField(link, view, columns), page};
         this.#parts.set(name, part);
         return part;
     }
@@ -142,8 +154,13 @@ export class ScreenView {
     }
 
     #showParts() {
+        this.banner?.update();
+        this.measures?.update();
         const worked = document.activeElement;
-        for (const {link, field, view} of this.#parts.values()) showField(field, view, this.work.model.worked(link.path));
+        for (const {link, field, view} of this.#parts.values()) {
+            showField(field, view, this.work.model.worked(link.path));
+            showProblem(field, view, link.state.problem);
+        }
         for (const section of this.body.querySelectorAll(".v-section"))
             section.hidden = [...section.querySelectorAll(".v-field")].every((field) => field.hidden);
         this.#keepKeyboard(worked);
@@ -168,11 +185,30 @@ export class ScreenView {
         return true;
     }
 
+    /** Moves the keyboard to the reading that follows one of a pair: from the systolic to the diastolic pressure. */
+    focusMeasure(measure) {
+        const part = [...this.#parts.values()].find(({link}) => link.item.measure === measure);
+        if (!part) return null;
+        part.view.input.focus();
+        part.view.input.select();
+        return part;
+    }
+
+    /** Moves the keyboard to where it was on this screen last, or to the first control. */
+    focusAgain() {
+        const part = this.#parts.get(this.#last);
+        const target = part && (part.view.focusTarget?.() ?? part.view.input);
+        if (target && !target.disabled && isShown(target)) this.focus(this.#last);
+        else this.focusFirst();
+    }
+
+    #last = "";
+
     /** Moves the keyboard to the first control that takes it. */
     focusFirst() {
         const first = [...this.#parts.values()].find((part) => {
             const target = part.view.focusTarget?.() ?? part.view.input;
-            return target && !target.disabled && target.getClientRects().length > 0;
+            return target && !target.disabled && isShown(target);
         });
         if (first) this.focus(first.link.name);
         else this.#heading();
@@ -188,14 +224,29 @@ export class ScreenView {
         if (event.defaultPrevented || event.altKey || event.ctrlKey || event.isComposing) return;
         const plainField = event.target.matches("input, select");
         if (event.key === "Enter" && plainField) this.#press(this.layout.default, event);
-        if (event.key === "Escape") this.#press(this.layout.cancel, event);
+        if (event.key === "Escape" && this.#pressable(this.layout.cancel)) {
+            event.preventDefault();
+            this.leave(() => this.#press(this.layout.cancel, event));
+        }
+    }
+
+    #pressable(name) {
+        const part = name && this.#parts.get(this.#nameOf(name) ?? "");
+        return part && !part.field.hidden && !part.view.element.disabled ? part : null;
     }
 
     #press(name, event) {
-        const part = name && this.#parts.get(this.#nameOf(name) ?? "");
-        if (!part || part.field.hidden || part.view.element.disabled) return;
+        const part = this.#pressable(name);
+        if (!part) return;
         event.preventDefault();
         part.link.fire();
+    }
+
+    /** Esc comes quickly by mistake: where something was typed, it asks first. */
+    async leave(go) {
+        const typed = this.work.journal.hasTyped(this.name);
+        if (typed && !await ask("Cancel", "What you typed is not saved. Throw it away?", "Throw away", "Keep")) return;
+        go();
     }
 
     /** True where the user sees the screen now. */
@@ -223,6 +274,8 @@ export class ScreenView {
     }
 
     #focusMoved(event, name) {
+        const worked = event.target.closest("[data-control]")?.dataset.control;
+        if (name === "GotFocus" && worked) this.#last = worked.slice(this.name.length + 1);
         if (this.work.focusIsQuiet || !document.hasFocus()) return;
         const field = event.target.closest("[data-control]");
         if (!field || field.contains(event.relatedTarget)) return;

@@ -5,6 +5,7 @@ import {Outbox} from "./outbox.js";
 
 const firstPause = 300;
 const longestPause = 5000;
+const patience = 1000;
 
 export class Session {
     #socket = null;
@@ -14,13 +15,15 @@ export class Session {
     #turn = Promise.resolve();
     #waiting = null;
     #over = false;
+    #silence = 0;
+    #isSilent = false;
 
     /**
      * @param {object} listener
      *     `resumed(line)`: draw yourself anew from the connection's first line; `message(reply, request, before)`: events in
      *     order, of a reply or pushed; `progress(events, request, before)`: the same of a request that is not done yet, where
      *     `before` are the events that were told of it already; `sent({number, request, secret, question})`;
-     *     `state("open"|"lost"|"replaced")`; `ended(reason)`; `signedOut()`; `failed(error)`. Drawing may take time: what
+     *     `state("open"|"silent"|"lost"|"replaced")`, where "silent" is a host that owes an answer for a second; `ended(reason)`; `signedOut()`; `failed(error)`. Drawing may take time: what
      *     comes meanwhile waits for the promise that the first three return.
      */
     constructor(listener) {
@@ -67,6 +70,22 @@ export class Session {
     #flush() {
         if (!this.connected) return;
         for (const entry of this.#outbox.takeUnsent()) this.#socket.send(JSON.stringify(entry.request));
+        if (!this.#silence) this.#listen();
+    }
+
+    /** From now on an answer is due, if there is anything to answer. */
+    #listen() {
+        clearTimeout(this.#silence);
+        this.#silence = this.#outbox.empty ? 0 : setTimeout(() => this.#tellSilence(), patience);
+        if (!this.#isSilent) return;
+        this.#isSilent = false;
+        this.listener.state("open");
+    }
+
+    #tellSilence() {
+        if (!this.connected) return;
+        this.#isSilent = true;
+        this.listener.state("silent");
     }
 
     #inTurn(line) {
@@ -76,6 +95,12 @@ export class Session {
     async #receive(message) {
         if ("snapshot" in message) return this.#resumed(message);
         if (message.replaced) return this.#replaced();
+        await this.#hear(message);
+        this.#listen();
+        return undefined;
+    }
+
+    async #hear(message) {
         const working = this.#outbox.underWay(message.during);
         if (working) return this.#progress(working, message.events);
         const entry = this.#outbox.replied(message.reply);
@@ -102,12 +127,15 @@ export class Session {
         this.#waiting = message.waiting ?? null;
         this.#outbox.resume(message.received, message.session);
         await this.listener.resumed(message);
+        this.#isSilent = false;
         this.listener.state("open");
         this.#flush();
+        this.#listen();
     }
 
     #replaced() {
         this.#over = true;
+        clearTimeout(this.#silence);
         this.listener.state("replaced");
     }
 
@@ -119,6 +147,7 @@ export class Session {
 
     #end(reason) {
         this.#over = true;
+        clearTimeout(this.#silence);
         this.#outbox.clear();
         this.listener.ended(reason);
         this.#socket.close();
@@ -126,6 +155,8 @@ export class Session {
 
     #lost() {
         if (this.#over) return;
+        clearTimeout(this.#silence);
+        this.#isSilent = false;
         this.listener.state("lost");
         clearTimeout(this.#timer);
         this.#timer = setTimeout(() => this.#reconnect(), this.#pause);

@@ -87,6 +87,7 @@ export class WorkPlace {
             this.modals.clear();
             this.children.clear();
         });
+        this.frame.root.inert = false;
         this.host = line.host;
         this.model.restore(line.snapshot);
         this.journal.resumed(line);
@@ -213,7 +214,7 @@ export class WorkPlace {
         queueMicrotask(() => {
             if (this.boxes.open || document.activeElement !== document.body) return;
             const view = this.children.view(this.model.active);
-            this.quietly(() => (view ? view.focusFirst() : this.frame.menu.focus()));
+            this.quietly(() => (view ? view.focusAgain() : this.frame.menu.focus()));
         });
     }
 
@@ -222,13 +223,21 @@ export class WorkPlace {
     }
 
     #connection(state) {
-        if (state === "replaced") this.boxes.show(null);
+        if (state === "replaced") this.#lieStill();
         this.notices.connection(state, () => this.session.takeBack());
+    }
+
+    /** What works this session now is another page. */
+    #lieStill() {
+        this.boxes.show(null);
+        this.quietly(() => this.modals.clear());
+        this.frame.root.inert = true;
     }
 
     #ended(reason) {
         this.boxes.show(null);
         this.modals.clear();
+        this.frame.root.inert = false;
         this.frame.ended(reason, this.journal.ended(reason));
     }
 }

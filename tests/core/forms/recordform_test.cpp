@@ -45,6 +45,22 @@ protected:
     core::Workplace& place = hospital.place;
 };
 
+TEST_F(RecordFormTest, ARefusedFieldSaysWhyUntilItIsChangedOrLeft) {
+    const auto refuse = [&] {
+        hospital.expectMessage("Please specify Department");
+        fire("OKButton");
+        EXPECT_EQ(screen().cboDept.problem(), "Please specify Department");
+    };
+    fire("cmdAdd");
+    refuse();
+    set("cboDept", "NURSING");
+    EXPECT_EQ(screen().cboDept.problem(), "");
+    set("cboDept", "");
+    refuse();
+    fire("cmdCancel");
+    EXPECT_EQ(screen().cboDept.problem(), "");
+}
+
 TEST_F(RecordFormTest, EachModeHasItsCommandsAndFields) {
     const std::string browsing = "&Add &Edit &Delete &Refresh Close locked";
     const std::string entering = "&Save &Cancel Close open";

@@ -68,11 +68,13 @@ TEST_F(PreConsult, APickShowsThePatient) {
         return labels + screen().cboType.text();
     };
     fire("cmdAdd");
+    hospital.execute("insert into hPreConsult (preDate, PNo, temp) values ('20-Nov-2026', 'P1', '37.9')"_sql);
     hospital.forget();
     set("cboVehNo", adaWaits);
-    EXPECT_EQ(hospital.statements(),
-              std::vector<std::string>{"select Age,OldPNo,Sex,clientcat,consultID,pno,clinicType,remarks,RetainCode,"
-                                       "retainID from qryhPatListForNurse where consultID='C1'"});
+    EXPECT_EQ(hospital.statements().front(),
+              "select Age,OldPNo,Sex,clientcat,consultID,pno,clinicType,remarks,RetainCode,retainID from "
+              "qryhPatListForNurse where consultID='C1'");
+    EXPECT_EQ(screen().last.grdLast.text("Temp"), "37.9");
     EXPECT_EQ(patient(), "P1|CARD-P1|C1|HMO|36|FEMALE|HEADACHE|GENERAL");
     EXPECT_EQ(screen().Label5.caption(), "Obi Ada Mrs @24-Nov-2026 08:15:00 GENERAL ");
     EXPECT_EQ(session().gCurPatientName, screen().Label5.caption());
@@ -181,11 +183,11 @@ TEST_F(PreConsult, NeighbouringScreensGetThePatient) {
     EXPECT_EQ(session().gCurPNo, "");
     fire("cmdAdd");
     set("cboVehNo", adaWaits);
-    hospital.expectMessage("This page is not there yet: frmAnteNatalReg");
+    hospital.expectMessage("This page is not there yet: Ante Natal Reg");
     fire("cmdANC");
     EXPECT_EQ(session().gCurPNo, "P1");
     EXPECT_EQ(session().gCurPatientName, screen().Label5.caption());
-    hospital.expectMessage("This page is not there yet: frmPatList");
+    hospital.expectMessage("This page is not there yet: Pat List");
     fire("cmdPresc");
     fire("CancelButton");
     EXPECT_EQ(place.desktop.loaded("frmPreConsult"), nullptr);

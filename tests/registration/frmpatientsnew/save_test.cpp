@@ -217,8 +217,7 @@ TEST_F(PatientsNew, AnAppointmentGoesToTheDoctorWithTheShortestQueue) {
     for (int row = 0; row < 2; ++row) {
         set("grdDoc", {{"row", row}});
         const bool waits = queues.text("EmpID") == "D1";
-        hospital.expectMessage(waits ? "This page is not there yet: frmDocWait"
-                                     : "This Doctor has No Patients on Queue");
+        hospital.expectMessage(waits ? "This page is not there yet: Doc Wait" : "This Doctor has No Patients on Queue");
         fire("grdDoc.DblClick");
         EXPECT_EQ(session().gWaitEmpID, waits ? "D1" : "");
     }
@@ -231,7 +230,7 @@ TEST_F(PatientsNew, AnAppointmentGoesToTheDoctorWithTheShortestQueue) {
     auto& doctors = dynamic_cast<ui::ComboBox&>(*screen().find("cboDoc"));
     EXPECT_EQ(doctors.items().size(), 3U);
     EXPECT_EQ(doctors.text(), "AUDU ZAINAB @ ROOM 2 [D2]");
-    hospital.expectMessage("This page is not there yet: frmClinicDates");
+    hospital.expectMessage("This page is not there yet: Clinic Dates");
     set("cboPurpose", "APPOINTMENT");
     set("dtNext", "2026-12-02");
     screen().dtRefTime.setValue(db::DateTime::of(1899, 12, 30, 9));

@@ -263,7 +263,7 @@ TEST_F(PatientsNew, LocksRefuseWhenTheClinicIsPicked) {
     set("cboClin", "EYE");
     session().gAssignDoctorsToRooms = "YES";
     hospital.expectMessage("Please Assign Doctors to Consulting Rooms before Attendance can be Taken", "OK");
-    hospital.expectMessage("This page is not there yet: frmSchedDoctor");
+    hospital.expectMessage("This page is not there yet: Sched Doctor");
     set("cboClin", "EYE");
 }
 

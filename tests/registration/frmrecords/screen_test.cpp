@@ -265,7 +265,7 @@ TEST_F(Records, ARenewalKnowsWhoseItIs) {
     hospital.execute("update hPatients set expirydate='24-Nov-2026' where PNo='000000001/001'"_sql);
     hospital.expectMessage("Patient's Card has Expired");
     find("1");
-    hospital.expectMessage("This page is not there yet: frmRenew");
+    hospital.expectMessage("This page is not there yet: Renew");
     fire("cmdRenew");
     EXPECT_EQ(session().gCurPNo + session().gCurPatientName + session().gRenewCaller,
               std::string(musa) + "BELLO MUSARECORDS");

@@ -124,12 +124,9 @@ class Combo {
             event.preventDefault();
             if (event.altKey) this.#show(event.key === "ArrowDown");
             else this.#move(steps[event.key]);
-        } else if (event.key === "Enter" && this.#open) {
-            // What is typed is taken, or the one entry that it leaves: this Enter saves nothing yet.
+        } else if (event.key === "Enter") {
             event.preventDefault();
-            if (this.#mark >= 0) this.#pick(this.#shown[this.#mark]);
-            else if (this.#filter !== "" && this.#shown.length === 1) this.#pick(this.#shown[0]);
-            else this.#show(false);
+            this.#enter();
         } else if (event.key === "Escape" && this.#open) {
             event.preventDefault();
             event.stopPropagation();
@@ -139,6 +136,14 @@ class Combo {
         } else if (event.key === "Tab" && this.#open && this.#mark >= 0 && this.listOnly) {
             this.#pick(this.#shown[this.#mark]);
         }
+    }
+
+    /** Enter takes the marked entry, or the only one that is left; else it opens the list. It never saves. */
+    #enter() {
+        if (!this.#open) return this.#show(true);
+        if (this.#mark >= 0) return this.#pick(this.#shown[this.#mark]);
+        if (this.#filter !== "" && this.#shown.length === 1) return this.#pick(this.#shown[0]);
+        return this.#show(this.#shown.length > 0);
     }
 
     #pick(at) {

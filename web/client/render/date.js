@@ -1,4 +1,4 @@
-import {h, setAttribute} from "../dom.js";
+import {h, setAttribute, showText} from "../dom.js";
 
 /** Dates before this one are a year that is still being typed. */
 const earliest = "1753-01-01";
@@ -14,7 +14,13 @@ export function datePicker(link) {
         if (!time && input.value !== "" && input.value < earliest) return;
         link.set(input.value === "" ? null : input.value);
     };
-    input.addEventListener("input", send);
+    let note = null;
+    // The browser writes dates in its own language: here one is the same in words everywhere, as in lists and reports.
+    const echo = () => note && showText(note, time ? "" : dateInWords(input.value));
+    input.addEventListener("input", () => {
+        echo();
+        send();
+    });
     clear.addEventListener("click", () => {
         input.value = "";
         link.set(null);
@@ -30,13 +36,26 @@ export function datePicker(link) {
             const isTyping = input === document.activeElement && (pending || input.validity.badInput
                 || (input.value !== "" && input.value < earliest && !time));
             if (!isTyping && input.value !== text) input.value = text;
+            echo();
             clear.hidden = text === "" || input.disabled;
         },
         setEnabled(enabled) {
             setAttribute(input, "disabled", !enabled);
             clear.hidden = input.value === "" || !enabled;
         },
+        showNote(element) {
+            note = element;
+        },
     };
+}
+
+const monthNames = ["Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"];
+
+/** "1990-01-02" as "02-Jan-1990"; nothing for what is no date, or one that is still being typed. */
+export function dateInWords(value) {
+    const [, year, month, day] = /^(\d{4})-(\d{2})-(\d{2})/.exec(value ?? "") ?? [];
+    if (!year || value.slice(0, 10) < earliest) return "";
+    return `${day}-${monthNames[Number(month) - 1]}-${year}`;
 }
 
 /** The wire's date, with or without a time, as the input wants it. */

@@ -1,4 +1,4 @@
-import {h, newId, setAttribute} from "../dom.js";
+import {h, newId, setAttribute, showText} from "../dom.js";
 import {GridModel} from "./gridmodel.js";
 
 const usualPage = 50;
@@ -36,13 +36,18 @@ class Grid {
         this.table.addEventListener("focus", () => this.focusTarget()?.focus());  // an access key came here
         this.head.addEventListener("keydown", (event) => this.#headKey(event));
         this.rows.addEventListener("click", (event) => this.#clicked(event));
-        this.rows.addEventListener("dblclick", (event) => event.target.closest("[data-row]") && link.fire("DblClick"));
+        this.rows.addEventListener("dblclick", (event) => this.#pickable && event.target.closest("[data-row]") && link.fire("DblClick"));
         this.rows.addEventListener("keydown", (event) => this.#key(event));
     }
 
     #pageButton(sign, name, step) {
         return h("button", {type: "button", class: "btn btn-sm btn-outline-secondary", "aria-label": name, title: name,
                             onclick: () => this.#turn(step)}, sign);
+    }
+
+    /** Rows that another search is about to replace are not to be picked. */
+    get #pickable() {
+        return this.#enabled && !this.link.state.searching;
     }
 
     get current() {
@@ -64,7 +69,7 @@ class Grid {
 
     setEnabled(enabled) {
         this.#enabled = enabled;
-        setAttribute(this.table, "aria-disabled", !enabled && "true");
+        setAttribute(this.table, "aria-disabled", !this.#pickable && "true");
         this.element.classList.toggle("v-disabled", !enabled);
         for (const row of this.rows.children) row.tabIndex = enabled && row.tabIndex === 0 ? 0 : -1;
     }
@@ -97,7 +102,7 @@ class Grid {
         this.head.replaceChildren(...columns.map((place) => {
             const sorted = place === sortColumn;
             const name = h("button", {type: "button", class: "v-sort", tabindex: place === stop ? "0" : "-1", onclick: () => this.#sort(place)},
-                           this.link.state.columns[place].name, sorted ? h("span", {"aria-hidden": "true"}, descending ? " ▼" : " ▲") : null);
+                           this.link.state.columns[place].caption, sorted ? h("span", {"aria-hidden": "true"}, descending ? " ▼" : " ▲") : null);
             const order = sorted ? (descending ? "descending" : "ascending") : "none";
             return h("th", {scope: "col", "aria-sort": order}, name);
         }));
@@ -120,10 +125,14 @@ class Grid {
 
     #drawBar(all) {
         const {page, pages, count, filter} = this.model;
+        const {searching} = this.link.state;
+        this.element.classList.toggle("v-searching", Boolean(searching));
+        setAttribute(this.table, "aria-busy", searching && "true");
         this.filter.hidden = all <= rowsWithoutFilter && filter === "";
         if (this.filter.value !== filter) this.filter.value = filter;
         const rows = count === all ? `${all} rows` : `${count} of ${all} rows`;
-        this.count.textContent = pages > 1 ? `${rows}, page ${page + 1} of ${pages}` : rows;
+        showText(this.count, searching ? "Searching …" : pages > 1 ? `${rows}, page ${page + 1} of ${pages}` : rows);
+        this.open.disabled = Boolean(searching);
         this.open.hidden = !this.link.handles("DblClick") || all === 0;
         this.back.hidden = this.forward.hidden = pages < 2;
         this.back.disabled = page === 0;
@@ -148,11 +157,11 @@ class Grid {
 
     #clicked(event) {
         const row = event.target.closest("[data-row]");
-        if (row && this.#enabled) this.#choose(Number(row.dataset.row));
+        if (row) this.#choose(Number(row.dataset.row));
     }
 
     #choose(row) {
-        if (row < 0) return;
+        if (row < 0 || !this.#pickable) return;
         this.link.set({row});
         this.update();
         this.focusTarget()?.focus();
@@ -173,8 +182,11 @@ class Grid {
         const places = {ArrowDown: at + 1, ArrowUp: at - 1, PageDown: at + 10, PageUp: at - 10, Home: 0, End: this.model.count};
         if (event.key in places) this.#choose(this.model.rowAt(places[event.key]));
         else if (event.key === " ") this.#choose(this.model.rowAt(at));
-        else if (event.key === "Enter" && this.link.handles("DblClick")) this.link.fire("DblClick");
-        else return;
+        else if (event.key === "Enter" && this.link.handles("DblClick")) {
+            if (this.#pickable) this.link.fire("DblClick");
+        } else {
+            return;
+        }
         event.preventDefault();
     }
 }

@@ -36,7 +36,7 @@ export class RowList {
     update() {
         const {columns} = this.link.state;
         this.head.hidden = !columns;
-        this.head.replaceChildren(...(columns ?? []).map((column) => h("span", {}, column.name ?? column)));
+        this.head.replaceChildren(...(columns ?? []).map((column) => h("span", {}, column.caption ?? column)));
         this.cells = this.source.rows();
         this.rows.replaceChildren(...this.cells.map((cells, row) => this.#row(cells, row)));
         if (this.cells.length === 0)

@@ -22,12 +22,16 @@ export function textBox(link) {
     setAttribute(input, "inputmode", item.keys);
     if (state.password) input.autocomplete = "off";
     let composing = false;
+    const typed = () => {
+        if (item.measure) readAsMeasure(link, input);
+        link.set(input.value);
+    };
     input.addEventListener("compositionstart", () => (composing = true));
     input.addEventListener("compositionend", () => {
         composing = false;
         link.set(input.value);
     });
-    input.addEventListener("input", () => composing || link.set(input.value));
+    input.addEventListener("input", () => composing || typed());
     input.addEventListener("click", () => link.fire("Click"));
     input.addEventListener("keydown", (event) => {
         if (event.key !== "Enter" || event.isComposing || !link.handles("KeyReturn")) return;
@@ -42,6 +46,20 @@ export function textBox(link) {
             else if (!composing) writeText(input, link.text);
         },
     };
+}
+
+/** A comma is a decimal point; a "/" after the systolic pressure goes on to the diastolic one. */
+function readAsMeasure({item, screen}, input) {
+    if (item.measure !== "systolic") return writeText(input, input.value.replaceAll(",", "."));
+    const [systolic, diastolic] = input.value.split("/");
+    if (diastolic === undefined) return undefined;
+    writeText(input, systolic);
+    const next = screen.focusMeasure("diastolic");
+    if (next && diastolic) {
+        writeText(next.view.input, diastolic);
+        next.link.set(diastolic);
+    }
+    return undefined;
 }
 
 /** A password's text stays in the session, which tells only whether there is one. */

@@ -1,0 +1,165 @@
+#include "ui/captions.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "db/letters.h"
+#include "ui/names.h"
+
+namespace ui {
+
+namespace {
+
+using Words = std::pair<std::string_view, std::string_view>;
+
+/// All screens and reports share these: one column is called the same wherever it shows. In the order of the names.
+constexpr std::array columns = std::to_array<Words>({
+    {"admdate", "Admitted on"},
+    {"age", "Age"},
+    {"amount", "Amount"},
+    {"approvedby", "Approved by"},
+    {"area", "Area"},
+    {"atime", "Admitted at"},
+    {"attendedto", "Attended to"},
+    {"attendtime", "Time"},
+    {"bdate", "Born on"},
+    {"billingcat", "Billing Category"},
+    {"bloodgroup", "Blood Group"},
+    {"btime", "Born at"},
+    {"cardtype", "Card"},
+    {"client", "Client"},
+    {"clientcat", "Client Category"},
+    {"clinic", "Clinic"},
+    {"clinictype", "Clinic"},
+    {"comment", "Comment"},
+    {"company", "Client"},
+    {"consultid", "Visit No"},
+    {"coyname", "Client"},
+    {"coytype", "Client Type"},
+    {"date", "Date"},
+    {"details", "Details"},
+    {"diagnosis", "Diagnosis"},
+    {"dischdate", "Discharged on"},
+    {"dischtime", "Discharged at"},
+    {"dob", "Birth Date"},
+    {"docname", "Doctor"},
+    {"doctor", "Doctor"},
+    {"doctorname", "Doctor"},
+    {"drug", "Drug"},
+    {"email", "E-mail"},
+    {"empid", "Staff No"},
+    {"empno", "Enrollee No"},
+    {"enrolleno", "Enrollee No"},
+    {"expired", "Expired"},
+    {"expirydate", "Card ends on"},
+    {"extendadmissionlimitto", "Stay allowed until"},
+    {"feeforservice", "Fee for Service"},
+    {"fileduration", "Card Duration"},
+    {"firstname", "First Name"},
+    {"fullname", "Full Name"},
+    {"genotype", "Genotype"},
+    {"height", "Height"},
+    {"hmoref", "HMO Referral"},
+    {"homeaddress", "Home Address"},
+    {"id", "No"},
+    {"introducedby", "Introduced by"},
+    {"isdischarged", "Discharged"},
+    {"kinaddress", "Next of Kin's Address"},
+    {"lastattnddate", "Last Attendance"},
+    {"marital", "Marital Status"},
+    {"maturity", "Maturity"},
+    {"newfileno", "System No"},
+    {"newreg", "New Registration"},
+    {"nextofkin", "Next of Kin"},
+    {"nokphone", "Next of Kin's Phone"},
+    {"noofdays", "Days"},
+    {"numofpat", "Patients waiting"},
+    {"nurse", "Nurse"},
+    {"occupation", "Occupation"},
+    {"officeaddress", "Office"},
+    {"old fileno", "Card No"},
+    {"oldpno", "Card No"},
+    {"patcat", "Patient Category"},
+    {"patient", "Patient"},
+    {"patno", "System No"},
+    {"pfirstname", "First Name"},
+    {"phoneno", "Phone No"},
+    {"pno", "System No"},
+    {"policytype", "Plan"},
+    {"positioning", "Position"},
+    {"predate", "Date"},
+    {"pressure", "Pressure"},
+    {"pretime", "Time"},
+    {"psurname", "Surname"},
+    {"pulse", "Pulse"},
+    {"purpose", "Purpose"},
+    {"rbs", "Random Blood Sugar"},
+    {"reason", "Reason"},
+    {"recdate", "Date"},
+    {"ref", "Fee for Service"},
+    {"referal", "Referral"},
+    {"regdate", "Registered on"},
+    {"relationtokin", "Relation to Kin"},
+    {"religion", "Religion"},
+    {"remarks", "Remarks"},
+    {"respratio", "Respiration"},
+    {"retainid", "Client No"},
+    {"roomno", "Room"},
+    {"sex", "Sex"},
+    {"sno", "No"},
+    {"specialdrainage", "Special Drainage"},
+    {"spo2", "SPO2"},
+    {"status", "Status"},
+    {"stool", "Stool"},
+    {"surname", "Surname"},
+    {"temp", "Temperature"},
+    {"time", "Time"},
+    {"title", "Title"},
+    {"urine", "Urine"},
+    {"urinealb", "Urine Albumen"},
+    {"urinesug", "Urine Sugar"},
+    {"wardid", "Ward"},
+    {"weight", "Weight"},
+});
+static_assert(std::is_sorted(columns.begin(), columns.end()));
+
+constexpr bool isCapital(char c) {
+    return c >= 'A' && c <= 'Z';
+}
+
+/// "RoomState" as "Room State", "SysNo" as "Sys No"; what has blanks is words already.
+std::string apart(std::string_view name) {
+    std::string words;
+    for (std::size_t place = 0; place < name.size(); ++place) {
+        const bool begins =
+            isCapital(name[place]) && place > 0 && name[place - 1] != ' ' && !isCapital(name[place - 1]);
+        if (begins) words += ' ';
+        words += name[place] == '_' ? ' ' : name[place];
+    }
+    return words;
+}
+
+}  // namespace
+
+std::optional<std::string> knownCaption(std::string_view column) {
+    const std::string wanted = db::lowered(column);
+    const auto* const found =
+        std::lower_bound(columns.begin(), columns.end(), wanted,
+                         [](const Words& words, std::string_view name) { return words.first < name; });
+    if (found == columns.end() || found->first != wanted) return std::nullopt;
+    return std::string(found->second);
+}
+
+std::string columnCaption(std::string_view column) {
+    return knownCaption(column).value_or(apart(column));
+}
+
+std::string wordsOfName(std::string_view name) {
+    for (const std::string_view prefix : {"frm", "rpt"})
+        if (name.size() > prefix.size() && sameName(name.substr(0, prefix.size()), prefix))
+            return apart(name.substr(prefix.size()));
+    return apart(name);
+}
+
+}  // namespace ui

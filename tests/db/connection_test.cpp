@@ -158,8 +158,8 @@ TEST_F(ConnectionTest, TheRecorderSeesEachStatementBeforeItRuns) {
     connection.execute("delete T where a='"_sql + std::string("x") + "'");
     static_cast<void>(connection.read("select 1"_sql));
     db::Command(connection, "getIDNo").append("DestName", db::Command::Type::varText, 50, "PATIENT2").execute();
-    EXPECT_EQ(seen, (Log{"Hospital: execute delete T where a='x'", "Hospital: read select 1",
-                         "Hospital: call getIDNo @DestName=PATIENT2"}));
+    EXPECT_EQ(seen, (Log{"Hospital execute: delete T where a='x'", "Hospital read: select 1",
+                         "Hospital call: getIDNo @DestName=PATIENT2"}));
     EXPECT_EQ(server.log.back(), "call getIDNo @DestName=PATIENT2");
 }
 

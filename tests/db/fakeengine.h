@@ -99,12 +99,12 @@ inline db::EnginePool::Opener FakeServer::opener() {
 class OnFakeServer : public testing::Test {
 protected:
     using Log = std::vector<std::string>;
-    /// From now on `seen` holds what the recorder sees: "Hospital: execute delete T".
+    /// From now on `seen` holds what the recorder sees: "Hospital execute: delete T".
     void record() {
         recorder = [this](const db::Statement& statement) {
-            static constexpr const char* kinds[] = {"read ", "execute ", "call ", "insert ", "update "};
+            static constexpr const char* kinds[] = {" read: ", " execute: ", " call: ", " insert: ", " update: "};
             const auto* kind = kinds[static_cast<std::size_t>(statement.kind)];
-            seen.push_back(statement.database + ": " + kind + statement.text);
+            seen.push_back(statement.database + kind + statement.text);
             for (const auto& [name, value] : statement.parameters)
                 seen.back() += " " + name + "=" + value.textOr("null");
         };

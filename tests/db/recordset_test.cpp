@@ -201,8 +201,8 @@ TEST_F(RecordsetTest, TheRecorderSeesRowsWithTheirColumns) {
     rows.addNew();
     rows.set("Name", "Chi");
     rows.update();
-    EXPECT_EQ(seen, (Log{"Hospital: read select ID, Name, Age from T", "Hospital: update update T Age=9",
-                         "Hospital: insert insert T Name=Chi"}));
+    EXPECT_EQ(seen, (Log{"Hospital read: select ID, Name, Age from T", "Hospital update: update T Age=9",
+                         "Hospital insert: insert T Name=Chi"}));
 }
 
 TEST_F(RecordsetTest, OutlivesTheLineItWasReadOn) {
@@ -234,13 +234,18 @@ TEST(RecordsetOnSqlite, WritesRowsThatComeWithTheirKey) {
     names.set("Name", "x");
     names.update();
     Recordset read(hospital, "select Name from hTest order by ID"_sql);
+    ASSERT_EQ(read.rowCount(), 2U);
     EXPECT_EQ(read.value(0, 0), Value("first"));
     EXPECT_EQ(read.value(1, 0), Value("x"));
-    for (const auto& none : {"select distinct Name from hTest"_sql, "select max(Name) Name from hTest"_sql,
-                             "select Name from hTest union select Name from hTest"_sql}) {
-        Recordset fixed(hospital, none);
-        fixed.set("Name", "y");
-        EXPECT_EQ(failureOf([&] { fixed.update(); }), notUpdatable) << none.text();
+    const std::pair<db::Sql, Failure> fixed[] = {
+        {"select distinct Name from hTest"_sql, noKey},
+        {"select max(Name) Name from hTest"_sql, notUpdatable},
+        {"select Name from hTest union select Name from hTest"_sql, notUpdatable},
+    };
+    for (const auto& [sql, refusal] : fixed) {
+        Recordset none(hospital, sql);
+        none.set("Name", "y");
+        EXPECT_EQ(failureOf([&] { none.update(); }), refusal) << sql.text();
     }
 }
 

@@ -160,13 +160,14 @@ TEST_F(Sqlite, CallsProceduresWhole) {
         "update T set small = @n where name = @NAME\nselect id, small from T where name = @name end\nGO\n"
         "create procedure Names as select name from T order by name\nGO\n");
     EXPECT_EQ(call("put", {{"name", "a"}, {"@N", 3}}), "10|3");
+    EXPECT_EQ(call("put", {{"name", "it's"}, {"n", db::Null()}}), "11|null");
     EXPECT_THROW(call("Put", {{"name", "b"}, {"n", 99999}}), db::Error);
-    EXPECT_EQ(call("NAMES"), "a") << "the half of the failed call went";
+    EXPECT_EQ(call("NAMES"), "a/it's") << "the half of the failed call went";
     line.engine->begin();
     line.run("insert T (name) values ('kept')");
     EXPECT_THROW(call("Put", {{"name", "b"}, {"n", 99999}}), db::Error);
     line.engine->commit();
-    EXPECT_EQ(call("Names"), "a/kept");
+    EXPECT_EQ(call("Names"), "a/it's/kept");
 
     const struct {
         const char* procedure;

@@ -1,34 +1,22 @@
 #include "db/connection.h"
 
-#include <gtest/gtest.h>
-
 #include "db/command.h"
-#include "fakeengine.h"
+#include "tests/db/fakeengine.h"
+#include "tests/support/failure.h"
 
 namespace {
 
 using db::Category;
 using db::operator""_sql;
-using Log = std::vector<std::string>;
+using test::failureOf;
 
-template <typename Work>
-std::optional<Category> failure(Work&& work) {
-    try {
-        work();
-        return std::nullopt;
-    } catch (const db::Error& error) {
-        return error.category();
-    }
-}
-
-class ConnectionTest : public testing::Test {
+class ConnectionTest : public OnFakeServer {
 protected:
     void execute() { connection.execute("delete T"_sql); }
-
-    FakeServer server;
-    db::EnginePool pool{server.opener()};
-    db::Recorder recorder;
-    db::Connection connection{"Hospital", pool, recorder};
+    /// The category that a statement fails with.
+    std::optional<Category> executeFails() {
+        return failureOf([&] { execute(); }).first;
+    }
 };
 
 TEST_F(ConnectionTest, BorrowsAtTheFirstStatementAndGivesBackWhenIdle) {
@@ -50,7 +38,7 @@ TEST_F(ConnectionTest, KeepsItsLineWhileATransactionIsOpen) {
     EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "execute delete T", "commit"}));
 }
 
-TEST_F(ConnectionTest, WhatRunsAroundACommitGoesWithIt) {
+TEST_F(ConnectionTest, OnlyTheOutermostCommitWritesAndWhatRunsAroundItGoesWithIt) {
     int through = 0;
     bool fails = false;
     const db::AroundCommit around{[&](db::Connection& own) {
@@ -63,17 +51,15 @@ TEST_F(ConnectionTest, WhatRunsAroundACommitGoesWithIt) {
         db::Transaction outer(marked);
         db::Transaction inner(marked);
         inner.commit();
+        EXPECT_TRUE(marked.inTransaction());
         EXPECT_EQ(through, 0) << "an inner commit is none";
         outer.commit();
     }
     EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "execute insert Mark", "commit"}));
     EXPECT_EQ(through, 1);
     fails = true;
-    EXPECT_EQ(failure([&] {
-                  db::Transaction transaction(marked);
-                  transaction.commit();
-              }),
-              Category::injected);
+    db::Transaction failing(marked);
+    EXPECT_EQ(failureOf([&] { failing.commit(); }).first, Category::injected);
     EXPECT_FALSE(marked.inTransaction());
     EXPECT_EQ(server.takeLog(), (Log{"begin", "execute insert Mark", "rollback"}));
     { db::Transaction left(marked); }
@@ -81,47 +67,37 @@ TEST_F(ConnectionTest, WhatRunsAroundACommitGoesWithIt) {
     EXPECT_EQ(through, 1);
 }
 
-TEST_F(ConnectionTest, OnlyTheOutermostCommitWrites) {
-    db::Transaction outer(connection);
-    db::Transaction inner(connection);
-    inner.commit();
-    EXPECT_TRUE(connection.inTransaction());
-    outer.commit();
-    EXPECT_FALSE(connection.inTransaction());
-    EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "commit"}));
-}
-
-TEST_F(ConnectionTest, AnInnerRollbackDoomsTheOuterCommit) {
+TEST_F(ConnectionTest, AnInnerRollbackDoomsTheOuterCommitAndNoOther) {
     db::Transaction outer(connection);
     { db::Transaction inner(connection); }
     { db::Transaction(connection).commit(); }
     execute();
-    EXPECT_EQ(failure([&] { outer.commit(); }), Category::other);
+    EXPECT_EQ(failureOf([&] { outer.commit(); }).second,
+              "The transaction was rolled back by an operation inside it and cannot be committed.");
     EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "execute delete T", "rollback"}));
     db::Transaction(connection).commit();
     EXPECT_EQ(server.takeLog(), (Log{"begin", "commit"})) << "the next transaction is whole";
-}
-
-TEST_F(ConnectionTest, AnOuterRollbackClearsTheDoom) {
-    { db::Transaction outer(connection), inner(connection); }
-    EXPECT_NO_THROW(db::Transaction(connection).commit());
-    EXPECT_EQ(server.takeLog(), (Log{"open", "begin", "rollback", "begin", "commit"}));
+    { db::Transaction both(connection), rolledBack(connection); }
+    db::Transaction(connection).commit();
+    EXPECT_EQ(server.takeLog(), (Log{"begin", "rollback", "begin", "commit"})) << "an outer rollback ends it too";
 }
 
 TEST_F(ConnectionTest, CommitWithoutATransactionFailsAndRollbackDoesNothing) {
-    EXPECT_EQ(failure([&] { connection.commitTrans(); }), Category::other);
+    EXPECT_EQ(failureOf([&] { connection.commitTrans(); }).first, Category::other);
     connection.rollbackTrans();
     EXPECT_TRUE(server.log.empty());
 }
 
 TEST_F(ConnectionTest, AFailedBeginOrCommitLeavesNoTransaction) {
-    server.failures["begin"] = Category::other;
-    EXPECT_THROW(db::Transaction{connection}, db::Error);
-    EXPECT_FALSE(connection.inTransaction());
-
+    for (const auto& [step, category] : {std::pair("open", Category::lostConnection), {"begin", Category::other}}) {
+        server.failures[step] = category;
+        EXPECT_EQ(failureOf([&] { connection.beginTrans(); }).first, category) << step;
+        EXPECT_FALSE(connection.inTransaction()) << step;
+        EXPECT_NO_THROW(execute()) << step;
+    }
     db::Transaction transaction(connection);
     server.failures["commit"] = Category::busy;
-    EXPECT_EQ(failure([&] { transaction.commit(); }), Category::busy);
+    EXPECT_EQ(failureOf([&] { transaction.commit(); }).first, Category::busy);
     EXPECT_FALSE(connection.inTransaction());
     EXPECT_EQ(server.log.back(), "rollback");
 }
@@ -129,7 +105,7 @@ TEST_F(ConnectionTest, AFailedBeginOrCommitLeavesNoTransaction) {
 TEST_F(ConnectionTest, AFailedStatementLeavesTheTransactionOpen) {
     db::Transaction transaction(connection);
     server.failures["execute"] = Category::constraint;
-    EXPECT_EQ(failure([&] { execute(); }), Category::constraint);
+    EXPECT_EQ(executeFails(), Category::constraint);
     execute();
     EXPECT_NO_THROW(transaction.commit());
 }
@@ -137,7 +113,7 @@ TEST_F(ConnectionTest, AFailedStatementLeavesTheTransactionOpen) {
 TEST_F(ConnectionTest, ALostLineIsReplacedAtTheNextStatement) {
     execute();
     server.failures["execute"] = Category::lostConnection;
-    EXPECT_EQ(failure([&] { execute(); }), Category::lostConnection);
+    EXPECT_EQ(executeFails(), Category::lostConnection);
     EXPECT_EQ(server.closed, 1) << "dropped, not given back";
     execute();
     EXPECT_EQ(server.opened, 2);
@@ -148,11 +124,11 @@ TEST_F(ConnectionTest, ALostLineTakesItsTransactionAlong) {
     {
         db::Transaction outer(connection);
         server.failures["execute"] = Category::lostConnection;
-        EXPECT_EQ(failure([&] { execute(); }), Category::lostConnection);
+        EXPECT_EQ(executeFails(), Category::lostConnection);
         server.log.clear();
-        EXPECT_EQ(failure([&] { execute(); }), Category::lostConnection);
-        EXPECT_EQ(failure([&] { db::Transaction inner(connection); }), Category::lostConnection);
-        EXPECT_EQ(failure([&] { outer.commit(); }), Category::lostConnection);
+        EXPECT_EQ(executeFails(), Category::lostConnection);
+        EXPECT_EQ(failureOf([&] { db::Transaction inner(connection); }).first, Category::lostConnection);
+        EXPECT_EQ(failureOf([&] { outer.commit(); }).first, Category::lostConnection);
         EXPECT_TRUE(server.log.empty());
     }
     execute();
@@ -162,13 +138,6 @@ TEST_F(ConnectionTest, ALostLineTakesItsTransactionAlong) {
     server.failures["read"] = Category::lostConnection;
     EXPECT_THROW(static_cast<void>(connection.read("select 1"_sql)), db::Error);
     connection.rollbackTrans();
-    EXPECT_FALSE(connection.inTransaction());
-    EXPECT_NO_THROW(execute());
-}
-
-TEST_F(ConnectionTest, ADatabaseOutOfReachFailsUntilItIsBack) {
-    server.failures["open"] = Category::lostConnection;
-    EXPECT_EQ(failure([&] { connection.beginTrans(); }), Category::lostConnection);
     EXPECT_FALSE(connection.inTransaction());
     EXPECT_NO_THROW(execute());
 }
@@ -185,33 +154,26 @@ TEST_F(ConnectionTest, ErrorsNameTheOperationAndTheDatabase) {
 }
 
 TEST_F(ConnectionTest, TheRecorderSeesEachStatementBeforeItRuns) {
-    std::vector<db::Statement> seen;
-    recorder = [&](const db::Statement& statement) { seen.push_back(statement); };
+    record();
     connection.execute("delete T where a='"_sql + std::string("x") + "'");
     static_cast<void>(connection.read("select 1"_sql));
     db::Command(connection, "getIDNo").append("DestName", db::Command::Type::varText, 50, "PATIENT2").execute();
-
-    ASSERT_EQ(seen.size(), 3U);
-    EXPECT_EQ(seen[0].text, "delete T where a='x'");
-    EXPECT_EQ(seen[0].database, "Hospital");
-    EXPECT_TRUE(seen[0].writes());
-    EXPECT_FALSE(seen[1].writes());
-    EXPECT_EQ(seen[2].text, "getIDNo");
-    EXPECT_EQ(seen[2].parameters.at(0).second, db::Value("PATIENT2"));
+    EXPECT_EQ(seen, (Log{"Hospital execute: delete T where a='x'", "Hospital read: select 1",
+                         "Hospital call: getIDNo @DestName=PATIENT2"}));
     EXPECT_EQ(server.log.back(), "call getIDNo @DestName=PATIENT2");
 }
 
 TEST_F(ConnectionTest, ARecorderThatThrowsStopsTheStatement) {
-    recorder = [](const db::Statement&) { throw db::Error(Category::injected, "Injected failure"); };
-    EXPECT_EQ(failure([&] { execute(); }), Category::injected);
-    EXPECT_EQ(failure([&] { static_cast<void>(connection.read("select 1"_sql)); }), Category::injected);
-    EXPECT_EQ(failure([&] { db::Command(connection, "P").execute(); }), Category::injected);
+    stopStatements();
+    EXPECT_EQ(executeFails(), Category::injected);
+    EXPECT_EQ(failureOf([&] { static_cast<void>(connection.read("select 1"_sql)); }).first, Category::injected);
+    EXPECT_EQ(failureOf([&] { db::Command(connection, "P").execute(); }).first, Category::injected);
     EXPECT_TRUE(server.log.empty());
 }
 
 TEST_F(ConnectionTest, ABrokenStatementNeverReachesTheEngine) {
-    EXPECT_EQ(failure([&] { connection.execute("delete T where a='"_sql + std::string("'") + "'"); }),
-              Category::syntax);
+    const auto broken = "delete T where a='"_sql + std::string("'") + "'";
+    EXPECT_EQ(failureOf([&] { connection.execute(broken); }).first, Category::syntax);
     EXPECT_EQ(server.takeLog(), (Log{"open"}));
 }
 
@@ -244,8 +206,8 @@ TEST_F(ConnectionTest, CommandsCheckTypesAndSizes) {
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         db::Command command(connection, "P");
-        const auto category = failure([&] { command.append("@p", each.type, each.size, each.value).execute(); });
-        EXPECT_EQ(category, each.sent ? std::nullopt : std::optional(Category::type));
+        const auto failure = failureOf([&] { command.append("@p", each.type, each.size, each.value).execute(); });
+        EXPECT_EQ(failure.first, each.sent ? std::nullopt : std::optional(Category::type));
         if (each.sent) {
             EXPECT_EQ(server.log.back(), "call P @p=" + *each.sent);
         }

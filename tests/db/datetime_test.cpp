@@ -7,16 +7,10 @@
 namespace {
 
 using db::DateTime;
-
-std::string read(std::string_view text) {
-    const auto moment = DateTime::parse(text);
-    return moment ? moment->iso() : "none";
-}
+using namespace std::string_view_literals;
 
 TEST(DateTime, Parse) {
-    const struct {
-        std::string_view text, expected;
-    } cases[] = {
+    const std::pair<std::string_view, const char*> cases[] = {
         {"2026-11-24", "2026-11-24 00:00:00"},
         {"2026-11-24 09:30", "2026-11-24 09:30:00"},
         {"2026-11-24T09:30:05", "2026-11-24 09:30:05"},
@@ -42,41 +36,23 @@ TEST(DateTime, Parse) {
         {"12:01pm", "1899-12-30 12:01:00"},
         {"0100-01-01", "0100-01-01 00:00:00"},
         {"9999-12-31 23:59:59", "9999-12-31 23:59:59"},
-        // No calendar or clock has these.
-        {"29-Feb-2026", "none"},
-        {"31-Apr-2026", "none"},
-        {"2026-13-01", "none"},
-        {"2026-00-10", "none"},
-        {"11/24/2026", "none"},
-        {"0099-12-31", "none"},
-        {"24:00", "none"},
-        {"09:60", "none"},
-        {"13:00 PM", "none"},
-        {"0:30 AM", "none"},
-        // Nearly a date.
-        {"", "none"},
-        {" ", "none"},
-        {"24", "none"},
-        {"24-Nov", "none"},
-        {"24-Nov-202", "none"},
-        {"24-No-2026", "none"},
-        {"24-Novem-2026", "none"},
-        {"24-Nov/2026", "none"},
-        {"24 11 2026", "none"},
-        {"2026-11-24x", "none"},
-        {"2026-11-2409:30", "none"},
         {"2026-11-24 ", "2026-11-24 00:00:00"},
-        {"2026-11-24T", "none"},
-        {"09:30:", "none"},
-        {"09:30:05.", "none"},
-        {"9:3", "none"},
-        {"-1-Nov-2026", "none"},
-        {"2026-11-24 09:30 XM", "none"},
-        {"202611241", "none"},
-        {"24-Nov-2026; drop", "none"},
-        {std::string_view("24-Nov-2026\0", 12), "none"},
     };
-    for (const auto& [text, expected] : cases) EXPECT_EQ(read(text), expected) << text;
+    for (const auto& [text, expected] : cases) {
+        const auto moment = DateTime::parse(text);
+        EXPECT_EQ(moment ? moment->iso() : "none", expected) << text;
+    }
+    const std::pair<const char*, std::vector<std::string_view>> refused[] = {
+        {"no calendar has it", {"29-Feb-2026", "31-Apr-2026", "2026-13-01", "2026-00-10", "11/24/2026", "0099-12-31"}},
+        {"no clock has it", {"24:00", "09:60", "13:00 PM", "0:30 AM"}},
+        {"too little",
+         {"", " ", "24", "24-Nov", "24-Nov-202", "24-No-2026", "2026-11-24T", "09:30:", "09:30:05.", "9:3"}},
+        {"too much",
+         {"24-Novem-2026", "2026-11-24x", "2026-11-2409:30", "202611241", "24-Nov-2026; drop", "24-Nov-2026\0"sv}},
+        {"other signs", {"24-Nov/2026", "24 11 2026", "-1-Nov-2026", "2026-11-24 09:30 XM"}},
+    };
+    for (const auto& [why, texts] : refused)
+        for (const auto& text : texts) EXPECT_FALSE(DateTime::parse(text)) << why << ": " << text;
 }
 
 TEST(DateTime, Texts) {

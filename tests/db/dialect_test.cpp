@@ -5,6 +5,7 @@
 
 namespace {
 
+using test::failureOf;
 using test::Line;
 
 struct Case {
@@ -222,38 +223,26 @@ TEST(Writer, MayKeepThePlacesOfTsql) {
 }
 
 TEST_F(Dialect, RefusesWhatIsNoStatement) {
-    for (const char* text : {"",
-                             "   ",
-                             "selec 1",
-                             "select",
-                             "select 1 from",
-                             "select * from hPatients where",
-                             "select 'open",
-                             "select [open",
-                             "select /* open",
-                             "select 1; select 2",
-                             "select nosuch(1)",
-                             "select top 5 percent * from hPatients",
-                             "truncate table x",
-                             "update hPatients",
-                             "insert hPatients",
-                             "delete from",
-                             "create table t (a nosuchtype)",
-                             "create table t ()",
-                             "select * from a.b",
-                             "select ?x",
-                             "select 1 \\ 2",
-                             "select datepart('year', 1)",
-                             "select left('a')",
-                             "select 0xFG",
-                             "select 0x1.5",
-                             "Update hAdmission set x=1 where c in (select c from hPatients"}) {
-        const auto [category, description] = test::failureOf([&] { db::sqlite::translate(text, "Hospital"); });
-        EXPECT_EQ(category, db::Category::syntax) << text << ": " << description;
-    }
+    const std::pair<const char*, std::vector<const char*>> wrong[] = {
+        {"nothing", {"", "   "}},
+        {"not finished",
+         {"select", "select 1 from", "select * from hPatients where", "update hPatients", "insert hPatients",
+          "delete from", "create table t ()", "Update hAdmission set x=1 where c in (select c from hPatients"}},
+        {"left open", {"select 'open", "select [open", "select /* open"}},
+        {"not known",
+         {"selec 1", "truncate table x", "select nosuch(1)", "create table t (a nosuchtype)",
+          "select top 5 percent * from hPatients"}},
+        {"out of place",
+         {"select 1; select 2", "select * from a.b", "select ?x", "select 1 \\ 2", "select datepart('year', 1)",
+          "select left('a')", "select 0xFG", "select 0x1.5"}},
+    };
+    for (const auto& [why, statements] : wrong)
+        for (const auto* text : statements)
+            EXPECT_EQ(failureOf([&] { db::sqlite::translate(text, "Hospital"); }).first, db::Category::syntax)
+                << why << ": " << text;
     for (const char* text : {"create fulltext index on hPatients", "create fulltext index on v (a, b) key index c",
                              "drop fulltext index on v (a)", "drop fulltext index on Archive.dbo.v"})
-        EXPECT_EQ(test::failureOf([&] { line.run(text); }).first, db::Category::syntax) << text;
+        EXPECT_EQ(failureOf([&] { line.run(text); }).first, db::Category::syntax) << text;
     const std::string deep = "select " + std::string(100'000, '(') + "1";
     EXPECT_THROW(db::sqlite::translate(deep, "Hospital"), db::Error);
     EXPECT_THROW(db::sqlite::translate(std::string("select 1\0, 2", 12), "Hospital"), db::Error);

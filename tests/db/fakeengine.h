@@ -1,11 +1,15 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <atomic>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "db/connection.h"
 #include "db/databases.h"
 #include "db/engine.h"
 #include "db/error.h"
@@ -72,6 +76,8 @@ public:
     std::vector<std::string> integrity() override { return {}; }
     std::vector<std::string> plan(const db::Sql::Template&) override { return {}; }
 
+    std::atomic<bool> inUse = false;  ///< for tests of threads that borrow lines
+
 private:
     static std::string cells(const Names& names, const Values& values) {
         std::string text;
@@ -88,3 +94,29 @@ inline db::EnginePool::Opener FakeServer::opener() {
         return std::make_unique<FakeEngine>(*this);
     };
 }
+
+/// A session's connection to such a server.
+class OnFakeServer : public testing::Test {
+protected:
+    using Log = std::vector<std::string>;
+    /// From now on `seen` holds what the recorder sees: "Hospital execute: delete T".
+    void record() {
+        recorder = [this](const db::Statement& statement) {
+            static constexpr const char* kinds[] = {" read: ", " execute: ", " call: ", " insert: ", " update: "};
+            const auto* kind = kinds[static_cast<std::size_t>(statement.kind)];
+            seen.push_back(statement.database + kind + statement.text);
+            for (const auto& [name, value] : statement.parameters)
+                seen.back() += " " + name + "=" + value.textOr("null");
+        };
+    }
+    /// From now on the recorder stops each statement.
+    void stopStatements() {
+        recorder = [](const db::Statement&) { throw db::Error(db::Category::injected, "Injected failure"); };
+    }
+
+    FakeServer server;
+    db::EnginePool pool{server.opener()};
+    db::Recorder recorder;
+    db::Connection connection{"Hospital", pool, recorder};
+    Log seen;
+};

@@ -2,34 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "db/dialect/dialect.h"
-#include "db/error.h"
 #include "db/sqlite/engine.h"
+#include "tests/support/directory.h"
+#include "tests/support/failure.h"
 
 namespace test {
-
-/// A directory of this test alone that goes when it ends.
-class Folder {
-public:
-    Folder() {
-        const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        path = std::filesystem::path(testing::TempDir()) / (std::string(info->test_suite_name()) + "." + info->name());
-        std::filesystem::remove_all(path);
-        std::filesystem::create_directories(path);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { std::filesystem::remove_all(path); }
-
-    [[nodiscard]] std::string file(const std::string& name) const { return (path / name).string(); }
-    std::filesystem::path path;
-};
 
 /// One line to an embedded database whose clock stands at 24-Nov-2026 09:30.
 class Line {
@@ -66,16 +49,5 @@ public:
     db::ServerClock clock;
     std::unique_ptr<db::Engine> engine;
 };
-
-/// The category and description of what `work` throws; "nothing" without one.
-template <typename Work>
-std::pair<db::Category, std::string> failureOf(Work work) {
-    try {
-        work();
-    } catch (const db::Error& error) {
-        return {error.category(), error.what()};
-    }
-    return {db::Category::other, "nothing"};
-}
 
 }  // namespace test

@@ -3,8 +3,6 @@
 #include <map>
 #include <set>
 
-#include "db/command.h"
-#include "db/error.h"
 #include "hospital/scripts.h"
 #include "tests/hospital/hospital.h"
 
@@ -107,82 +105,71 @@ TEST(Demonstration, KeepsTheRulesThatScreensRelyOn) {
         EXPECT_GE(house.count("select username from vwUsers where loginrole='NURSING' and AccountStatus='ENABLED'"_sql),
                   3U);
         for (const auto* name : {"PATIENT2", "ConsultID2"}) {
-            db::Command command(house.hospital(), "getIDNo");
-            command.append("DestName", db::Command::Type::varText, 50, name);
-            const auto number = command.execute()["getIDNo"].text();
+            const auto number = test::nextNumber(house.hospital(), name);
+            EXPECT_NE(number, "") << name;
             EXPECT_EQ(house.count("select PNo from hPatients where PNo='"_sql + number + "'"), 0U);
             EXPECT_EQ(house.count("select PNo from hRecords where consultID='"_sql + number + "'"), 0U);
         }
     }
 }
 
-/// All rows of a database, table by table.
-std::string contents(db::Connection& connection) {
+/// All rows of the four databases, table by table.
+std::string contents(db::Databases& databases) {
     std::string text;
-    for (const auto& [kind, name] : connection.objects()) {
-        if (kind != "table" || name == "SchemaVersion") continue;
-        const auto rows = connection.read("select * from "_sql + hospital::scriptSql(name));
-        for (std::size_t row = 0; row < rows.rowCount(); ++row)
-            for (std::size_t column = 0; column < rows.fields().size(); ++column) {
-                const auto value = rows.value(row, column);
-                const bool bytes = std::holds_alternative<db::Bytes>(value.content());
-                text += bytes ? std::to_string(value.bytes().size()) : value.textOr("null");
-                text += '|';
-            }
-    }
+    for (const auto& database : db::DataSources::names())
+        for (const auto& [kind, name] : databases.named(database).objects()) {
+            if (kind != "table" || name == "SchemaVersion") continue;
+            const auto rows = databases.named(database).read("select * from "_sql + hospital::scriptSql(name));
+            for (std::size_t row = 0; row < rows.rowCount(); ++row)
+                for (std::size_t column = 0; column < rows.fields().size(); ++column) {
+                    const auto value = rows.value(row, column);
+                    const bool bytes = std::holds_alternative<db::Bytes>(value.content());
+                    text += bytes ? std::to_string(value.bytes().size()) : value.textOr("null");
+                    text += '|';
+                }
+        }
     return text;
 }
 
 TEST(Demonstration, ASeedMakesOneHospital) {
-    std::map<int, std::string> byRun;
-    for (int run = 0; run < 3; ++run) {
-        test::DemonstrationFiles house(60, run < 2 ? 7 : 8);
-        for (const auto* name : {"Hospital", "HospitalArchive", "SmsCenter"})
-            byRun[run] += contents(house.databases.named(name));
-    }
-    EXPECT_TRUE(byRun[0] == byRun[1]) << "the same seed";
-    EXPECT_FALSE(byRun[0] == byRun[2]) << "another seed";
+    const auto made = [](std::uint64_t seed) {
+        test::DemonstrationFiles house(60, seed);
+        return contents(house.databases);
+    };
+    const auto seven = made(7);
+    EXPECT_TRUE(made(7) == seven) << "the same seed";
+    EXPECT_FALSE(made(8) == seven) << "another seed";
 }
 
 TEST(Demonstration, NeedsNewDatabasesAndLeavesNothingOfAFailure) {
     const auto today = db::DateTime::of(2026, 11, 24);
-    test::MemoryDatabases memory;
-    const auto count = [&](const db::Sql& sql) { return memory.hospital().read(sql).rowCount(); };
-    const auto create = [&] { hospital::createDemonstration(memory.databases, {today, 60}); };
     int writes = 0;
     int failing = 0;
-    memory.databases.setRecorder([&](const db::Statement& statement) {
-        if (statement.writes() && ++writes == failing) throw db::Error(db::Category::injected, "Injected failure");
-    });
     {
-        test::MemoryDatabases other;
-        other.databases.setRecorder([&](const db::Statement& statement) { writes += statement.writes() ? 1 : 0; });
-        hospital::createDemonstration(other.databases, {today, 60});
+        test::MemoryDatabases whole;
+        whole.databases.setRecorder(test::failingWrite(failing, writes));
+        hospital::createDemonstration(whole.databases, {today, 60});
     }
     const int all = writes;
+    test::MemoryDatabases memory;
+    const auto create = [&](int patients) {
+        return test::failureOf([&] { hospital::createDemonstration(memory.databases, {today, patients}); });
+    };
+    const auto before = contents(memory.databases);
+    memory.databases.setRecorder(test::failingWrite(failing, writes));
     for (const int position : {1, all / 50, all / 5, all / 2, all - 200, all - 1, all}) {
         writes = 0;
         failing = position;
-        try {
-            create();
-            ADD_FAILURE() << "write " << position << " did not fail";
-        } catch (const db::Error& error) {
-            ASSERT_EQ(error.category(), db::Category::injected) << failing << ": " << error.what();
-        }
-        for (const auto& table : {"select PNo from hPatients"_sql, "select empID from employees"_sql,
-                                  "select SNO from hAdmission"_sql, "select id from idgen where id > 0"_sql})
-            ASSERT_EQ(count(table), 0U) << failing << ": " << table.text();
-        ASSERT_TRUE(memory.databases.named("SmsCenter").read("select pno from SmsPatients"_sql).empty()) << failing;
-        ASSERT_TRUE(memory.databases.named("HospitalArchive").read("select PNo from hPatients"_sql).empty());
+        ASSERT_EQ(create(60), test::Failure(db::Category::injected, "Injected failure")) << position;
+        ASSERT_TRUE(contents(memory.databases) == before) << position;
     }
-    failing = 0;
-    create();
-    const auto patients = count("select PNo from hPatients"_sql);
-    EXPECT_EQ(patients, 60U);
-    EXPECT_THROW(create(), db::Error) << "the databases are in use";
-    EXPECT_EQ(count("select PNo from hPatients"_sql), patients);
-    for (const int wrong : {0, 59, 5'000'001, -1})
-        EXPECT_THROW(hospital::createDemonstration(memory.databases, {today, wrong}), db::Error) << wrong;
+    memory.databases.setRecorder({});
+    for (const int wrong : {0, 59, 5'000'001, -1}) EXPECT_EQ(create(wrong).first, db::Category::other) << wrong;
+    EXPECT_TRUE(contents(memory.databases) == before);
+    EXPECT_EQ(create(60).first, std::nullopt);
+    const auto filled = contents(memory.databases);
+    EXPECT_EQ(create(60).first, db::Category::other) << "the databases are in use";
+    EXPECT_TRUE(contents(memory.databases) == filled);
 }
 
 }  // namespace

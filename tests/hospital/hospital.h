@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "db/command.h"
 #include "db/databases.h"
 #include "db/engine.h"
+#include "db/error.h"
 #include "hospital/schema.h"
 #include "tests/db/line.h"
 
@@ -24,25 +26,39 @@ inline std::vector<std::string> planOf(db::Databases& databases, const std::stri
     return steps;
 }
 
+/// The next number of a series, as screens draw it; "" for a series that nobody keeps.
+inline std::string nextNumber(db::Connection& connection, const char* series) {
+    db::Command command(connection, "getIDNo");
+    command.append("DestName", db::Command::Type::varText, 50, series);
+    const auto rows = command.execute();
+    return rows.empty() ? "" : rows["getIDNo"].text();
+}
+
+/// A recorder that fails the `failing`th write of those that `writes` counts.
+inline db::Recorder failingWrite(const int& failing, int& writes) {
+    return [&](const db::Statement& statement) {
+        if (statement.writes() && ++writes == failing) throw db::Error(db::Category::injected, "Injected failure");
+    };
+}
+
+/// Databases as one session has them open.
+struct OpenDatabases {
+    explicit OpenDatabases(std::map<std::string, db::Source> table) : sources(std::move(table)) {}
+    explicit OpenDatabases(const std::filesystem::path& directory)
+        : OpenDatabases(db::DataSources::embedded(directory)) {}
+    db::Connection& hospital() { return databases.named("Hospital"); }
+    std::size_t count(const db::Sql& sql) { return hospital().read(sql).rowCount(); }
+
+    db::DataSources sources;
+    db::Databases databases{sources};
+};
+
 /// The four databases in memory, with their schema and first rows. The server's clock stands at 24-Nov-2026 10:00.
-class MemoryDatabases {
-public:
-    MemoryDatabases() {
+struct MemoryDatabases : OpenDatabases {
+    MemoryDatabases() : OpenDatabases(inMemory()) {
         sources.clock().stopAt(db::DateTime::of(2026, 11, 24, 10));
         for (const auto& name : db::DataSources::names()) hospital::createSchema(databases.named(name));
     }
-
-    db::Connection& hospital() { return databases.named("Hospital"); }
-    db::Value value(const db::Sql& sql) {
-        const auto rows = hospital().read(sql);
-        return rows.empty() ? db::Value() : rows.value(0, 0);
-    }
-    std::vector<std::string> plan(const db::Sql& sql) { return planOf(databases, "Hospital", sql); }
-
-    db::DataSources sources{inMemory()};
-    db::Databases databases{sources};
-
-private:
     static std::map<std::string, db::Source> inMemory() {
         std::map<std::string, db::Source> memory;
         for (const auto& name : db::DataSources::names()) memory[name] = {"sqlite", ":memory:"};
@@ -51,20 +67,13 @@ private:
 };
 
 /// The demonstration hospital of 24-Nov-2026, 11:00, in files: one view reads two databases.
-class DemonstrationFiles {
-public:
-    explicit DemonstrationFiles(int patients = 60, std::uint64_t seed = 1) {
-        hospital::createDatabases(folder.path);
+struct DemonstrationFiles : TemporaryDirectory, OpenDatabases {
+    explicit DemonstrationFiles(int patients = 60, std::uint64_t seed = 1) : OpenDatabases(path()) {
+        hospital::createDatabases(path());
         sources.clock().stopAt(today.plusHours(11));
         hospital::createDemonstration(databases, {today, patients, seed});
     }
-    db::Connection& hospital() { return databases.named("Hospital"); }
-    std::size_t count(const db::Sql& sql) { return hospital().read(sql).rowCount(); }
-
     const db::DateTime today = db::DateTime::of(2026, 11, 24);
-    Folder folder;
-    db::DataSources sources{db::DataSources::embedded(folder.path)};
-    db::Databases databases{sources};
 };
 
 }  // namespace test

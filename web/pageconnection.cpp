@@ -152,8 +152,9 @@ private:
 
 void servePage(Stream stream, std::shared_ptr<NurseSession> session, std::size_t longestMessage,
                Connections& connections, const UpgradeRequest& request) {
-    std::make_shared<PageConnection>(std::move(stream), std::move(session), longestMessage, connections)
-        ->start(request);
+    const auto page =
+        std::make_shared<PageConnection>(std::move(stream), std::move(session), longestMessage, connections);
+    page->start(request);
 }
 
 }  // namespace web

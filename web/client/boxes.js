@@ -9,6 +9,7 @@ const signNames = {information: "Information", warning: "Warning", stop: "Stop"}
 export class Boxes {
     #shown = "";
     #before = null;
+    #next = null;
     #keyboard = new QuietKeyboard();
 
     /** @param {{session: object, quietly: (work: Function) => void, focusLost: () => void}} work */
@@ -24,8 +25,9 @@ export class Boxes {
         return this.dialog.open || this.#keyboard.waits;
     }
 
-    /** Shows the open question, or none. */
-    show(question) {
+    /** Shows the open question, or none. `focus` is the control that has the keyboard after it, if another one than before. */
+    show(question, focus) {
+        this.#next = focus ?? this.#next;
         const wanted = question ? JSON.stringify(question) : "";
         if (wanted === this.#shown) return;
         this.#shown = wanted;
@@ -142,6 +144,8 @@ export class Boxes {
             this.dialog.close();
             if (this.#before?.isConnected) this.#before.focus();
         });
+        if (this.#next) this.work.focus(this.#next);
+        this.#next = null;
         this.work.focusLost();
     }
 }

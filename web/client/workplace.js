@@ -114,12 +114,14 @@ export class WorkPlace {
     async #hear(message, request, before) {
         const events = message.events ?? [];
         const refused = events.find((event) => "error" in event);
-        await this.#draw(events, request, before);
+        // Where the keyboard is to go beside a box it goes after the box: it may be typing.
+        const focus = message.waiting ? events.findLast((event) => "focus" in event)?.focus : undefined;
+        await this.#draw(focus ? events.filter((event) => !("focus" in event)) : events, request, before);
         if (request && "set" in request) this.#refresh(request.set);
         this.journal.replied({...message, events: [...before, ...events]}, request);
         if (refused && request && !message.waiting) this.#refused(request, refused.error);
         if (request && "answer" in request) this.boxes.forget();
-        if ("waiting" in message) this.boxes.show(message.waiting);
+        if ("waiting" in message) this.boxes.show(message.waiting, focus);
         this.comeback.heard(message);
     }
 
@@ -140,7 +142,7 @@ export class WorkPlace {
         hidden: ({hidden}) => this.#gone(hidden, (screen) => (screen.visible = false)),
         closed: ({closed}) => this.#gone(closed, () => this.model.screens.delete(closed)),
         changed: ({changed}) => this.#changed(changed),
-        focus: ({focus}) => this.#focus(focus),
+        focus: ({focus}) => this.focus(focus),
         sound: ({sound}) => ring(sound),
         report: ({report}) => this.notices.report(report),
         print: () => window.print(),
@@ -198,7 +200,7 @@ export class WorkPlace {
     }
 
     /** The session moves the keyboard; what it leaves does not hear of that, what it comes to does. */
-    #focus(path) {
+    focus(path) {
         const [screen, control] = split(path);
         this.quietly(() => this.view(screen)?.focus(control));
         this.view(screen)?.gotFocus(control);

@@ -6,21 +6,13 @@
 namespace registration {
 
 using namespace db::literals;
-using Style = ui::ComboBox::Style;
 
 bool isManagedCare(std::string_view category) {
     return category == "PHIS" || category == "HMO" || category == "NHIS";
 }
 
-ClientPick::ClientPick(core::Workplace& place, ui::Screen& screen, Style clients, const Picked& picked)
-    : Part(place),
-      cboPat(screen, "cboPat", clients, ui::upperCase),
-      cboClient(screen, "cboClient", Style::listOnly),
-      txtPolicy(screen, "txtPolicy"),
-      txtEmp(screen, "txtEmp"),
-      CboRef(screen, "CboRef", Style::listOnly),
-      cboRefHmo(screen, "cboRefHmo", Style::listOnly),
-      picked_(picked) {
+ClientPick::ClientPick(core::Workplace& place, ui::Screen& screen, ui::ComboBox::Style clients, const Picked& picked)
+    : Part(place, screen), cboPat(screen, "cboPat", clients, ui::upperCase), picked_(picked) {
     for (auto* list : {&CboRef, &cboRefHmo}) core::fill(*list, {"", "YES", "NO"});
 }
 

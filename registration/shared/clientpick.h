@@ -25,12 +25,12 @@ public:
     /// `clients` says whether a client may be typed, to be found by a part of the name.
     ClientPick(core::Workplace& place, ui::Screen& screen, ui::ComboBox::Style clients, const Picked& picked);
 
-    ui::ComboBox cboPat;     ///< clients
-    ui::ComboBox cboClient;  ///< billing categories
-    ui::ComboBox txtPolicy;  ///< plans
-    ui::TextBox txtEmp;      ///< the enrollee's number
-    ui::ComboBox CboRef;     ///< fee for service
-    ui::ComboBox cboRefHmo;  ///< referred by the HMO
+    ui::ComboBox cboPat;                                                           ///< clients
+    ui::ComboBox cboClient{screen(), "cboClient", ui::ComboBox::Style::listOnly};  ///< billing categories
+    ui::ComboBox txtPolicy{screen(), "txtPolicy"};                                 ///< plans
+    ui::TextBox txtEmp{screen(), "txtEmp"};                                        ///< the enrollee's number
+    ui::ComboBox CboRef{screen(), "CboRef", ui::ComboBox::Style::listOnly};        ///< fee for service
+    ui::ComboBox cboRefHmo{screen(), "cboRefHmo", ui::ComboBox::Style::listOnly};  ///< referred by the HMO
 
     /// Fills the list of clients; `withPrivate` puts "(PRIVATE) [0001]" in front. Throws db::Error, as all below.
     void loadClients(bool withPrivate);

@@ -7,6 +7,7 @@
 #include "core/session/trap.h"
 #include "core/session/workplace.h"
 #include "ui/controls.h"
+#include "ui/screen.h"
 
 namespace registration {
 
@@ -17,10 +18,11 @@ public:
     Part& operator=(const Part&) = delete;
 
 protected:
-    explicit Part(core::Workplace& place) : place_(place) {}
+    Part(core::Workplace& place, ui::Screen& screen) : place_(place), screen_(screen) {}
     ~Part() = default;
 
     [[nodiscard]] core::Workplace& place() const noexcept { return place_; }
+    [[nodiscard]] ui::Screen& screen() const noexcept { return screen_; }
     [[nodiscard]] core::Session& session() const noexcept { return place_.session; }
     [[nodiscard]] db::Connection& hospital() const { return place_.hospital(); }
 
@@ -37,6 +39,7 @@ protected:
 
 private:
     core::Workplace& place_;
+    ui::Screen& screen_;
 };
 
 }  // namespace registration

@@ -14,14 +14,11 @@ void showPhotograph(core::Workplace& place, ui::Picture& picture, const std::str
 /// stored is the chosen file's picture drawn anew (core::redrawnJpeg); the text box holds the name of the chosen file.
 class Photograph : public Part {
 public:
-    Photograph(core::Workplace& place, ui::Screen& screen)
-        : Part(place), txtPix(screen, "txtPix"), imgPix(screen, "imgPix"), cmdPix(screen, "cmdPix", "P&hotograph...") {
-        txtPix.setVisible(false);
-    }
+    Photograph(core::Workplace& place, ui::Screen& screen) : Part(place, screen) { txtPix.setVisible(false); }
 
-    ui::TextBox txtPix;
-    ui::Picture imgPix;
-    ui::Button cmdPix;
+    ui::TextBox txtPix{screen(), "txtPix"};
+    ui::Picture imgPix{screen(), "imgPix"};
+    ui::Button cmdPix{screen(), "cmdPix", "P&hotograph..."};
 
     /// Lets the nurse choose a file and shows it. Throws db::Error for what is no JPEG, or larger than 5 MB.
     void choose();

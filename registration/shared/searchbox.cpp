@@ -6,12 +6,8 @@ namespace registration {
 
 SearchBox::SearchBox(core::Workplace& place, ui::Screen& screen, SearchKind numberSearch,
                      std::function<void(SearchKind)> search)
-    : Part(place),
-      txtName(screen, "txtName"),
-      cmdOK(screen, "cmdOK", "By &Name"),
-      cmdCard(screen, "cmdCard", "Card No"),
+    : Part(place, screen),
       cmdSys(screen, "cmdSys", numberSearch == SearchKind::phoneNo ? "Tel No" : "System No"),
-      lblFound(screen, "lblFound"),
       search_(std::move(search)) {
     bind(cmdOK, ui::Event::click, [this] { find(SearchKind::name); });
     bind(cmdCard, ui::Event::click, [this] { find(SearchKind::cardNo); });

@@ -16,11 +16,11 @@ public:
     SearchBox(core::Workplace& place, ui::Screen& screen, SearchKind numberSearch,
               std::function<void(SearchKind)> search);
 
-    ui::TextBox txtName;
-    ui::Button cmdOK;
-    ui::Button cmdCard;
+    ui::TextBox txtName{screen(), "txtName"};
+    ui::Button cmdOK{screen(), "cmdOK", "By &Name"};
+    ui::Button cmdCard{screen(), "cmdCard", "Card No"};
     ui::Button cmdSys;
-    ui::Label lblFound;  ///< how many were found
+    ui::Label lblFound{screen(), "lblFound"};  ///< how many were found
 
     /// Searches, or says what an empty box wants.
     void find(SearchKind kind);

@@ -8,15 +8,7 @@
 
 namespace registration {
 
-Card::Card(core::Workplace& place, ui::Screen& screen, const Stage& stage)
-    : Part(place),
-      txtOLD(screen, "txtOLD"),
-      cboCard(screen, "cboCard", ui::ComboBox::Style::listOnly),
-      cboFile(screen, "cboFile", ui::ComboBox::Style::listOnly),
-      dtRegDate(screen, "dtRegDate"),
-      dtExpDate(screen, "dtExpDate"),
-      cmdRenew(screen, "cmdRenew", "Rene&w card"),
-      stage_(stage) {
+Card::Card(core::Workplace& place, ui::Screen& screen, const Stage& stage) : Part(place, screen), stage_(stage) {
     core::fill(cboCard, {"", "SINGLE", "FAMILY"});
     core::fill(cboFile, {"", "WHILE STILL IN SERVICE", "ONE YEAR", "TILL END OF YEAR"});
     bind(cboFile, ui::Event::click, [this] { pickDuration(); });

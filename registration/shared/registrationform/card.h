@@ -12,12 +12,13 @@ class Card : public Part {
 public:
     Card(core::Workplace& place, ui::Screen& screen, const Stage& stage);
 
-    ui::TextBox txtOLD;    ///< the number on the card
-    ui::ComboBox cboCard;  ///< for the patient alone, or for his family
-    ui::ComboBox cboFile;  ///< how long it holds
-    ui::DatePicker dtRegDate;
-    ui::DatePicker dtExpDate;
-    ui::Button cmdRenew;
+    ui::TextBox txtOLD{screen(), "txtOLD"};  ///< the number on the card
+    ui::ComboBox cboCard{screen(), "cboCard",
+                         ui::ComboBox::Style::listOnly};  ///< for the patient alone, or for his family
+    ui::ComboBox cboFile{screen(), "cboFile", ui::ComboBox::Style::listOnly};  ///< how long it holds
+    ui::DatePicker dtRegDate{screen(), "dtRegDate"};
+    ui::DatePicker dtExpDate{screen(), "dtExpDate"};
+    ui::Button cmdRenew{screen(), "cmdRenew", "Rene&w card"};
 
     /// The number that goes by the patient's own, where the hospital gives it so and none was typed.
     void drawNumber(const std::string& pno);

@@ -6,7 +6,7 @@
 namespace registration {
 
 CarriedDebt::CarriedDebt(core::Workplace& place, ui::Screen& screen, const Stage& stage)
-    : Part(place), lblDebtCap(screen, "lblDebtCap", "Carry Over Debt"), lblDebt(screen, "lblDebt", "0"), stage_(stage) {
+    : Part(place, screen), stage_(stage) {
     bind(lblDebt, ui::Event::dblClick, [this] { enter(); });
 }
 

@@ -11,8 +11,8 @@ class CarriedDebt : public Part {
 public:
     CarriedDebt(core::Workplace& place, ui::Screen& screen, const Stage& stage);
 
-    ui::Label lblDebtCap;
-    ui::Label lblDebt;
+    ui::Label lblDebtCap{screen(), "lblDebtCap", "Carry Over Debt"};
+    ui::Label lblDebt{screen(), "lblDebt", "0"};
 
     void clear();
     /// Shows 0 in place of what is no number.

@@ -5,26 +5,8 @@
 namespace registration {
 
 using namespace db::literals;
-using Style = ui::ComboBox::Style;
 
-Contacts::Contacts(core::Workplace& place, ui::Screen& screen)
-    : Part(place),
-      cboArea(screen, "cboArea"),
-      txtPhone(screen, "txtPhone", ui::digitsOnly),
-      cboMat(screen, "cboMat", Style::listOnly),
-      txtHomeAddress(screen, "txtHomeAddress"),
-      txtOfficeAddress(screen, "txtOfficeAddress"),
-      txtEmail(screen, "txtEmail"),
-      cboMStatus(screen, "cboMStatus", Style::listOnly),
-      txtBG(screen, "txtBG", Style::listOnly),
-      txtGeno(screen, "txtGeno", Style::listOnly),
-      txtOccu(screen, "txtOccu"),
-      cboStatus(screen, "cboStatus", Style::listOnly),
-      cboIntro(screen, "cboIntro"),
-      txtKin(screen, "txtKin"),
-      txtNOKPhone(screen, "txtNOKPhone"),
-      txtKinRel(screen, "txtKinRel"),
-      txtKinAddress(screen, "txtKinAddress") {
+Contacts::Contacts(core::Workplace& place, ui::Screen& screen) : Part(place, screen) {
     core::fill(cboMat, {"ADULT", "ADOLESCENT", "CHILD", "NEONATE"});
     core::fill(cboMStatus, {"", "SINGLE", "MARRIED"});
     core::fill(txtBG, {"", "O-NEGATIVE", "O-POSITIVE", "A-NEGATIVE", "A-POSITIVE", "B-NEGATIVE", "B-POSITIVE",

@@ -12,22 +12,22 @@ class Contacts : public Part {
 public:
     Contacts(core::Workplace& place, ui::Screen& screen);
 
-    ui::ComboBox cboArea;
-    ui::TextBox txtPhone;
-    ui::ComboBox cboMat;  ///< the maturity
-    ui::TextBox txtHomeAddress;
-    ui::TextBox txtOfficeAddress;
-    ui::TextBox txtEmail;
-    ui::ComboBox cboMStatus;
-    ui::ComboBox txtBG;
-    ui::ComboBox txtGeno;
-    ui::TextBox txtOccu;
-    ui::ComboBox cboStatus;  ///< the religion
-    ui::ComboBox cboIntro;
-    ui::TextBox txtKin;
-    ui::TextBox txtNOKPhone;
-    ui::ComboBox txtKinRel;
-    ui::TextBox txtKinAddress;
+    ui::ComboBox cboArea{screen(), "cboArea"};
+    ui::TextBox txtPhone{screen(), "txtPhone", ui::digitsOnly};
+    ui::ComboBox cboMat{screen(), "cboMat", ui::ComboBox::Style::listOnly};  ///< the maturity
+    ui::TextBox txtHomeAddress{screen(), "txtHomeAddress"};
+    ui::TextBox txtOfficeAddress{screen(), "txtOfficeAddress"};
+    ui::TextBox txtEmail{screen(), "txtEmail"};
+    ui::ComboBox cboMStatus{screen(), "cboMStatus", ui::ComboBox::Style::listOnly};
+    ui::ComboBox txtBG{screen(), "txtBG", ui::ComboBox::Style::listOnly};
+    ui::ComboBox txtGeno{screen(), "txtGeno", ui::ComboBox::Style::listOnly};
+    ui::TextBox txtOccu{screen(), "txtOccu"};
+    ui::ComboBox cboStatus{screen(), "cboStatus", ui::ComboBox::Style::listOnly};  ///< the religion
+    ui::ComboBox cboIntro{screen(), "cboIntro"};
+    ui::TextBox txtKin{screen(), "txtKin"};
+    ui::TextBox txtNOKPhone{screen(), "txtNOKPhone"};
+    ui::ComboBox txtKinRel{screen(), "txtKinRel"};
+    ui::TextBox txtKinAddress{screen(), "txtKinAddress"};
 
     /// Reads the areas and the staff. Throws db::Error.
     void loadLists();

@@ -13,7 +13,6 @@ using namespace db::literals;
 PatientFinder::PatientFinder(core::Workplace& place, ui::Screen& screen, ui::DataGrid& grid, SearchKind numberSearch,
                              Statements statements)
     : SearchBox(place, screen, numberSearch, [this](SearchKind kind) { show(kind); }),
-      screen_(screen),
       grid_(grid),
       statements_(statements),
       title_(screen.caption()) {
@@ -49,10 +48,10 @@ void PatientFinder::searchWhileTyping() {
     const std::chrono::milliseconds wait(session().gSearchWaitTime);
     core::WaitWithEvents(place(), wait, {[&] { return turn != turn_; }});
     if (turn != turn_) return;
-    screen_.setCaption("Retrieving data...Please wait");
+    screen().setCaption("Retrieving data...Please wait");
     place().desktop.showProgress();
     core::trapped(place(), [this] { show(SearchKind::name, settingNumber(session().gSearchValue) != db::Value(0)); });
-    screen_.setCaption(title_);
+    screen().setCaption(title_);
 }
 
 }  // namespace registration

@@ -26,7 +26,6 @@ private:
     void show(SearchKind kind, bool limited = false);
     void searchWhileTyping();
 
-    ui::Screen& screen_;
     ui::DataGrid& grid_;
     Statements statements_;
     std::string title_;  ///< the screen's caption while no patient is shown

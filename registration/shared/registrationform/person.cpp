@@ -23,15 +23,7 @@ std::string storedName(const std::string& typed) {
 
 }  // namespace
 
-Person::Person(core::Workplace& place, ui::Screen& screen, const Stage& stage)
-    : Part(place),
-      cboTitle(screen, "cboTitle"),
-      txtsurNAme(screen, "txtsurNAme", ui::upperCase),
-      txtfirstNAme(screen, "txtfirstNAme", ui::upperCase),
-      txtSex(screen, "txtSex", ui::ComboBox::Style::listOnly),
-      dtDate(screen, "dtDate"),
-      txtAge(screen, "txtAge"),
-      stage_(stage) {
+Person::Person(core::Workplace& place, ui::Screen& screen, const Stage& stage) : Part(place, screen), stage_(stage) {
     core::fill(cboTitle, {"", "MR", "MRS", "MISS", "MASTER", "DR", "PROF", "ALHAJI", "ALHAJA", "PASTOR", "CHIEF"});
     core::fill(txtSex, {"", "MALE", "FEMALE"});
     bind(txtsurNAme, Event::lostFocus, [this] { warnOfNamesakes(); });

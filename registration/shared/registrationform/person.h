@@ -12,12 +12,12 @@ class Person : public Part {
 public:
     Person(core::Workplace& place, ui::Screen& screen, const Stage& stage);
 
-    ui::ComboBox cboTitle;
-    ui::TextBox txtsurNAme;
-    ui::TextBox txtfirstNAme;
-    ui::ComboBox txtSex;
-    ui::DatePicker dtDate;
-    ui::TextBox txtAge;
+    ui::ComboBox cboTitle{screen(), "cboTitle"};
+    ui::TextBox txtsurNAme{screen(), "txtsurNAme", ui::upperCase};
+    ui::TextBox txtfirstNAme{screen(), "txtfirstNAme", ui::upperCase};
+    ui::ComboBox txtSex{screen(), "txtSex", ui::ComboBox::Style::listOnly};
+    ui::DatePicker dtDate{screen(), "dtDate"};
+    ui::TextBox txtAge{screen(), "txtAge"};
 
     /// The names as they are stored: without brackets, which mark keys in lists.
     [[nodiscard]] std::string surname() const;

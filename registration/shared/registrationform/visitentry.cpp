@@ -13,18 +13,7 @@ using ui::Event;
 
 VisitEntry::VisitEntry(core::Workplace& place, ui::Screen& screen, const Stage& stage, Follower& follower,
                        const Ways& ways)
-    : Part(place),
-      chkReg(screen, "chkReg", "Automatic &Attendance"),
-      fraAttd(screen, "fraAttd"),
-      cboClin(screen, "cboClin", ui::ComboBox::Style::listOnly),
-      cboPurpose(screen, "cboPurpose"),
-      dtNext(screen, "dtNext"),
-      dtRefTime(screen, "dtRefTime", ui::DatePicker::Format::time),
-      cmdAttend(screen, "cmdAttend", "Past &visits"),
-      grdAttend(screen, "grdAttend"),
-      stage_(stage),
-      follower_(follower),
-      ways_(ways) {
+    : Part(place, screen), stage_(stage), follower_(follower), ways_(ways) {
     for (ui::Control* control : std::initializer_list<ui::Control*>{&cboClin, &cboPurpose, &dtNext, &dtRefTime})
         control->heldBy(fraAttd);
     bind(chkReg, Event::click, [this] { take(); });

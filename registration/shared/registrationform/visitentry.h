@@ -35,14 +35,14 @@ public:
     };
     VisitEntry(core::Workplace& place, ui::Screen& screen, const Stage& stage, Follower& follower, const Ways& ways);
 
-    ui::CheckBox chkReg;
-    ui::Picture fraAttd;
-    ui::ComboBox cboClin;
-    ui::ComboBox cboPurpose;
-    ui::DatePicker dtNext;
-    ui::DatePicker dtRefTime;
-    ui::Button cmdAttend;
-    ui::DataGrid grdAttend;
+    ui::CheckBox chkReg{screen(), "chkReg", "Automatic &Attendance"};
+    ui::Picture fraAttd{screen(), "fraAttd"};
+    ui::ComboBox cboClin{screen(), "cboClin", ui::ComboBox::Style::listOnly};
+    ui::ComboBox cboPurpose{screen(), "cboPurpose"};
+    ui::DatePicker dtNext{screen(), "dtNext"};
+    ui::DatePicker dtRefTime{screen(), "dtRefTime", ui::DatePicker::Format::time};
+    ui::Button cmdAttend{screen(), "cmdAttend", "Past &visits"};
+    ui::DataGrid grdAttend{screen(), "grdAttend"};
 
     [[nodiscard]] std::vector<ui::Control*> controls();
     /// Reads the clinics and the purposes. Throws db::Error.

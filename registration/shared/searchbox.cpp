@@ -20,7 +20,7 @@ void SearchBox::find(SearchKind kind) {
 }
 
 std::string SearchBox::wanted(SearchKind kind) {
-    const auto text = core::trimmed(txtName.text());
+    auto text = core::trimmed(txtName.text());
     if (kind != SearchKind::sysNo) return text;
     txtName.setText(systemNumber(place().session, text));
     return txtName.text();

@@ -10,24 +10,15 @@ namespace registration {
 
 using namespace db::literals;
 
-bool frmPatientsNew::mayTakeAttendance() const {
-    return session().gModuleRole == "RECORDS";
-}
-
 /// The locks and the card are looked at when a clinic is picked; each refusal takes the pick back.
-void frmPatientsNew::cboClin_Click() {
+void frmPatientsNew::clinicPicked() {
     forgetDoctors();
-    session().gClinicName = cboClin.text();
-    if (cboClin.text().empty()) return;
+    session().gClinicName = visit.cboClin.text();
+    if (visit.cboClin.text().empty()) return;
     if (session().gAssignDoctorsToRooms == "YES" && !roomsAreAssigned()) return;
     offerDoctors();
-    if (locked()) return clearClinic();
-    cardIsGood();
-}
-
-void frmPatientsNew::clearClinic() {
-    RegistrationForm::clearClinic();
-    forgetDoctors();
+    if (locked()) return visit.clearClinic();
+    checkCard();
 }
 
 void frmPatientsNew::forgetDoctors() {
@@ -42,7 +33,7 @@ bool frmPatientsNew::roomsAreAssigned() {
         hospital().read("select DocNo from hConRoomAssign where schdDate='"_sql + session().gServerDate + "'");
     if (!rooms.empty()) return true;
     message("Please Assign Doctors to Consulting Rooms before Attendance can be Taken", ui::Icon::none, "OK");
-    clearClinic();
+    visit.clearClinic();
     desktop().show("frmSchedDoctor");
     return false;
 }
@@ -73,14 +64,13 @@ void frmPatientsNew::SuggestDoctor() {
 }
 
 bool frmPatientsNew::locked() {
-    const auto pno = core::trimmed(txtSupp.text());
     if (session().gLockAttendanceForInPatients == "YES" &&
-        !hospital().read("select pno from qryhAdmission where pno='"_sql + pno + "'").empty()) {
+        !hospital().read("select pno from qryhAdmission where pno='"_sql + pno() + "'").empty()) {
         message("This Patient is Still On Admission!! Discharge Patient Before Attendance can be Taken", ui::Icon::none,
                 "LockAttendanceForInPatients");
         return true;
     }
-    if (session().gLockMultipleAttendance == "YES" && core::HasVisitToday(place(), pno)) {
+    if (session().gLockMultipleAttendance == "YES" && core::HasVisitToday(place(), pno())) {
         message("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor", ui::Icon::none,
                 "LockMultipleAttendnace");
         return true;
@@ -96,35 +86,35 @@ void frmPatientsNew::cboDoc_Click() {
 
 /// An appointment takes its day from the days of its clinic.
 void frmPatientsNew::purposePicked() {
-    if (cboPurpose.text() != "APPOINTMENT") return;
+    if (!visit.isAppointment()) return;
     const auto days =
         hospital().read("select distinct Clinic  from vwClinicDays where clinic='"_sql + session().gClinicName + "'");
     if (!days.empty()) desktop().show("frmClinicDates");
 }
 
 void frmPatientsNew::TakeAttendance() {
-    if (cboPurpose.text() == "APPOINTMENT") writeAppointment();
-    const auto pno = core::trimmed(txtSupp.text());
-    hospital().execute("update hPatients set LastPurpose='"_sql + cboPurpose.text() + "', LastClinicVisited ='" +
-                       cboClin.text() + "', LastAttndDate='" + session().gServerNow.date() + "', LastConsultID = '" +
-                       consultId_ + "' where pno='" + pno + "'");
+    writeAppointment();
+    hospital().execute("update hPatients set LastPurpose='"_sql + visit.cboPurpose.text() + "', LastClinicVisited ='" +
+                       visit.cboClin.text() + "', LastAttndDate='" + session().gServerNow.date() +
+                       "', LastConsultID = '" + visit.number() + "' where pno='" + pno() + "'");
     writeVisit();
     const core::Cells version = {{"AppVersion", place().settings.version.major}};
     addFee("ATTENDANCE", 0, session().gRevtypeConsult, version);
     addBalance();
     session().gPatientBalance = 0;
-    core::RefreshDebtInfo(place(), pno);
+    core::RefreshDebtInfo(place(), pno());
     core::addRow(hospital(), "select  * from hPatientsTimeline where 1=2"_sql,
-                 {{"consultID", consultId_}, {"ServicePoint", "ATTENDANCE"}, {"EntryOrExit", "ENTRY|EXIT"}});
-    audit("Insert Attendance for " + fullName(), consultId_,
-          cboClient.text() + "/" + cboClin.text() + "/" + cboPurpose.text() + "/" + session().gClientName);
+                 {{"consultID", visit.number()}, {"ServicePoint", "ATTENDANCE"}, {"EntryOrExit", "ENTRY|EXIT"}});
+    audit("Insert Attendance for " + person.fullName(), visit.number(),
+          client.cboClient.text() + "/" + visit.cboClin.text() + "/" + visit.cboPurpose.text() + "/" +
+              session().gClientName);
 }
 
 void frmPatientsNew::writeVisit() {
     const auto last =
-        hospital().read("select  top 1 ConsultID,recDate,clinicType,Remarks from hRecords  where pno='"_sql +
-                        core::trimmed(txtSupp.text()) + "' order by RecID desc");
-    auto cells = visitCells();
+        hospital().read("select  top 1 ConsultID,recDate,clinicType,Remarks from hRecords  where pno='"_sql + pno() +
+                        "' order by RecID desc");
+    auto cells = visit.cells(pno(), client);
     if (!cboDoc.text().empty()) {
         cells.emplace_back("DocAssigned", assignedDoctorId_);
         cells.emplace_back("PatVal", 1);
@@ -140,12 +130,16 @@ void frmPatientsNew::writeVisit() {
 
 /// What a new patient carries over from an older account becomes a line of the first visit.
 void frmPatientsNew::addBalance() {
-    const auto shown = db::withoutThousandsSeparators(lblDebt.caption()).value_or(lblDebt.caption());
-    const auto balance = db::parseNumber(shown).value_or(0);
+    const auto balance = debt.amount();
     session().gPatientBalance = balance;
     if (editing() || balance == 0) return;
     addFee("OPENING_BALANCE_DEBT", balance, session().gRevtypeConsult,
            {{"AppVersion", place().settings.version.major}});
+}
+
+void frmPatientsNew::showList() {
+    RegistrationForm::showList();
+    refreshQueues();
 }
 
 void frmPatientsNew::refreshQueues() {

@@ -7,36 +7,56 @@
 #include "core/session/session.h"
 #include "core/session/workplace.h"
 #include "core/texts/texts.h"
+#include "registration/shared/cards.h"
 
 namespace registration {
 
 using namespace db::literals;
 
+namespace {
+
+/// The name and the telephone are searched for as typed; only the card's number has its quotes doubled.
+db::Recordset search(core::Workplace& place, SearchKind kind, const std::string& text, bool limited) {
+    auto& hospital = place.hospital();
+    if (kind == SearchKind::phoneNo)
+        return hospital.read("select  * from vwhpatients where PhoneNo like '%"_sql + text + "%' order by fullname");
+    if (kind == SearchKind::cardNo)
+        return hospital.read("select  * from vwhpatients where oldPno = '"_sql + core::quotesDoubled(text) +
+                             "'  order by fullname");
+    if (limited) return firstByName(place, text);
+    return hospital.read("select  * from vwhpatients where fullname like '%"_sql + text + "%'  order by fullname");
+}
+
+}  // namespace
+
 frmPatientsNew::frmPatientsNew(core::Workplace& place)
     : RegistrationForm(place, "frmPatientsNew", "Patient Attendance / Registration",
                        {.numberSearch = SearchKind::phoneNo,
-                        .consultPrice = ConsultPrice::client,
+                        .search = &search,
+                        .visit = {.deskOnly = true, .consultPrice = ConsultPrice::client},
                         .deleteRefusal = "You dont have Permission to Reverse an Entry"}) {
     cboDoc.onPage(SSTab1, 2);
     grdDoc.onPage(SSTab1, 2);
-    cboDoc.heldBy(fraAttd);
+    cboDoc.heldBy(visit.fraAttd);
     grdDoc.hideColumn("EmpID");
     bind(cboDoc, ui::Event::click, &frmPatientsNew::cboDoc_Click);
     bind(grdDoc, ui::Event::dblClick, &frmPatientsNew::grdDoc_DblClick);
+    bind(photograph.cmdPix, ui::Event::click, &frmPatientsNew::cmdPix_Click);
+    bind(cmdPatDep, ui::Event::click, &frmPatientsNew::cmdPatDep_Click);
     quietly(Timer1, &frmPatientsNew::refreshQueues);
 }
 
 std::vector<core::Check> frmPatientsNew::checksOfPatient() {
-    const auto& client = session().gClientRetainID;
-    const bool managed = isManagedCare(cboClient.text());
-    const bool attends = chkReg.checked();
+    const auto& retainID = session().gClientRetainID;
+    const bool managed = isManagedCare(client.cboClient.text());
+    const bool attends = visit.taken();
     std::vector<core::Check> checks = {
         {cboNew.text().empty(), "Specify if Registration is new OR Existing", &cboNew},
-        {cboTitle.text().empty(), "Specify Patient Title/Salutation", &cboTitle},
-        {blank(cboPat), " Company Name cannot be empty", &cboPat},
-        {client.empty(), " Select Company Name", &cboPat, "Empty Company Code not Allowed"},
-        {core::trimmed(client).size() > 7, " Re-Select Company Name", &cboPat, "Invalid Company Code"},
-        {managed && blank(txtEmp), "HMO Enrolle No Needed", &txtEmp},
+        {person.cboTitle.text().empty(), "Specify Patient Title/Salutation", &person.cboTitle},
+        {blank(client.cboPat), " Company Name cannot be empty", &client.cboPat},
+        {retainID.empty(), " Select Company Name", &client.cboPat, "Empty Company Code not Allowed"},
+        {core::trimmed(retainID).size() > 7, " Re-Select Company Name", &client.cboPat, "Invalid Company Code"},
+        {managed && blank(client.txtEmp), "HMO Enrolle No Needed", &client.txtEmp},
         {managed && session().gAdmissionLimitExists == "YES" && txtAdmitLimit.text().empty(),
          "Specify Maximum No of hrs to Stay in Admission, if Admitted! (AdmissionLimit) Enter zero if Unlimited",
          &txtAdmitLimit},
@@ -45,57 +65,48 @@ std::vector<core::Check> frmPatientsNew::checksOfPatient() {
     const bool held = std::none_of(checks.begin(), checks.end(), [](const core::Check& check) { return check.failed; });
     if (held && !managed && txtAdmitLimit.text().empty()) txtAdmitLimit.setText("0");
     const std::vector<core::Check> further = {
-        {cboCard.text().empty(), " Card Category cannot be empty", &cboCard},
-        {!dtExpDate.value() && isPrivate(), " Please Specify Expiration Date for this Private Patient", &dtExpDate},
-        {!dtRegDate.value(), " Please Specify Date Patient Registered", &dtRegDate},
-        {editing() && blank(txtSupp), " Patient Card No cannot be empty", &txtName},
-        {blank(cboMat), " Patient Maturity  Cannot be Blank", &cboMat},
+        {card.cboCard.text().empty(), " Card Category cannot be empty", &card.cboCard},
+        {!card.dtExpDate.value() && client.isPrivate(), " Please Specify Expiration Date for this Private Patient",
+         &card.dtExpDate},
+        {!card.dtRegDate.value(), " Please Specify Date Patient Registered", &card.dtRegDate},
+        {editing() && blank(txtSupp), " Patient Card No cannot be empty", &finder.txtName},
+        {blank(contacts.cboMat), " Patient Maturity  Cannot be Blank", &contacts.cboMat},
         {!editing() && cboNew.text().empty(), " Specify Registration type 'NEW/OLD'", &cboNew},
-        {CboRef.text().empty(), "Fee for Service Field  Cannot be Blank", &CboRef},
-        {blank(cboRefHmo), "HMO Referal Field  Cannot be Blank", &cboRefHmo},
-        {blank(cboArea), "Specify Patient Residential Area", &cboArea},
-        {blank(txtsurNAme), " Surname cannot be empty", &txtsurNAme},
-        {blank(txtfirstNAme), " Firstname cannot be empty", &txtfirstNAme},
-        {cboPat.text().empty(), " Company Name cannot be empty", &cboPat},
-        {cboClient.text().empty(), "Billing Cat (Client Tariff) cannot be empty", &cboClient},
-        {attends && cboClin.text().empty(), "Specify Clinic for Attendance", &cboClin},
-        {attends && cboPurpose.text().empty(), "Specify Purpose of Attendance", &cboPurpose},
-        {attends && session().gAttendPurpose.empty(), "Specify Purpose of Attendance", &cboPurpose},
-        {blank(txtPhone), "Patient's Phone No Required! 11 Digits Onlt!! GSM Only. eg 08031234567", &txtPhone},
-        {blank(txtKin), "Next of Kin Required", &txtKin},
-        {blank(txtNOKPhone), "Next of Kin Phone No Required", &txtNOKPhone},
+        {client.CboRef.text().empty(), "Fee for Service Field  Cannot be Blank", &client.CboRef},
+        {blank(client.cboRefHmo), "HMO Referal Field  Cannot be Blank", &client.cboRefHmo},
+        {blank(contacts.cboArea), "Specify Patient Residential Area", &contacts.cboArea},
+        {blank(person.txtsurNAme), " Surname cannot be empty", &person.txtsurNAme},
+        {blank(person.txtfirstNAme), " Firstname cannot be empty", &person.txtfirstNAme},
+        {client.cboPat.text().empty(), " Company Name cannot be empty", &client.cboPat},
+        {client.cboClient.text().empty(), "Billing Cat (Client Tariff) cannot be empty", &client.cboClient},
+        {attends && visit.cboClin.text().empty(), "Specify Clinic for Attendance", &visit.cboClin},
+        {attends && visit.cboPurpose.text().empty(), "Specify Purpose of Attendance", &visit.cboPurpose},
+        {attends && session().gAttendPurpose.empty(), "Specify Purpose of Attendance", &visit.cboPurpose},
+        {blank(contacts.txtPhone), "Patient's Phone No Required! 11 Digits Onlt!! GSM Only. eg 08031234567",
+         &contacts.txtPhone},
+        {blank(contacts.txtKin), "Next of Kin Required", &contacts.txtKin},
+        {blank(contacts.txtNOKPhone), "Next of Kin Phone No Required", &contacts.txtNOKPhone},
     };
     checks.insert(checks.end(), further.begin(), further.end());
     return checks;
 }
 
-/// The name and the telephone are searched for as typed; only the card's number has its quotes doubled.
-db::Recordset frmPatientsNew::search(SearchKind kind, const std::string& text) {
-    if (kind == SearchKind::phoneNo)
-        return hospital().read("select  * from vwhpatients where PhoneNo like '%"_sql + text + "%' order by fullname");
-    if (kind == SearchKind::cardNo)
-        return hospital().read("select  * from vwhpatients where oldPno = '"_sql + core::quotesDoubled(text) +
-                               "'  order by fullname");
-    if (limitedSearch()) return firstByName(place(), text);
-    return hospital().read("select  * from vwhpatients where fullname like '%"_sql + text + "%'  order by fullname");
-}
-
 core::Cells frmPatientsNew::kinshipCells() const {
     if (dependantMode_) return {{"Principal", principalPNo_}, {"pCatID", "DEPENDANT"}};
-    return {{"Principal", core::trimmed(txtSupp.text())}, {"pCatID", "PRINCIPAL"}};
+    return {{"Principal", pno()}, {"pCatID", "PRINCIPAL"}};
 }
 
 void frmPatientsNew::writeBehindNewPatient() {
     if (cboNew.text() != "NEW") return;
-    const auto amount = clientFee(
-        "select RegAmount from hRetainership where retainID='"_sql + session().gClientRetainID + "'", "RegAmount");
-    addFee("REGISTRATION", amount, "REGISTRATION", {{"Category", "REGISTRATION"}, {"suppres", 0}, {"Capitated", "NO"}});
-    audit("Reg Fee for " + fullName(), consultId_);
+    const auto amount = statedFee(
+        hospital(), "select RegAmount from hRetainership where retainID='"_sql + session().gClientRetainID + "'",
+        "RegAmount");
+    addRegistrationFee(amount);
 }
 
 void frmPatientsNew::cmdPix_Click() {
     if (txtSupp.text().empty()) txtSupp.setText("0000");
-    choosePhotograph();
+    photograph.choose();
 }
 
 /// Begins a dependant of the loaded principal: surname, address, client and card stay as the principal's.
@@ -106,11 +117,14 @@ void frmPatientsNew::cmdPatDep_Click() {
         return clear();
     }
     if (currentPNo_.empty() && txtSupp.text().empty()) return message("Select Principal Patient to add Dependants to");
-    principalPNo_ = currentPNo_.empty() ? core::trimmed(txtSupp.text()) : currentPNo_;
-    for (auto* box : {&txtfirstNAme, &txtAge, &txtPhone, &txtEmail, &txtOccu, &txtOfficeAddress}) box->clear();
-    dtDate.setValue({});
-    clearPhotograph();
-    for (auto* list : {&txtSex, &cboMat, &txtKinRel, &cboTitle, &cboNew}) list->clearText();
+    principalPNo_ = currentPNo_.empty() ? pno() : currentPNo_;
+    for (auto* box : {&person.txtfirstNAme, &person.txtAge, &contacts.txtPhone, &contacts.txtEmail, &contacts.txtOccu,
+                      &contacts.txtOfficeAddress})
+        box->clear();
+    person.dtDate.setValue({});
+    photograph.clear();
+    for (auto* list : {&person.txtSex, &contacts.cboMat, &contacts.txtKinRel, &person.cboTitle, &cboNew})
+        list->clearText();
     cmdAdd_Click();
     dependantMode_ = true;
 }

@@ -16,20 +16,18 @@ public:
 
 protected:
     [[nodiscard]] std::vector<core::Check> checksOfPatient() override;
-    [[nodiscard]] bool mayTakeAttendance() const override;
-    void cboClin_Click() override;
+    void clinicPicked() override;
+    void clinicCleared() override { forgetDoctors(); }
     void purposePicked() override;
-    [[nodiscard]] db::Recordset search(SearchKind kind, const std::string& text) override;
     [[nodiscard]] core::Cells kinshipCells() const override;
     void TakeAttendance() override;
     void writeBehindNewPatient() override;
-    void cmdPatDep_Click() override;
-    void cmdPix_Click() override;
-    void clearClinic() override;
-    void refreshQueues() override;
+    void showList() override;
     void finished() override;
 
 private:
+    void cmdPatDep_Click();
+    void cmdPix_Click();
     bool roomsAreAssigned();
     void offerDoctors();
     void forgetDoctors();
@@ -37,12 +35,14 @@ private:
     bool locked();
     void cboDoc_Click();
     void grdDoc_DblClick();
+    void refreshQueues();
     void showQueues();
     void forgetPastRooms();
     void writeVisit();
     void addBalance();
     void anotherDependant();
 
+    std::string principalPNo_;  ///< of the dependant that is added
     std::string assignedDoctorId_;
     std::string assignedDoctorName_;
 };

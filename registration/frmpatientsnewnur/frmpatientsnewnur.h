@@ -12,17 +12,15 @@ public:
 
 protected:
     [[nodiscard]] std::vector<core::Check> checksOfPatient() override;
-    [[nodiscard]] bool mayTakeAttendance() const override { return true; }
-    void cboClin_Click() override;
+    void clinicPicked() override;
     void categoryPicked() override;
-    [[nodiscard]] db::Recordset search(SearchKind kind, const std::string& text) override;
     [[nodiscard]] core::Cells kinshipCells() const override;
     void TakeAttendance() override;
     void writeBehindNewPatient() override;
-    void cmdPatDep_Click() override;
-    void cmdPix_Click() override;
 
 private:
+    void cmdPatDep_Click();
+    void cmdPix_Click();
     [[nodiscard]] double purposeAmount() const;
     [[nodiscard]] double registrationAmount();
     void addBalance();

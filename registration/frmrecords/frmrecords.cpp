@@ -23,13 +23,10 @@ bool isSplitBill(const std::string& consultID) {
 
 frmRecords::frmRecords(core::Workplace& place)
     : RecordForm(place, "frmRecords", "ATTENDANCE FOR TODAY :"),
-      client_(place, {cboPat, cboClient, txtPolicy, txtEmp}, {retainID_, clientName_, category_, clientType_}) {
-    bind(txtName, Event::keyReturn, &frmRecords::txtName_KeyReturn);
-    bind(cmdOK, Event::click, [this] { find(SearchKind::name); });
-    bind(cmdCard, Event::click, [this] { find(SearchKind::cardNo); });
-    bind(cmdSys, Event::click, [this] { find(SearchKind::sysNo); });
+      client(place, *this, ui::ComboBox::Style::listOnly, {retainID_, clientName_, category_, clientType_}) {
+    bind(finder.txtName, Event::keyReturn, &frmRecords::txtName_KeyReturn);
     bind(cboVehNo, Event::click, &frmRecords::cboVehNo_Click);
-    bind(cboPat, Event::click, &frmRecords::cboPat_Click);
+    bind(client.cboPat, Event::click, &frmRecords::cboPat_Click);
     bind(cboType, Event::click, &frmRecords::cboType_Click);
     bind(cboPurpose, Event::click, &frmRecords::cboPurpose_Click);
     // A purpose that is no entry of the list is routed nowhere.
@@ -54,8 +51,6 @@ void frmRecords::unload() {
 }
 
 void frmRecords::fillLists() {
-    core::fill(CboRef, {"", "YES", "NO"});
-    core::fill(cboRefHmo, {"", "YES", "NO"});
     cboPurpose.clear();
     core::addColumn(cboPurpose, hospital(), "select Distinct Purpose from hClinicPurpose"_sql, "Purpose");
     cboType.clear();
@@ -63,12 +58,12 @@ void frmRecords::fillLists() {
                     "select distinct ClinicName,ClinicID from clinicTypes where ClinicName not in "
                     "('(IN-PATIENT)','IN-PATIENT')  order by clinicName "_sql,
                     "ClinicID");
-    client_.loadClients(false);
+    client.loadClients(false);
 }
 
 void frmRecords::showList() {
     pickFromSearch_ = false;
-    lblFound.setCaption({});
+    finder.lblFound.setCaption({});
     core::refreshRows(
         grdData,
         hospital().read(
@@ -87,18 +82,18 @@ void frmRecords::refreshQueue() {
 
 // A visit stays its patient's: while it is corrected, nobody else is found.
 void frmRecords::entered(Mode /*mode*/) {
-    for (ui::Control* control : std::initializer_list<ui::Control*>{&txtName, &cmdOK, &cmdCard, &cmdSys, &cboVehNo})
-        control->setEnabled(!editing());
+    finder.setEnabled(!editing());
+    cboVehNo.setEnabled(!editing());
 }
 
 void frmRecords::clear() {
     clearPatient();
-    txtName.clear();
+    finder.txtName.clear();
     cboVehNo.clear();
     cboType.clearText();
     cboPurpose.clearText();
     lblBill.setCaption({});
-    lblFound.setCaption({});
+    finder.lblFound.setCaption({});
     recID_.clear();
     renewedPNo_.clear();
     session().gAttendPurpose.clear();
@@ -112,9 +107,9 @@ void frmRecords::clearPatient() {
     retainID_.clear();
     clientName_.clear();
     for (auto* label : {&lblTitle, &lblNo, &lblOld, &lblOccup, &lblPolicy, &lblExpire}) label->setCaption({});
-    for (auto* list : {&cboPat, &CboRef, &cboRefHmo}) list->clearText();
-    for (auto* list : {&cboClient, &txtPolicy}) list->clear();
-    txtEmp.clear();
+    for (auto* list : {&client.cboPat, &client.CboRef, &client.cboRefHmo}) list->clearText();
+    for (auto* list : {&client.cboClient, &client.txtPolicy}) list->clear();
+    client.txtEmp.clear();
     imgPix.setImage({});
     cmdRenew.setEnabled(false);
 }
@@ -123,7 +118,7 @@ void frmRecords::clearPatient() {
 void frmRecords::startAdding() {
     session().gPatientBalance = 0;
     showList();
-    desktop().focus(pno_.empty() ? static_cast<ui::Control&>(txtName) : cboType);
+    desktop().focus(pno_.empty() ? static_cast<ui::Control&>(finder.txtName) : cboType);
 }
 
 void frmRecords::refresh() {

@@ -7,7 +7,7 @@
 #include "core/forms/recordform.h"
 #include "core/rows/entries.h"
 #include "registration/shared/clientpick.h"
-#include "registration/shared/patientsearch.h"
+#include "registration/shared/searchbox.h"
 #include "registration/shared/visits.h"
 
 namespace registration {
@@ -24,12 +24,7 @@ public:
 
     ui::Button cmdRenew{*this, "cmdRenew", "Rene&w card"};
 
-    // -- finding --
-    ui::TextBox txtName{*this, "txtName"};
-    ui::Button cmdOK{*this, "cmdOK", "By &Name"};
-    ui::Button cmdCard{*this, "cmdCard", "Card No"};
-    ui::Button cmdSys{*this, "cmdSys", "System No"};
-    ui::Label lblFound{*this, "lblFound"};
+    SearchBox finder{place(), *this, SearchKind::sysNo, [this](SearchKind kind) { find(kind); }};
     ui::ComboBox cboVehNo{*this, "cboVehNo", ui::ComboBox::Style::listOnly};  ///< the patients found
 
     // -- the patient --
@@ -44,12 +39,7 @@ public:
     // -- the visit --
     ui::ComboBox cboType{*this, "cboType", ui::ComboBox::Style::listOnly};  ///< the clinic
     ui::ComboBox cboPurpose{*this, "cboPurpose"};
-    ui::ComboBox cboPat{*this, "cboPat", ui::ComboBox::Style::listOnly};        ///< the client
-    ui::ComboBox cboClient{*this, "cboClient", ui::ComboBox::Style::listOnly};  ///< the billing category
-    ui::ComboBox txtPolicy{*this, "txtPolicy"};                                 ///< the plan
-    ui::TextBox txtEmp{*this, "txtEmp"};
-    ui::ComboBox CboRef{*this, "CboRef", ui::ComboBox::Style::listOnly};  ///< fee for service
-    ui::ComboBox cboRefHmo{*this, "cboRefHmo", ui::ComboBox::Style::listOnly};
+    ClientPick client;
     ui::Label lblBill{*this, "lblBill"};  ///< the visit's number
     ui::DatePicker dtDate{*this, "dtDate"};
 
@@ -75,7 +65,7 @@ protected:
     void clear() override;
     void cancelled() override { showList(); }
     void refresh() override;
-    [[nodiscard]] ui::Control& restingPlace() override { return txtName; }
+    [[nodiscard]] ui::Control& restingPlace() override { return finder.txtName; }
     [[nodiscard]] ui::Control* controlOf(std::string_view column) override;
 
 private:
@@ -116,7 +106,6 @@ private:
     std::string clientName_;
     std::string category_;
     std::string clientType_;
-    ClientPick client_;
     std::string recID_;            ///< of the row under correction
     std::string written_;          ///< the number of the visit that was saved last
     std::string renewedPNo_;       ///< whose card was sent to be renewed: the fee is his

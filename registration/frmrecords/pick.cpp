@@ -15,30 +15,28 @@ using namespace db::literals;
 
 /// Enter in the search box finds a number or a name, as the text looks.
 void frmRecords::txtName_KeyReturn() {
-    const auto text = core::trimmed(txtName.text());
+    const auto text = core::trimmed(finder.txtName.text());
     const bool number = !text.empty() && text.find_first_not_of("0123456789/") == std::string::npos;
-    find(number ? SearchKind::sysNo : SearchKind::name);
+    finder.find(number ? SearchKind::sysNo : SearchKind::name);
 }
 
 void frmRecords::find(SearchKind kind) {
-    if (blank(txtName)) return refuse(searchPrompt(kind), txtName);
     search(kind);
     if (!pno_.empty()) return desktop().focus(browsing() ? static_cast<ui::Control&>(cmdAdd) : cboType);
-    desktop().focus(grdData.row() < 0 ? static_cast<ui::Control&>(txtName) : grdData);
+    desktop().focus(grdData.row() < 0 ? static_cast<ui::Control&>(finder.txtName) : grdData);
 }
 
 /// Offers the patients found; the one whom a number finds is picked at once.
 void frmRecords::search(SearchKind kind) {
-    if (kind == SearchKind::sysNo) txtName.setText(systemNumber(session(), core::trimmed(txtName.text())));
-    auto found = searchAtDesk(place(), kind, core::trimmed(txtName.text()));
+    auto found = searchAtDesk(place(), kind, finder.wanted(kind));
     cboVehNo.clear();
     for (; !found.eof(); found.moveNext())
         cboVehNo.add(core::entryText(found["FullName"].textOr(), found["pno"].textOr()));
     if (!editing()) {
         clearPatient();
         pickFromSearch_ = true;
-        showFound(grdData, lblFound, std::move(found), {"expired", "coyname", "fullname"});
-        grdData.setCaption(lblFound.caption());
+        showFound(grdData, finder.lblFound, std::move(found), {"expired", "coyname", "fullname"});
+        grdData.setCaption(finder.lblFound.caption());
     }
     if (kind != SearchKind::name && cboVehNo.items().size() == 1) cboVehNo.setIndex(0);
 }
@@ -62,16 +60,16 @@ void frmRecords::pickPatient(const core::Entry& entry) {
         entry.key + "'");
     if (patient.empty()) return;
     showPatient(patient);
-    const auto client = patient["CoyName"].textOr();
-    if (!isClient(hospital(), client)) message("BillTo Value Cannot be Empty!!! Check your Client Information");
+    const auto retainID = patient["CoyName"].textOr();
+    if (!isClient(hospital(), retainID)) message("BillTo Value Cannot be Empty!!! Check your Client Information");
     lblTitle.setCaption(entry.name);
-    if (client.empty()) {
+    if (retainID.empty()) {
         message("Registration Incomplete! Company Name Required!! Go to Registration Page");
         return clear();
     }
     pno_ = entry.key;
-    takeClient(client, patient["Client"].textOr(), patient["billingCat"].textOr());
-    if (!lblPolicy.caption().empty()) core::showEntry(txtPolicy, lblPolicy.caption());
+    takeClient(retainID, patient["Client"].textOr(), patient["billingCat"].textOr());
+    if (!lblPolicy.caption().empty()) core::showEntry(client.txtPolicy, lblPolicy.caption());
     showPhotograph(place(), imgPix, pno_);
     checkCard();
 }
@@ -82,22 +80,22 @@ void frmRecords::showPatient(const db::Recordset& patient) {
     lblOccup.setCaption(patient["occupation"].textOr());
     lblPolicy.setCaption(patient["policytype"].textOr());
     lblExpire.setCaption(patient["expirydate"].textOr());
-    core::showEntry(CboRef, patient["ref"].textOr("NO"));
-    core::showEntry(cboRefHmo, patient["HMORef"].textOr("NO"));
+    core::showEntry(client.CboRef, patient["ref"].textOr("NO"));
+    core::showEntry(client.cboRefHmo, patient["HMORef"].textOr("NO"));
 }
 
 void frmRecords::takeClient(const std::string& retainID, const std::string& name, const std::string& category) {
     retainID_ = retainID;
     clientName_ = name;
-    showQuietly(cboPat, core::entryText(name, retainID));
-    client_.offerCategoriesOf(retainID);
-    client_.loadPlans();
-    core::showEntry(cboClient, category);
+    showQuietly(client.cboPat, core::entryText(name, retainID));
+    client.offerCategoriesOf(retainID);
+    client.loadPlans();
+    core::showEntry(client.cboClient, category);
 }
 
 /// A private patient whose card has run out, or has no date, is in no clinic: one that was chosen before him goes.
 void frmRecords::checkCard() {
-    if (!client_.isPrivate()) return;
+    if (!client.isPrivate()) return;
     const bool expired = cardHasExpired();
     if (expired || lblExpire.caption().empty()) cboType.clearText();
     if (expired) refuseExpiredCard(place(), pno_, cmdRenew);
@@ -108,13 +106,13 @@ bool frmRecords::cardHasExpired() const {
 }
 
 void frmRecords::cboPat_Click() {
-    if (filling_ || !client_.pickClient()) return;
-    client_.loadPlans();
-    txtEmp.clear();
+    if (filling_ || !client.pickClient()) return;
+    client.loadPlans();
+    client.txtEmp.clear();
 }
 
 void frmRecords::cboType_Click() {
-    if (filling_ || cboType.index() < 0 || !client_.isPrivate()) return;
+    if (filling_ || cboType.index() < 0 || !client.isPrivate()) return;
     if (lblExpire.caption().empty()) {
         cboType.clearText();
         return refuse(" Please Specify Expiration Date for this Private Patient (GO TO REGISTRATION PAGE)", cboType);
@@ -141,7 +139,7 @@ void frmRecords::takeFound() {
 void frmRecords::startEditing() {
     clear();
     recID_ = grdData.text("recID");
-    txtName.setText(grdData.text("PatNo"));
+    finder.txtName.setText(grdData.text("PatNo"));
     search(SearchKind::sysNo);
     if (cboVehNo.items().empty())  // a number of another form
         core::showEntry(cboVehNo, core::entryText(grdData.text("Fullname"), grdData.text("PatNo")));
@@ -154,10 +152,10 @@ void frmRecords::showVisit() {
     const auto& row = grdData;
     lblBill.setCaption(row.text("ConsultID"));
     if (!row.text("RetainID").empty()) takeClient(row.text("RetainID"), row.text("Client"), row.text("BillingCat"));
-    core::showEntry(txtPolicy, row.text("PolicyType"));
-    txtEmp.setText(row.text("EnrolleNo"));
-    core::showEntry(CboRef, row.text("FeeForService"));
-    core::showEntry(cboRefHmo, row.text("Referal"));
+    core::showEntry(client.txtPolicy, row.text("PolicyType"));
+    client.txtEmp.setText(row.text("EnrolleNo"));
+    core::showEntry(client.CboRef, row.text("FeeForService"));
+    core::showEntry(client.cboRefHmo, row.text("Referal"));
     const auto date = row.rows()["Date"];
     dtDate.setValue(date.isNull() ? std::nullopt : std::optional(date.moment()));
     showQuietly(cboType, row.text("ClinicType"));

@@ -15,17 +15,18 @@ namespace registration {
 using namespace db::literals;
 
 std::vector<core::Check> frmRecords::checks() {
-    const auto& category = cboClient.text();
+    const auto& category = client.cboClient.text();
     return {
         {pno_.empty(), " please specify Name of Patient", &cboVehNo},
         {category.empty() || category == "SERVICES",
-         " Billing Category cannot be empty! Invalid Client Tariff or Billing Category", &cboClient},
+         " Billing Category cannot be empty! Invalid Client Tariff or Billing Category", &client.cboClient},
         {cboType.text().empty(), " please specify clinic for Patient", &cboType},
         {blank(cboPurpose), " please specify Purpose of Visit for Patient", &cboPurpose},
         {session().gAttendPurpose.empty(), "Specify Purpose of Attendance", &cboPurpose},
-        {isManagedCare(category) && blank(txtEmp), "HMO Enrolle No Needed OR enter NIL if No Enrolle Num ", &txtEmp},
-        {blank(CboRef), " please specify Whether Patient is FeeForService", &CboRef},
-        {blank(cboRefHmo), " please specify Whether Patient is a Referal", &cboRefHmo},
+        {isManagedCare(category) && blank(client.txtEmp), "HMO Enrolle No Needed OR enter NIL if No Enrolle Num ",
+         &client.txtEmp},
+        {blank(client.CboRef), " please specify Whether Patient is FeeForService", &client.CboRef},
+        {blank(client.cboRefHmo), " please specify Whether Patient is a Referal", &client.cboRefHmo},
     };
 }
 
@@ -51,7 +52,7 @@ void frmRecords::writeCorrection() {
 }
 
 std::optional<core::Refusal> frmRecords::writeNew() {
-    if (!drawNumber()) return core::Refusal{"Unable to generate No!!! Function getIDNo Failed! ConsultID"};
+    if (!drawNumber()) return core::Refusal{noConsultId};
     core::addRow(hospital(), "select  * from hRecords where 1=2"_sql, newVisitCells(session(), visit()));
     if (session().gRenewPending) addRenewalFee();
     keepPatientInStep();
@@ -85,10 +86,8 @@ void frmRecords::finished() {
 }
 
 bool frmRecords::drawNumber() {
-    session().gNextId.clear();
-    core::GetNextIdNo(place(), "ConsultID2");
-    lblBill.setCaption(session().gNextId);
-    return !session().gNextId.empty();
+    lblBill.setCaption(drawConsultId(place()));
+    return !lblBill.caption().empty();
 }
 
 billing::ServiceLine frmRecords::billLine(const std::string& name, const std::string& revType) const {
@@ -98,7 +97,7 @@ billing::ServiceLine frmRecords::billLine(const std::string& name, const std::st
             .consultID = lblBill.caption(),
             .conID = billing::classValue(cboType.text()),
             .coyName = retainID_,
-            .billTo = client_.retainCode(),
+            .billTo = client.retainCode(),
             .revType = revType};
 }
 
@@ -116,10 +115,10 @@ void frmRecords::addAttendanceLine() {
 /// The patient's own scheme becomes what was stated at the desk.
 void frmRecords::keepPatientInStep() {
     const auto hmoRef = editing() ? "', HmoRef='"_sql : "', HmoRef ='"_sql;
-    hospital().execute("Update hpatients set ref='"_sql + CboRef.text() + hmoRef + cboRefHmo.text() +
-                       "', PolicyType='" + txtPolicy.text() + "', EmpNo='" +
-                       core::quotesDoubled(core::trimmed(txtEmp.text())) + "', ClientCatID='" + cboClient.text() +
-                       "', CoyName='" + retainID_ + "' where pno = '" + pno_ + "'");
+    hospital().execute("Update hpatients set ref='"_sql + client.CboRef.text() + hmoRef + client.cboRefHmo.text() +
+                       "', PolicyType='" + client.txtPolicy.text() + "', EmpNo='" +
+                       core::quotesDoubled(core::trimmed(client.txtEmp.text())) + "', ClientCatID='" +
+                       client.cboClient.text() + "', CoyName='" + retainID_ + "' where pno = '" + pno_ + "'");
 }
 
 Visit frmRecords::visit() const {
@@ -127,15 +126,17 @@ Visit frmRecords::visit() const {
             .consultID = lblBill.caption(),
             .clinic = cboType.text(),
             .purpose = cboPurpose.text(),
-            .hmoReferal = cboRefHmo.text(),
-            .feeForService = CboRef.text(),
-            .category = cboClient.text(),
+            .hmoReferal = client.cboRefHmo.text(),
+            .feeForService = client.CboRef.text(),
+            .category = client.cboClient.text(),
             .retainID = retainID_};
 }
 
 ui::Control* frmRecords::controlOf(std::string_view column) {
-    const std::pair<std::string_view, ui::Control*> fields[] = {
-        {"Remarks", &cboPurpose}, {"clinicType", &cboType}, {"PolicyType", &txtPolicy}, {"empNo", &txtEmp}};
+    const std::pair<std::string_view, ui::Control*> fields[] = {{"Remarks", &cboPurpose},
+                                                                {"clinicType", &cboType},
+                                                                {"PolicyType", &client.txtPolicy},
+                                                                {"empNo", &client.txtEmp}};
     for (const auto& [name, field] : fields)
         if (db::sameName(name, column)) return field;
     return nullptr;

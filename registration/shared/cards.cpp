@@ -21,10 +21,14 @@ bool isGeneralClass(const std::string& patientClass) {
     return patientClass == "GENERAL" || patientClass == "OUT-PATIENT" || patientClass == "(GENERAL)";
 }
 
+double statedFee(db::Connection& hospital, const db::Sql& sql, std::string_view column) {
+    const auto rows = hospital.read(sql);
+    return rows.empty() ? 0 : core::roundedToCents(rows[column].numberOr(0));
+}
+
 double cardRenewalFee(db::Connection& hospital, const std::string& retainID) {
-    const auto client =
-        hospital.read("select CardRenewAmount from hRetainership where retainID='"_sql + retainID + "'");
-    return client.empty() ? 0 : core::roundedToCents(client["CardRenewAmount"].numberOr(0));
+    return statedFee(hospital, "select CardRenewAmount from hRetainership where retainID='"_sql + retainID + "'",
+                     "CardRenewAmount");
 }
 
 }  // namespace registration

@@ -17,7 +17,10 @@ void refuseExpiredCard(core::Workplace& place, const std::string& pno, ui::Butto
 /// Whether a patient's class is the general one, whose fees go by the card.
 bool isGeneralClass(const std::string& patientClass);
 
-/// What a client pays for the renewal of a card, rounded to 2 places; 0 where nothing is set. Throws db::Error.
+/// The fee that the first row states in a column, rounded to 2 places; 0 for none. Throws db::Error, as the next.
+double statedFee(db::Connection& hospital, const db::Sql& sql, std::string_view column);
+
+/// What a client pays for the renewal of a card.
 double cardRenewalFee(db::Connection& hospital, const std::string& retainID);
 
 }  // namespace registration

@@ -2,23 +2,19 @@
 
 #include <string>
 
-#include "core/session/workplace.h"
-#include "ui/controls.h"
+#include "registration/shared/part.h"
 
 namespace registration {
 
 /// "PHIS", "HMO" and "NHIS" pay by schemes that limit what they pay for.
 bool isManagedCare(std::string_view category);
 
-/// The client of a patient, as the lists of a screen pick him: first the client, then the billing category of his type,
-/// then the plan. Who keeps the picks (the session, a screen) lends its variables.
-class ClientPick {
+/// The client of a patient: first the client, then the billing category of his type, then the plan; and how he pays.
+/// Who keeps the picks (the session, a screen) lends its variables.
+class ClientPick : public Part {
 public:
-    struct Lists {
-        ui::ComboBox& cboPat;     ///< clients
-        ui::ComboBox& cboClient;  ///< billing categories
-        ui::ComboBox& txtPolicy;  ///< plans
-        ui::TextBox& txtEmp;      ///< the enrollee's number
+    struct Client {
+        std::string retainID, name, category, type;
     };
     struct Picked {
         std::string& retainID;
@@ -26,8 +22,15 @@ public:
         std::string& category;
         std::string& type;
     };
-    ClientPick(core::Workplace& place, const Lists& lists, const Picked& picked)
-        : place_(place), lists_(lists), picked_(picked) {}
+    /// `clients` says whether a client may be typed, to be found by a part of the name.
+    ClientPick(core::Workplace& place, ui::Screen& screen, ui::ComboBox::Style clients, const Picked& picked);
+
+    ui::ComboBox cboPat;                                                           ///< clients
+    ui::ComboBox cboClient{screen(), "cboClient", ui::ComboBox::Style::listOnly};  ///< billing categories
+    ui::ComboBox txtPolicy{screen(), "txtPolicy"};                                 ///< plans
+    ui::TextBox txtEmp{screen(), "txtEmp"};                                        ///< the enrollee's number
+    ui::ComboBox CboRef{screen(), "CboRef", ui::ComboBox::Style::listOnly};        ///< fee for service
+    ui::ComboBox cboRefHmo{screen(), "cboRefHmo", ui::ComboBox::Style::listOnly};  ///< referred by the HMO
 
     /// Fills the list of clients; `withPrivate` puts "(PRIVATE) [0001]" in front. Throws db::Error, as all below.
     void loadClients(bool withPrivate);
@@ -36,6 +39,10 @@ public:
     /// Takes the entry that stands in the list of clients and offers his categories. False where no real entry stands
     /// there; nothing is changed then.
     bool pickClient();
+    /// Shows what is stored with a patient: the client, his category and type, and the plan.
+    void show(const Client& stored, const std::string& plan);
+    /// What an audit says of another client than the one shown last; "" while he is the same.
+    [[nodiscard]] std::string change() const;
     /// Takes the category that stands in its list and offers the plans.
     void pickCategory();
     void offerAllCategories();
@@ -52,9 +59,8 @@ public:
 private:
     void offerNoPlans();
 
-    core::Workplace& place_;
-    Lists lists_;
     Picked picked_;
+    Client shown_;
     std::string retainCode_;
 };
 

@@ -55,36 +55,36 @@ void showPhotograph(core::Workplace& place, ui::Picture& picture, const std::str
 }
 
 void Photograph::choose() {
-    txtPix_.clear();
-    const auto name = place_.desktop.pickFile("Select the JPG Image  File...", "image/jpeg");
-    const auto file = name ? place_.desktop.chosenFile(*name) : std::nullopt;
+    txtPix.clear();
+    const auto name = place().desktop.pickFile("Select the JPG Image  File...", "image/jpeg");
+    const auto file = name ? place().desktop.chosenFile(*name) : std::nullopt;
     if (!file) return;
-    imgPix_.setImage(pictureOf(*file));
-    txtPix_.setText(*name);
+    imgPix.setImage(pictureOf(*file));
+    txtPix.setText(*name);
 }
 
 void Photograph::save(const std::string& pno) {
-    const auto name = core::trimmed(txtPix_.text());
+    const auto name = core::trimmed(txtPix.text());
     if (name.empty()) return;
-    const auto file = place_.desktop.chosenFile(name);
+    const auto file = place().desktop.chosenFile(name);
     if (!file) throw db::Error(db::Category::other, "The photograph is not there any more: choose it again.");
     const auto picture = pictureOf(*file);  // the file may have changed since it was shown
-    if (place_.session.gPhotoStore == "FILE") {
-        write(fs::path(place_.session.gPatientsPath) / fileName(pno), picture);
+    if (session().gPhotoStore == "FILE") {
+        write(fs::path(session().gPatientsPath) / fileName(pno), picture);
     } else {
-        db::Recordset row(place_.hospital(), "Select patPix from hpatients where pno='"_sql + pno + "'");
+        db::Recordset row(hospital(), "Select patPix from hpatients where pno='"_sql + pno + "'");
         if (row.empty()) return;
         row.set("PatPix", picture);
         row.update();
     }
     std::error_code ignored;
     fs::remove(*file, ignored);
-    txtPix_.clear();
+    txtPix.clear();
 }
 
 void Photograph::clear() {
-    txtPix_.clear();
-    imgPix_.setImage({});
+    txtPix.clear();
+    imgPix.setImage({});
 }
 
 }  // namespace registration

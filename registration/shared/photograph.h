@@ -3,8 +3,7 @@
 #include <string>
 
 #include "core/pictures/jpeg.h"
-#include "core/session/workplace.h"
-#include "ui/controls.h"
+#include "registration/shared/part.h"
 
 namespace registration {
 
@@ -13,10 +12,13 @@ void showPhotograph(core::Workplace& place, ui::Picture& picture, const std::str
 
 /// A patient's photograph: a JPEG in the patient's row, or a file where the hospital keeps them so. What is shown and
 /// stored is the chosen file's picture drawn anew (core::redrawnJpeg); the text box holds the name of the chosen file.
-class Photograph {
+class Photograph : public Part {
 public:
-    Photograph(core::Workplace& place, ui::TextBox& txtPix, ui::Picture& imgPix)
-        : place_(place), txtPix_(txtPix), imgPix_(imgPix) {}
+    Photograph(core::Workplace& place, ui::Screen& screen) : Part(place, screen) { txtPix.setVisible(false); }
+
+    ui::TextBox txtPix{screen(), "txtPix"};
+    ui::Picture imgPix{screen(), "imgPix"};
+    ui::Button cmdPix{screen(), "cmdPix", "P&hotograph..."};
 
     /// Lets the nurse choose a file and shows it. Throws db::Error for what is no JPEG, or larger than 5 MB.
     void choose();
@@ -24,15 +26,10 @@ public:
     void save(const std::string& pno);
     /// Shows what is stored, or nothing. Throws db::Error.
     void load(const std::string& pno) {
-        txtPix_.clear();  // what was chosen for somebody else
-        showPhotograph(place_, imgPix_, pno);
+        txtPix.clear();  // what was chosen for somebody else
+        showPhotograph(place(), imgPix, pno);
     }
     void clear();
-
-private:
-    core::Workplace& place_;
-    ui::TextBox& txtPix_;
-    ui::Picture& imgPix_;
 };
 
 }  // namespace registration

@@ -1,6 +1,7 @@
 #include "registration/shared/visits.h"
 
 #include "core/clock/clock.h"
+#include "core/numbers/numbers.h"
 #include "core/rows/cells.h"
 #include "core/session/session.h"
 #include "core/session/workplace.h"
@@ -8,6 +9,12 @@
 namespace registration {
 
 using namespace db::literals;
+
+std::string drawConsultId(core::Workplace& place) {
+    place.session.gNextId.clear();
+    core::GetNextIdNo(place, "ConsultID2");
+    return place.session.gNextId;
+}
 
 core::Cells newVisitCells(const core::Session& session, const Visit& visit) {
     const auto today = session.gServerNow.date();

@@ -19,6 +19,10 @@ struct Visit {
     std::string retainID;
 };
 
+/// Draws the number of a new visit; "" where none is given, which `noConsultId` tells. Throws db::Error.
+std::string drawConsultId(core::Workplace& place);
+inline constexpr const char* noConsultId = "Unable to generate No!!! Function getIDNo Failed! ConsultID";
+
 /// The cells of a new visit's row, stamped with `gServerNow`: nobody has seen the patient yet.
 core::Cells newVisitCells(const core::Session& session, const Visit& visit);
 

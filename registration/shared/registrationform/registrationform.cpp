@@ -9,239 +9,152 @@
 
 namespace registration {
 
-using namespace db::literals;
 using core::Keeps;
 using ui::Event;
 
 RegistrationForm::RegistrationForm(core::Workplace& place, std::string name, std::string caption, const Ways& ways)
     : RecordForm(place, std::move(name), std::move(caption)),
-      ways_(ways),
-      photograph_(place, txtPix, imgPix),
-      client_(place, {cboPat, cboClient, txtPolicy, txtEmp},
-              {session().gClientRetainID, session().gClientName, session().gBillingCat, session().gClientType}) {
-    title_ = this->caption();
+      finder(place, *this, grdData, ways.numberSearch, ways.search),
+      client(place, *this, ui::ComboBox::Style::freeText,
+             {session().gClientRetainID, session().gClientName, session().gBillingCat, session().gClientType}),
+      visit(place, *this, stage_, *this, ways.visit),
+      deleteRefusal_(ways.deleteRefusal),
+      title_(this->caption()) {
     alwaysShow({&cmdRefresh});
     keep({{&txtSupp, "pno", "PNo", Keeps::trimmed},
-          {&txtOLD, "oldPno", "OldPNo", Keeps::trimmed},
-          {&cboTitle, "title", "Title"},
-          {&txtsurNAme, "Surname"},
-          {&txtfirstNAme, "Firstname"},
-          {&txtHomeAddress, "homeAddress", "homeAddress"},
-          {&cboArea, "Area", "Area"},
-          {&txtOfficeAddress, "OfficeAddress", "officeAddress"},
-          {&txtPhone, "PhoneNo", "pPhoneNo", Keeps::trimmed},
-          {&txtEmail, "email", "Email"},
-          {&txtSex, "Sex", "sex"},
-          {&cboMat, nullptr, "Maturity"},
-          {&CboRef, nullptr, "ref"},
-          {&cboRefHmo, nullptr, "HMORef"},
-          {&txtEmp, "empNo", "empNo", Keeps::trimmed},
-          {&txtPolicy, nullptr, "PolicyType"},
-          {&cboCard, "CardType", "CardType"},
-          {&cboFile, nullptr, "fileduration"},
-          {&dtRegDate, "regDate", "regDate"},
-          {&cboMStatus, "Marital", "MStatus"},
-          {&txtBG, "bloodGroup", "bloodGroup"},
-          {&txtGeno, "genotype", "genotype"},
-          {&txtOccu, "occupation", "occupation"},
-          {&cboStatus, "religion", "religion"},
-          {&txtKin, "nextOfKin", "nextOfKin"},
-          {&txtNOKPhone, "nokPhone", "NOKPhone", Keeps::trimmed},
-          {&txtKinRel, "relationToKin", "relationToKin"},
-          {&txtKinAddress, "kinAddress", "kinAddress"},
+          {&card.txtOLD, "oldPno", "OldPNo", Keeps::trimmed},
+          {&person.cboTitle, "title", "Title"},
+          {&person.txtsurNAme, "Surname"},
+          {&person.txtfirstNAme, "Firstname"},
+          {&contacts.txtHomeAddress, "homeAddress", "homeAddress"},
+          {&contacts.cboArea, "Area", "Area"},
+          {&contacts.txtOfficeAddress, "OfficeAddress", "officeAddress"},
+          {&contacts.txtPhone, "PhoneNo", "pPhoneNo", Keeps::trimmed},
+          {&contacts.txtEmail, "email", "Email"},
+          {&person.txtSex, "Sex", "sex"},
+          {&contacts.cboMat, nullptr, "Maturity"},
+          {&client.CboRef, nullptr, "ref"},
+          {&client.cboRefHmo, nullptr, "HMORef"},
+          {&client.txtEmp, "empNo", "empNo", Keeps::trimmed},
+          {&client.txtPolicy, nullptr, "PolicyType"},
+          {&card.cboCard, "CardType", "CardType"},
+          {&card.cboFile, nullptr, "fileduration"},
+          {&card.dtRegDate, "regDate", "regDate"},
+          {&contacts.cboMStatus, "Marital", "MStatus"},
+          {&contacts.txtBG, "bloodGroup", "bloodGroup"},
+          {&contacts.txtGeno, "genotype", "genotype"},
+          {&contacts.txtOccu, "occupation", "occupation"},
+          {&contacts.cboStatus, "religion", "religion"},
+          {&contacts.txtKin, "nextOfKin", "nextOfKin"},
+          {&contacts.txtNOKPhone, "nokPhone", "NOKPhone", Keeps::trimmed},
+          {&contacts.txtKinRel, "relationToKin", "relationToKin"},
+          {&contacts.txtKinAddress, "kinAddress", "kinAddress"},
           {&txtAdmitLimit, "AdmissionDaysLimit", "AdmissionDaysLimit"},
-          {&dtDate, "DOB"},
-          {&dtExpDate, "ExpiryDate"}},
+          {&person.dtDate, "DOB"},
+          {&card.dtExpDate, "ExpiryDate"}},
          Enabled::always);
+    core::fill(cboNew, {"", "NEW", "EXISTING"});
     bindEvents();
-    placeOnPages();
+    grdData.onPage(SSTab1, 0);
+    for (int page = 0; const auto& controls : {finder.controls(), contacts.controls(), visit.controls()}) {
+        for (auto* control : controls) control->onPage(SSTab1, page);
+        ++page;
+    }
 }
 
 void RegistrationForm::bindEvents() {
     bind(grdData, Event::dblClick, &RegistrationForm::grdData_DblClick);
-    bind(txtName, Event::change, &RegistrationForm::txtName_Change);
-    bind(cmdOK, Event::click, [this] { findPatient(SearchKind::name); });
-    bind(cmdCard, Event::click, [this] { findPatient(SearchKind::cardNo); });
-    bind(cmdSys, Event::click, [this] { findPatient(ways_.numberSearch); });
-    bind(txtsurNAme, Event::lostFocus, &RegistrationForm::txtsurNAme_LostFocus);
-    bind(dtDate, Event::change, &RegistrationForm::dtDate_Change);
-    bind(txtAge, Event::change, &RegistrationForm::txtAge_Change);
-    bind(txtAge, Event::lostFocus, &RegistrationForm::txtAge_LostFocus);
-    bind(cboPat, Event::click, &RegistrationForm::cboPat_Click);
-    bind(cboClient, Event::click, &RegistrationForm::cboClient_Click);
-    bind(chkAll, Event::click, &RegistrationForm::chkAll_Click);
-    bind(cboCard, Event::click, &RegistrationForm::cboCard_Click);
-    bind(cboFile, Event::click, &RegistrationForm::cboFile_Click);
-    bind(cboMat, Event::click, &RegistrationForm::cboMat_Click);
-    bind(cboIntro, Event::click, &RegistrationForm::cboIntro_Click);
-    bind(lblDebt, Event::dblClick, &RegistrationForm::lblDebt_DblClick);
-    bind(chkReg, Event::click, &RegistrationForm::chkReg_Click);
-    bind(cboClin, Event::click, &RegistrationForm::pickClinic);
-    bind(cboPurpose, Event::click, &RegistrationForm::routeThePurpose);
-    // A purpose that is no entry of the list is routed nowhere.
-    bind(cboPurpose, Event::change, [this] { session().gAttendPurpose.clear(); });
-    bind(cmdAttend, Event::click, &RegistrationForm::cmdAttend_Click);
-    bind(cmdPix, Event::click, &RegistrationForm::cmdPix_Click);
-    bind(cmdRenew, Event::click, &RegistrationForm::cmdRenew_Click);
-    bind(cmdPatDep, Event::click, &RegistrationForm::cmdPatDep_Click);
+    bind(client.cboPat, Event::click, &RegistrationForm::pickClient);
+    bind(client.cboClient, Event::click, &RegistrationForm::pickCategory);
+    bind(chkAll, Event::click, [this] {
+        if (chkAll.checked()) client.offerAllCategories();
+    });
+    bind(card.cboCard, Event::click, &RegistrationForm::pickCard);
+    bind(contacts.cboMat, Event::click, &RegistrationForm::pickMaturity);
+    bind(visit.cmdAttend, Event::click, [this] { visit.showPast(pno()); });
+    bind(card.cmdRenew, Event::click, &RegistrationForm::cmdRenew_Click);
     bind(cmdPlan, Event::click, &RegistrationForm::cmdPlan_Click);
     bind(cmdANC, Event::click, &RegistrationForm::cmdANC_Click);
     bind(cmdComm, Event::click, &RegistrationForm::cmdComm_Click);
 }
 
-/// What could not be looked up lets nobody through.
-void RegistrationForm::pickClinic() {
-    if (!rowLoading_ && !trapped([this] { cboClin_Click(); })) clearClinic();
-}
-
-void RegistrationForm::placeOnPages() {
-    for (ui::Control* control :
-         std::initializer_list<ui::Control*>{&txtName, &cmdOK, &cmdCard, &cmdSys, &lblFound, &grdData})
-        control->onPage(SSTab1, 0);
-    for (ui::Control* control : std::initializer_list<ui::Control*>{
-             &txtPhone, &cboMat, &txtHomeAddress, &txtOfficeAddress, &txtEmail, &cboMStatus, &txtBG, &txtGeno, &txtOccu,
-             &cboStatus, &cboIntro, &txtKin, &txtNOKPhone, &txtKinRel, &txtKinAddress})
-        control->onPage(SSTab1, 1);
-    for (ui::Control* control : std::initializer_list<ui::Control*>{&chkReg, &fraAttd, &cboClin, &cboPurpose, &dtNext,
-                                                                    &dtRefTime, &cmdAttend, &grdAttend})
-        control->onPage(SSTab1, 2);
-    for (ui::Control* control : std::initializer_list<ui::Control*>{&cboClin, &cboPurpose, &dtNext, &dtRefTime})
-        control->heldBy(fraAttd);
-}
-
 void RegistrationForm::load() {
     const auto today = place().now().date();
     session().gRenewPending = false;
-    fraAttd.setEnabled(false);
-    dtDate.setValue({});
-    dtExpDate.setValue(today);
-    dtRegDate.setValue(today);
+    visit.fraAttd.setEnabled(false);
+    person.dtDate.setValue({});
+    card.dtExpDate.setValue(today);
+    card.dtRegDate.setValue(today);
     txtSupp.setEnabled(false);
-    txtPix.setVisible(false);
-    for (auto* button : {&cmdPatDep, &cmdANC, &cmdRenew}) button->setEnabled(false);
+    for (auto* button : {&cmdPatDep, &cmdANC, &card.cmdRenew}) button->setEnabled(false);
     RecordForm::load();
     desktop().focus(restingPlace());
 }
 
 void RegistrationForm::unload() {
     session().gRenewPending = false;
-    ++searchTurn_;
+    finder.stop();
+}
+
+void RegistrationForm::entered(Mode /*mode*/) {
+    stage_.adding = adding();
+    stage_.editing = editing();
 }
 
 void RegistrationForm::fillLists() {
-    fillFixedLists();
-    LoadLookups();
-}
-
-void RegistrationForm::showList() {
-    ShowTodaysRegistrations();
-    refreshQueues();
-}
-
-void RegistrationForm::refresh() {
-    reloadLookups();
-    showList();
-}
-
-void RegistrationForm::fillFixedLists() {
-    core::fill(cboTitle, {"", "MR", "MRS", "MISS", "MASTER", "DR", "PROF", "ALHAJI", "ALHAJA", "PASTOR", "CHIEF"});
-    core::fill(txtKinRel, {"", "FATHER", "MOTHER", "UNCLE", "AUNT", "BROTHER", "SISTER", "COUSIN", "NIECE", "WIFE",
-                           "HUSBAND", "SON", "DAUGHTER", "OTHERS"});
-    core::fill(txtBG, {"", "O-NEGATIVE", "O-POSITIVE", "A-NEGATIVE", "A-POSITIVE", "B-NEGATIVE", "B-POSITIVE",
-                       "AB-NEGATIVE", "AB-POSITIVE"});
-    core::fill(txtGeno, {"", "AA", "AS", "SS", "AC"});
-    core::fill(cboStatus, {"", "CHRISTIANITY", "ISLAM", "OTHERS"});
-    core::fill(cboFile, {"", "WHILE STILL IN SERVICE", "ONE YEAR", "TILL END OF YEAR"});
-    core::fill(cboCard, {"", "SINGLE", "FAMILY"});
-    core::fill(cboMStatus, {"", "SINGLE", "MARRIED"});
-    core::fill(CboRef, {"", "YES", "NO"});
-    core::fill(cboRefHmo, {"", "YES", "NO"});
-    core::fill(cboNew, {"", "NEW", "EXISTING"});
-    core::fill(txtSex, {"", "MALE", "FEMALE"});
-    core::fill(cboMat, {"ADULT", "ADOLESCENT", "CHILD", "NEONATE"});
-}
-
-void RegistrationForm::LoadLookups() {
-    client_.loadClients(true);
-    cboPurpose.clear();
-    core::addColumn(cboPurpose, hospital(), "select Distinct Purpose from hClinicPurpose"_sql, "Purpose");
-    cboArea.clear();
-    core::addColumn(cboArea, hospital(), "select distinct AreaName from hPatientArea order by AreaName"_sql,
-                    "AreaName");
-    cboClin.clear();
-    cboClin.add("");
-    core::addColumn(cboClin, hospital(), "select distinct ClinicName,ClinicID from clinicTypes order by ClinicName"_sql,
-                    "ClinicID");
-    cboIntro.clear();
-    cboIntro.add("");
-    core::addEntries(
-        cboIntro, hospital(), "select distinct empID,lastname,firstname from employees order by lastname,firstname"_sql,
-        [](const db::Recordset& row) {
-            return core::entryText(row["lastname"].textOr() + " " + row["firstname"].textOr(), row["empID"].textOr());
-        });
+    client.loadClients(true);
+    visit.loadLists();
+    contacts.loadLists();
 }
 
 /// What was picked from the lists, or typed beside them, stands again.
-void RegistrationForm::reloadLookups() {
+void RegistrationForm::refresh() {
     struct Shown {
         ui::ComboBox* list;
         std::string text;
         bool picked;
     };
     std::vector<Shown> before;
-    for (auto* list : {&cboPat, &cboPurpose, &cboArea, &cboClin, &cboIntro})
+    for (auto* list : {&client.cboPat, &visit.cboPurpose, &contacts.cboArea, &visit.cboClin, &contacts.cboIntro})
         before.push_back({list, list->text(), list->index() >= 0});
-    LoadLookups();
-    const ui::Raised loading(rowLoading_);
-    for (const auto& shown : before) {
-        if (shown.picked)
-            core::showEntry(*shown.list, shown.text);
-        else
-            shown.list->setText(shown.text);
+    fillLists();
+    {
+        const ui::Raised loading(stage_.loading);
+        for (const auto& shown : before) {
+            if (shown.picked)
+                core::showEntry(*shown.list, shown.text);
+            else
+                shown.list->setText(shown.text);
+        }
     }
+    showList();
 }
 
 void RegistrationForm::clear() {
-    {
-        const ui::Raised loading(rowLoading_);
-        fields().clear();
-        for (auto* list : {&cboNew, &cboPat, &cboClient, &cboIntro, &cboPurpose}) list->clearText();
-        for (auto* date : {&dtNext, &dtRefTime}) date->setValue({});
-        txtAge.clear();
-        clearClinic();
-    }
-    dtRegDate.setValue(place().now().date());
+    fields().clear();
+    cboNew.clearText();
+    person.txtAge.clear();
+    card.dtRegDate.setValue(place().now().date());
     txtAdmitLimit.setText("0");
-    chkReg.setChecked(false);
-    fraAttd.setEnabled(false);
-    lblDebt.setCaption("0");
-    photograph_.clear();
-    grdAttend.clear();
+    debt.clear();
+    client.forget();
+    chkAll.setChecked(false);
+    contacts.forgetIntroducer();
+    photograph.clear();
+    visit.clear();  // a renewal without a visit must not hang on the last patient's
     setCaption(title_);
     currentPNo_.clear();
-    consultId_.clear();  // a renewal without a visit must not hang on the last patient's
-    introducedById_.clear();
     patCatLoaded_.clear();
+    dependantMode_ = false;
     auto& variables = session();
-    client_.forget();
-    chkAll.setChecked(false);
-    variables.gAttendPurpose.clear();
-    variables.gPatientBalance = 0;
     variables.gRenewPending = false;
     variables.gPatientHasBalance = false;
-    dependantMode_ = false;
-    for (auto* button : {&cmdPatDep, &cmdANC, &cmdRenew}) button->setEnabled(false);
+    for (auto* button : {&cmdPatDep, &cmdANC, &card.cmdRenew}) button->setEnabled(false);
     if (place().mainWindow != nullptr) place().mainWindow->showDebt("");
 }
 
-std::string RegistrationForm::fullName() const {
-    return storedName(txtsurNAme.text()) + " " + storedName(txtfirstNAme.text());
-}
-
-std::string RegistrationForm::storedName(const std::string& typed) {
-    auto name = core::trimmed(typed);
-    std::erase_if(name, [](char letter) { return letter == '[' || letter == ']'; });
-    return name;
+std::string RegistrationForm::pno() const {
+    return core::trimmed(txtSupp.text());
 }
 
 }  // namespace registration

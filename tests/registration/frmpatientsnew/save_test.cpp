@@ -8,7 +8,7 @@ namespace {
 
 TEST_F(PatientsNew, ANewPrivatePatientIsStoredWithFeeAndNumbers) {
     type();
-    EXPECT_EQ(screen().dtExpDate.value(), db::DateTime::of(2027, 11, 24)) << "a year from the registration";
+    EXPECT_EQ(screen().card.dtExpDate.value(), db::DateTime::of(2027, 11, 24)) << "a year from the registration";
     hospital.forget();
     save();
     EXPECT_EQ(
@@ -27,9 +27,9 @@ TEST_F(PatientsNew, ANewPrivatePatientIsStoredWithFeeAndNumbers) {
     EXPECT_EQ(hospital.value("select count(*) from hRecords"_sql).int32(), 0) << "a nurse takes no attendance here";
     EXPECT_EQ(hospital.dump("select userAction, TranCode from hAuditTrail"_sql),
               "Reg Fee for O'BRIEN X ADA|001000000001\nInsert Reg for O'BRIEN X ADA|000000001/001\n");
-    EXPECT_EQ(screen().txtsurNAme.text(), "");
+    EXPECT_EQ(screen().person.txtsurNAme.text(), "");
     EXPECT_TRUE(screen().cmdAdd.visible());
-    EXPECT_EQ(screen().lblFound.caption(), "1 Records Found");
+    EXPECT_EQ(screen().finder.lblFound.caption(), "1 Records Found");
 }
 
 TEST_F(PatientsNew, ASchemePatientKeepsNoExpiryAndPaysHisClientsFee) {
@@ -49,10 +49,10 @@ TEST_F(PatientsNew, AnEditWritesItsColumnsAndNoOthers) {
     hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
     fire("grdData.DblClick");
     EXPECT_EQ(screen().caption(), "BELLO MUSA");
-    EXPECT_EQ(screen().cboPat.text(), "PRIVATE [0001]");
-    EXPECT_EQ(screen().cboClient.text(), "PRIVATE");
+    EXPECT_EQ(screen().client.cboPat.text(), "PRIVATE [0001]");
+    EXPECT_EQ(screen().client.cboClient.text(), "PRIVATE");
     EXPECT_EQ(session().gClientRetainID, "0001");
-    EXPECT_FALSE(screen().chkReg.checked());
+    EXPECT_FALSE(screen().visit.chkReg.checked());
     set("txtsurNAme", "garba");
     set("cboPat", "Axa Mansard [0007]");
     set("cboClient", "HMO");
@@ -93,7 +93,7 @@ TEST_F(PatientsNew, TheFrontDeskTakesTheAttendanceToo) {
     set("cboClin", "EYE");
     set("cboPurpose", "(CONSULTATION)");
     EXPECT_EQ(session().gConsultAmount, "3000");
-    screen().lblDebt.setCaption("1,200.50");
+    screen().debt.lblDebt.setCaption("1,200.50");
     hospital.forget();
     save();
     EXPECT_EQ(hospital.dump(
@@ -127,7 +127,7 @@ TEST_F(PatientsNew, AFailedPhotographLeavesNoFormThatCouldBeSavedAgain) {
         hospital.expectMessage("Injected failure");
         fire("OKButton");
         EXPECT_FALSE(screen().OKButton.visible()) << says;
-        EXPECT_EQ(screen().txtsurNAme.text(), "") << says;
+        EXPECT_EQ(screen().person.txtsurNAme.text(), "") << says;
     };
     type();
     choose();
@@ -158,7 +158,7 @@ TEST_F(PatientsNew, WhatIsLoadedIsSavedAgainAsItWas) {
         fire("cmdRefresh");
         hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
         fire("grdData.DblClick");
-        EXPECT_EQ(screen().cboIntro.text(), shown);
+        EXPECT_EQ(screen().contacts.cboIntro.text(), shown);
         set("cboIntro", shown);  // picked once more
         set("txtAdmitLimit", "0");
         const auto before = hospital.dump("select * from hPatients"_sql);
@@ -170,7 +170,7 @@ TEST_F(PatientsNew, WhatIsLoadedIsSavedAgainAsItWas) {
     hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
     fire("grdData.DblClick");
     set("cboFile", "TILL END OF YEAR");
-    EXPECT_FALSE(screen().dtExpDate.value()) << "the date of an existing card is set by hand";
+    EXPECT_FALSE(screen().card.dtExpDate.value()) << "the date of an existing card is set by hand";
     fire("cmdCancel");
 }
 
@@ -233,7 +233,7 @@ TEST_F(PatientsNew, AnAppointmentGoesToTheDoctorWithTheShortestQueue) {
     hospital.expectMessage("This page is not there yet: Clinic Dates");
     set("cboPurpose", "APPOINTMENT");
     set("dtNext", "2026-12-02");
-    screen().dtRefTime.setValue(db::DateTime::of(1899, 12, 30, 9));
+    screen().visit.dtRefTime.setValue(db::DateTime::of(1899, 12, 30, 9));
     save();
     EXPECT_EQ(
         hospital.dump("select clinicType, ApptDate, ApptTime, Remarks, PNo, entryDate, entryTime, attendedto, conID "

@@ -82,7 +82,7 @@ TEST_F(PatientsNew, ChecksComeInOrderAndThePlaceToMendGetsTheCursor) {
     hospital.answer("no");
     fire("OKButton");
     EXPECT_EQ(rows(), before);
-    EXPECT_EQ(screen().txtNOKPhone.text(), "2") << "nothing is lost";
+    EXPECT_EQ(screen().contacts.txtNOKPhone.text(), "2") << "nothing is lost";
     session().gClientRetainID = "0007";
     save();
     EXPECT_EQ(hospital.value("select count(*) from hPatients"_sql).int32(), 1);
@@ -110,7 +110,7 @@ TEST_F(PatientsNew, SearchesAsTold) {
         hospital.forget();
         fire(row.button);
         EXPECT_TRUE(ran(row.statement)) << row.statement;
-        EXPECT_EQ(screen().lblFound.caption(), std::string(row.found) + " Records Found") << row.statement;
+        EXPECT_EQ(screen().finder.lblFound.caption(), std::string(row.found) + " Records Found") << row.statement;
     }
     hospital.expectMessage(broken);
     set("txtName", "O'K");
@@ -140,7 +140,7 @@ TEST_F(PatientsNew, TypingSearchesAfterTheWait) {
     set("txtName", "BELL");
     EXPECT_TRUE(ran("select  * from vwhpatients where fullname like '%BELL%'  order by fullname"));
     set("txtName", "");
-    EXPECT_EQ(screen().lblFound.caption(), "0 Records Found");
+    EXPECT_EQ(screen().finder.lblFound.caption(), "0 Records Found");
     EXPECT_EQ(screen().grdData.row(), -1);
 }
 
@@ -182,25 +182,25 @@ TEST_F(PatientsNew, CardsAgesAndDependants) {
     fire("cmdAdd");
     set("dtRegDate", "2024-02-29");
     set("cboFile", "ONE YEAR");
-    EXPECT_EQ(screen().dtExpDate.value(), db::DateTime::of(2025, 2, 28));
+    EXPECT_EQ(screen().card.dtExpDate.value(), db::DateTime::of(2025, 2, 28));
     set("cboFile", "TILL END OF YEAR");
-    EXPECT_EQ(screen().dtExpDate.value(), db::DateTime::of(2026, 12, 31));
+    EXPECT_EQ(screen().card.dtExpDate.value(), db::DateTime::of(2026, 12, 31));
     set("cboFile", "WHILE STILL IN SERVICE");
-    EXPECT_FALSE(screen().dtExpDate.value());
+    EXPECT_FALSE(screen().card.dtExpDate.value());
     // As the keys come: the words wait until the cursor has left.
     for (const auto* typed : {"3", "30"}) set("txtAge", typed);
-    EXPECT_EQ(screen().txtAge.text(), "30");
+    EXPECT_EQ(screen().person.txtAge.text(), "30");
     fire("txtAge.LostFocus");
-    EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(1996, 11, 24));
-    EXPECT_EQ(screen().txtAge.text(), "30 yrs, 0 mths and 0 days");
+    EXPECT_EQ(screen().person.dtDate.value(), db::DateTime::of(1996, 11, 24));
+    EXPECT_EQ(screen().person.txtAge.text(), "30 yrs, 0 mths and 0 days");
     fire("cmdCancel");
 
     addPatient("P1");
     hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
     fire("grdData.DblClick");
     fire("cmdPatDep");
-    EXPECT_EQ(screen().txtsurNAme.text(), "BELLO");
-    EXPECT_EQ(screen().txtfirstNAme.text(), "");
+    EXPECT_EQ(screen().person.txtsurNAme.text(), "BELLO");
+    EXPECT_EQ(screen().person.txtfirstNAme.text(), "");
     type();
     hospital.answer("yes");
     hospital.expectMessage("Record Succesfully saved");
@@ -242,7 +242,7 @@ TEST_F(PatientsNew, LocksRefuseWhenTheClinicIsPicked) {
     hospital.expectMessage("This Patient is Still On Admission!! Discharge Patient Before Attendance can be Taken",
                            "LockAttendanceForInPatients");
     set("cboClin", "EYE");
-    EXPECT_EQ(screen().cboClin.text(), "");
+    EXPECT_EQ(screen().visit.cboClin.text(), "");
     session().gLockAttendanceForInPatients = "NO";
     hospital.execute("insert into hRecords (PNo, consultID, recDate) values ('P1', 'C1', '24-Nov-2026')"_sql);
     hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor",
@@ -252,12 +252,12 @@ TEST_F(PatientsNew, LocksRefuseWhenTheClinicIsPicked) {
     set("dtExpDate", "2026-11-24");
     hospital.expectMessage("Patient's Card has Expired");
     set("cboClin", "EYE");
-    EXPECT_TRUE(screen().cmdRenew.enabled());
+    EXPECT_TRUE(screen().card.cmdRenew.enabled());
     EXPECT_EQ(hospital.value("select expired from hPatients"_sql), db::Value(true));
     set("dtExpDate", "2026-11-25");
     set("cboClin", "EYE");
-    EXPECT_EQ(screen().cboClin.text(), "EYE");
-    EXPECT_FALSE(screen().cmdRenew.enabled());
+    EXPECT_EQ(screen().visit.cboClin.text(), "EYE");
+    EXPECT_FALSE(screen().card.cmdRenew.enabled());
     set("dtExpDate", nullptr);
     hospital.expectMessage(" Please Specify Expiration Date for this Private Patient");
     set("cboClin", "EYE");
@@ -280,17 +280,17 @@ TEST_F(PatientsNew, PhotographsAreRealJpegsAndGoIntoTheRow) {
     choose("GIF89a, whatever its name says");
     hospital.expectMessage("The photograph is larger than 5 MB");
     choose("\xFF\xD8\xFF" + std::string(5 * 1024 * 1024, 'x') + "\xFF\xD9");
-    EXPECT_TRUE(screen().imgPix.image().empty());
+    EXPECT_TRUE(screen().photograph.imgPix.image().empty());
     choose(test::jpeg(1600, 800) + "<script>");
-    EXPECT_EQ(test::seenIn(screen().imgPix.image()), "800x400 red blue");
+    EXPECT_EQ(test::seenIn(screen().photograph.imgPix.image()), "800x400 red blue");
     set("txtAdmitLimit", "0");
     save("Record Succesfully Edited and Updated");
     EXPECT_EQ(test::seenIn(hospital.value("select patPix from hPatients"_sql).bytes()), "800x400 red blue");
     EXPECT_FALSE(std::filesystem::exists(hospital.program.path() / "face.jpg")) << "the upload goes once it is stored";
-    EXPECT_TRUE(screen().imgPix.image().empty());
+    EXPECT_TRUE(screen().photograph.imgPix.image().empty());
     hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
     fire("grdData.DblClick");
-    EXPECT_EQ(test::seenIn(screen().imgPix.image()), "800x400 red blue");
+    EXPECT_EQ(test::seenIn(screen().photograph.imgPix.image()), "800x400 red blue");
     fire("cmdCancel");
 }
 
@@ -344,11 +344,11 @@ TEST_F(PatientsNew, TheNextPatientTakesNothingOfTheLast) {
 
     set("grdData", {{"row", 1}});
     fire("grdData.DblClick");
-    EXPECT_EQ(screen().cboClin.text() + screen().cboPurpose.text() + session().gAttendPurpose, "");
-    EXPECT_EQ(screen().txtPix.text(), "") << "a face that was chosen for somebody else";
+    EXPECT_EQ(screen().visit.cboClin.text() + screen().visit.cboPurpose.text() + session().gAttendPurpose, "");
+    EXPECT_EQ(screen().photograph.txtPix.text(), "") << "a face that was chosen for somebody else";
     EXPECT_FALSE(session().gRenewPending) << "nor is his renewal charged";
-    EXPECT_EQ(screen().txtPolicy.items().size(), 2U);
-    EXPECT_EQ(screen().cboClient.text(), "PRIVATE");
+    EXPECT_EQ(screen().client.txtPolicy.items().size(), 2U);
+    EXPECT_EQ(screen().client.cboClient.text(), "PRIVATE");
     session().gRenewPending = true;
     place.desktop.fire(name + ".Unload", false);
     EXPECT_FALSE(session().gRenewPending) << "leaving lets the fee fall";
@@ -367,7 +367,7 @@ TEST_F(PatientsNew, ALoadThatFailsLeavesAWorkingForm) {
     hospital.failStatement("select pno from qryhAdmission");
     hospital.expectMessage("Injected failure");
     set("cboClin", "EYE");
-    EXPECT_EQ(screen().cboClin.text(), "") << "a lock that cannot be looked at lets nobody through";
+    EXPECT_EQ(screen().visit.cboClin.text(), "") << "a lock that cannot be looked at lets nobody through";
     fire("cmdCancel");
 }
 
@@ -375,23 +375,23 @@ TEST_F(PatientsNew, NothingThatWasTypedGoesUnasked) {
     addPatient("P1");
     type();
     set("cboPat", "axa");
-    EXPECT_EQ(screen().cboPat.text(), "AXA");
+    EXPECT_EQ(screen().client.cboPat.text(), "AXA");
     set("cboPat", "Axa Mansard [0007]");
     fire("cmdRefresh");
-    EXPECT_EQ(screen().cboPat.text() + screen().cboArea.text(), "Axa Mansard [0007]Ikeja");
+    EXPECT_EQ(screen().client.cboPat.text() + screen().contacts.cboArea.text(), "Axa Mansard [0007]Ikeja");
     set("cboArea", "Lekki");
-    const auto areas = screen().cboArea.items().size();
+    const auto areas = screen().contacts.cboArea.items().size();
     fire("cmdRefresh");
-    EXPECT_EQ(screen().cboArea.text(), "Lekki");
-    EXPECT_EQ(screen().cboArea.items().size(), areas) << "what was typed becomes no entry";
-    EXPECT_EQ(screen().cboCard.text(), "SINGLE");
+    EXPECT_EQ(screen().contacts.cboArea.text(), "Lekki");
+    EXPECT_EQ(screen().contacts.cboArea.items().size(), areas) << "what was typed becomes no entry";
+    EXPECT_EQ(screen().card.cboCard.text(), "SINGLE");
     hospital.answer("no");  // leave the one who is being added?
     fire("grdData.DblClick");
-    EXPECT_EQ(screen().txtsurNAme.text(), "O'BRIEN [X]");
+    EXPECT_EQ(screen().person.txtsurNAme.text(), "O'BRIEN [X]");
     hospital.answer("yes");
     hospital.expectMessage("Only FrontDesk Module can take Attendance! Edit Allowed");
     fire("grdData.DblClick");
-    EXPECT_EQ(screen().txtsurNAme.text(), "BELLO");
+    EXPECT_EQ(screen().person.txtsurNAme.text(), "BELLO");
 }
 
 }  // namespace

@@ -106,11 +106,11 @@ TEST_F(PatientsNewNur, OneVisitADayWhateverTheLocks) {
     fire("grdData.DblClick");
     hospital.execute("insert into hAdmission (PNo, consultID, wardID) values ('P1', 'C9', 'W')"_sql);
     set("cboClin", "EYE");
-    EXPECT_EQ(screen().cboClin.text(), "EYE") << "a patient in a ward may attend";
+    EXPECT_EQ(screen().visit.cboClin.text(), "EYE") << "a patient in a ward may attend";
     hospital.execute("insert into hRecords (PNo, consultID, recDate) values ('P1', 'C1', '24-Nov-2026')"_sql);
     hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor");
     set("cboClin", "EYE");
-    EXPECT_EQ(screen().cboClin.text(), "");
+    EXPECT_EQ(screen().visit.cboClin.text(), "");
 }
 
 TEST_F(PatientsNewNur, APhotographNeedsAPatientWithANumber) {
@@ -119,7 +119,7 @@ TEST_F(PatientsNewNur, APhotographNeedsAPatientWithANumber) {
     hospital.program.write("face.jpg", test::jpeg(48, 32));
     hospital.answer({{"file", (hospital.program.path() / "face.jpg").string()}});
     fire("cmdPix");
-    EXPECT_EQ(test::seenIn(screen().imgPix.image()), "48x32 red blue");
+    EXPECT_EQ(test::seenIn(screen().photograph.imgPix.image()), "48x32 red blue");
     set("chkReg", false);
     save("Record Succesfully Edited and Updated");
     EXPECT_EQ(test::seenIn(hospital.value("select patPix from hPatients"_sql).bytes()), "48x32 red blue");
@@ -139,7 +139,7 @@ TEST_F(PatientsNewNur, AClinicPickedForSomebodyElseIsNoWayRoundTheVisitOfToday) 
     fire("cmdRefresh");
     hospital.expectMessage("Patient Attendance already Taken! Duplicate not allowed!! Proceed to see Nurse/Doctor");
     fire("grdData.DblClick");
-    EXPECT_EQ(screen().cboClin.text(), "");
+    EXPECT_EQ(screen().visit.cboClin.text(), "");
 }
 
 TEST_F(PatientsNewNur, TheBillGoesToTheClientOfThisPatient) {
@@ -168,11 +168,11 @@ TEST_F(PatientsNewNur, DiffersInItsWords) {
     addPatient("000000123/001");
     set("txtName", "123");
     hospital.forget();
-    EXPECT_EQ(screen().cmdSys.caption(), "System No");
+    EXPECT_EQ(screen().finder.cmdSys.caption(), "System No");
     fire("cmdSys");
-    EXPECT_EQ(screen().txtName.text(), "000000123/001");
+    EXPECT_EQ(screen().finder.txtName.text(), "000000123/001");
     EXPECT_TRUE(ran("select  * from vwhpatients where Pno = '000000123/001' order by fullname"));
-    EXPECT_EQ(screen().lblFound.caption(), "1 Records Found");
+    EXPECT_EQ(screen().finder.lblFound.caption(), "1 Records Found");
     set("txtName", "");
     hospital.expectMessage("To locate a patient, Enter Patient Sys No and click 'System No' Button");
     fire("cmdSys");

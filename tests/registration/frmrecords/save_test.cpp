@@ -99,8 +99,8 @@ TEST_F(Records, AfterASaveTheScreenWaitsForTheNextPatient) {
     EXPECT_FALSE(session().gPatientHasBalance);
     EXPECT_EQ(session().gAttendPurpose, "");
     EXPECT_EQ(labels() + screen().cboVehNo.text() + screen().cboType.text() + screen().cboPurpose.text() +
-                  screen().CboRef.text() + screen().cboClient.text() + screen().txtEmp.text() +
-                  screen().lblBill.caption() + screen().txtName.text(),
+                  screen().client.CboRef.text() + screen().client.cboClient.text() + screen().client.txtEmp.text() +
+                  screen().lblBill.caption() + screen().finder.txtName.text(),
               "||||||");
     EXPECT_TRUE(screen().cmdAdd.visible() && screen().cmdEdit.visible() && screen().cmdDel.visible());
     EXPECT_FALSE(screen().OKButton.visible() || screen().cmdCancel.visible());
@@ -181,16 +181,18 @@ TEST_F(Records, ACorrectionRewritesTheVisitUnderTheCursorAlone) {
     // All that a pick does, and then the visit as it was taken.
     EXPECT_TRUE(ran("select  * from vwhpatients where Pno = '000000002/001' order by fullname"));
     EXPECT_TRUE(ran("Select patPix from hpatients where pno='000000002/001'"));
-    EXPECT_EQ(screen().txtName.text() + screen().cboVehNo.text(), "000000002/001OBI ADA [000000002/001]");
+    EXPECT_EQ(screen().finder.txtName.text() + screen().cboVehNo.text(), "000000002/001OBI ADA [000000002/001]");
     EXPECT_EQ(labels(), "OBI ADA|000000002/001|C-2||Old|20-Nov-2026|");
     EXPECT_EQ(screen().lblBill.caption() + screen().cboType.text() + screen().cboPurpose.text(),
               "001000000001EYE(CONSULTATION)");
-    EXPECT_EQ(screen().cboPat.text() + screen().cboClient.text() + screen().txtPolicy.text() + screen().txtEmp.text(),
+    EXPECT_EQ(screen().client.cboPat.text() + screen().client.cboClient.text() + screen().client.txtPolicy.text() +
+                  screen().client.txtEmp.text(),
               "Axa Mansard [0007]HMOOldE'7");
-    EXPECT_EQ(screen().CboRef.text() + screen().cboRefHmo.text() + session().gAttendPurpose, "NONO(CONSULTATION)");
+    EXPECT_EQ(screen().client.CboRef.text() + screen().client.cboRefHmo.text() + session().gAttendPurpose,
+              "NONO(CONSULTATION)");
     EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(2026, 11, 24));
     EXPECT_EQ(screen().grdData.caption(), "ATTENDANCE FOR TODAY: 2") << "a search while editing leaves the grid";
-    EXPECT_FALSE(screen().cboVehNo.enabled() || screen().cmdSys.enabled()) << "the visit stays hers";
+    EXPECT_FALSE(screen().cboVehNo.enabled() || screen().finder.cmdSys.enabled()) << "the visit stays hers";
 
     hospital.expectMessage("Already in Edit Mode Click 'Cancel Button' to cancel the currrent Editing");
     fire("grdData.DblClick");
@@ -254,7 +256,7 @@ TEST_F(Records, APatientWithANumberOfAnotherFormCanBeCorrectedToo) {
     hospital.expectMessage("BillTo Value Cannot be Empty!!! Check your Client Information");
     hospital.expectMessage("Registration Incomplete! Company Name Required!! Go to Registration Page");
     fire("cmdEdit");
-    EXPECT_TRUE(screen().cmdAdd.visible() && screen().txtName.enabled());
+    EXPECT_TRUE(screen().cmdAdd.visible() && screen().finder.txtName.enabled());
 }
 
 TEST_F(Records, ADeletedVisitLeavesItsBill) {

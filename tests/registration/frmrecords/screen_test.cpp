@@ -17,8 +17,8 @@ TEST_F(Records, OpensOnTheDaysAttendances) {
     EXPECT_EQ(screen().caption(), "ATTENDANCE FOR TODAY :");
     EXPECT_EQ(screen().grdData.caption(), "ATTENDANCE FOR TODAY: 0");
     EXPECT_EQ(screen().dtDate.value(), db::DateTime::of(2026, 11, 24)) << "the server's day";
-    EXPECT_EQ(texts(screen().CboRef) + texts(screen().cboRefHmo), "|YES|NO||YES|NO|");
-    EXPECT_EQ(texts(screen().cboPat), "Axa Mansard [0007]|PRIVATE [0001]|");
+    EXPECT_EQ(texts(screen().client.CboRef) + texts(screen().client.cboRefHmo), "|YES|NO||YES|NO|");
+    EXPECT_EQ(texts(screen().client.cboPat), "Axa Mansard [0007]|PRIVATE [0001]|");
     EXPECT_EQ(texts(screen().cboType).find("IN-PATIENT"), std::string::npos);
     for (const char* statement :
          {"select Distinct Purpose from hClinicPurpose",
@@ -57,17 +57,17 @@ TEST_F(Records, ASearchFillsTheListAndTheGridAndANumberPicks) {
         EXPECT_TRUE(ran("select  * from vwhpatients where " + std::string(where) + " order by fullname")) << where;
         EXPECT_EQ(texts(screen().cboVehNo), hits) << where;
         const auto count = screen().cboVehNo.items().size();
-        EXPECT_EQ(screen().lblFound.caption(), std::to_string(count) + " Records Found") << where;
+        EXPECT_EQ(screen().finder.lblFound.caption(), std::to_string(count) + " Records Found") << where;
         EXPECT_EQ(screen().grdData.rows().rowCount(), count) << where;
         EXPECT_EQ(screen().lblNo.caption(), picked) << where;
     }
-    EXPECT_EQ(screen().txtName.text(), "2/001");
+    EXPECT_EQ(screen().finder.txtName.text(), "2/001");
     set("txtName", "123");
     fire("txtName.KeyReturn");
-    EXPECT_EQ(screen().txtName.text(), "000000123/001");
+    EXPECT_EQ(screen().finder.txtName.text(), "000000123/001");
     set("txtName", "bello");
     fire("txtName.KeyReturn");
-    EXPECT_EQ(screen().lblFound.caption(), "1 Records Found");
+    EXPECT_EQ(screen().finder.lblFound.caption(), "1 Records Found");
 
     const std::pair<const char*, const char*> prompts[] = {
         {"cmdOK", "To locate a patient, Enter few Letters and click OK Button"},
@@ -93,7 +93,7 @@ TEST_F(Records, EachListHidesItsOwnColumns) {
     fire("cmdAdd");
     EXPECT_EQ(hiddenColumns(), today);
     EXPECT_EQ(screen().grdData.caption(), "ATTENDANCE FOR TODAY: 1");
-    EXPECT_EQ(screen().lblFound.caption(), "");
+    EXPECT_EQ(screen().finder.lblFound.caption(), "");
 }
 
 TEST_F(Records, ADoubleClickAfterASearchTakesThePatient) {
@@ -120,8 +120,9 @@ TEST_F(Records, APickShowsThePatientAndHisScheme) {
     find("1");
     EXPECT_TRUE(session().gApptDate.isNull());
     EXPECT_EQ(labels(), "BELLO MUSA|000000001/001|C-1|TAILOR||25-Nov-2026|");
-    EXPECT_EQ(screen().cboClient.text() + screen().CboRef.text() + screen().cboRefHmo.text(), "PRIVATEYESNO");
-    EXPECT_EQ(screen().cboPat.text(), "PRIVATE [0001]");
+    EXPECT_EQ(screen().client.cboClient.text() + screen().client.CboRef.text() + screen().client.cboRefHmo.text(),
+              "PRIVATEYESNO");
+    EXPECT_EQ(screen().client.cboPat.text(), "PRIVATE [0001]");
     EXPECT_TRUE(
         ran("select CoyName,billingCat,Client,occupation,pno,oldpNo,policytype,ref,HMORef,expirydate from "
             "vwhpatients where pNo='000000001/001'"));
@@ -131,12 +132,14 @@ TEST_F(Records, APickShowsThePatientAndHisScheme) {
     fire("cmdAdd");
     EXPECT_EQ(screen().lblNo.caption(), musa);
     find("2");
-    EXPECT_EQ(screen().cboClient.text() + screen().CboRef.text() + screen().cboRefHmo.text(), "HMONOYES");
-    EXPECT_EQ(screen().txtPolicy.text() + "," + screen().txtEmp.text(), "Gold [1],") << "the number is asked for";
+    EXPECT_EQ(screen().client.cboClient.text() + screen().client.CboRef.text() + screen().client.cboRefHmo.text(),
+              "HMONOYES");
+    EXPECT_EQ(screen().client.txtPolicy.text() + "," + screen().client.txtEmp.text(), "Gold [1],")
+        << "the number is asked for";
     hospital.execute("delete from hPatients where PNo='000000002/001'"_sql);
     set("cboVehNo", "OBI ADA [000000002/001]");
     EXPECT_EQ(labels(), "||||||");
-    EXPECT_EQ(screen().CboRef.text() + screen().cboRefHmo.text() + screen().cboClient.text(), "");
+    EXPECT_EQ(screen().client.CboRef.text() + screen().client.cboRefHmo.text() + screen().client.cboClient.text(), "");
     hospital.expectMessage(" please specify Name of Patient");
     fire("OKButton");
     find("99");
@@ -157,7 +160,7 @@ TEST_F(Records, AnIncompleteRegistrationTakesNoAttendance) {
             find("1");
         else
             fire("grdData.DblClick");
-        EXPECT_EQ(labels() + screen().cboVehNo.text() + screen().txtName.text(), "||||||") << how;
+        EXPECT_EQ(labels() + screen().cboVehNo.text() + screen().finder.txtName.text(), "||||||") << how;
     }
     // An error in the middle of a pick leaves nobody picked.
     hospital.failStatement("Select patPix");
@@ -215,10 +218,10 @@ TEST_F(Records, AClientPickOffersHisCategoriesAndPlans) {
     set("txtEmp", "77");
     hospital.forget();
     set("cboPat", "Axa Mansard [0007]");
-    EXPECT_EQ(texts(screen().cboClient), "|HMO|");
-    EXPECT_EQ(texts(screen().txtPolicy), "|Gold [1]|");
-    EXPECT_EQ(screen().cboClient.text() + screen().txtEmp.text(), "");
-    EXPECT_EQ(screen().CboRef.text() + screen().cboRefHmo.text() + labels(),
+    EXPECT_EQ(texts(screen().client.cboClient), "|HMO|");
+    EXPECT_EQ(texts(screen().client.txtPolicy), "|Gold [1]|");
+    EXPECT_EQ(screen().client.cboClient.text() + screen().client.txtEmp.text(), "");
+    EXPECT_EQ(screen().client.CboRef.text() + screen().client.cboRefHmo.text() + labels(),
               "YESNOBELLO MUSA|000000001/001|C-1|TAILOR||25-Nov-2026|");
     for (const char* statement : {"select distinct ClientType,retainCode from hRetainerShip where retainID='0007'",
                                   "select distinct clientCatID  from billingPrice where clientType='HMO'",

@@ -76,6 +76,18 @@ TEST_P(RecordContract, AWriteOfASaveThatFailsLeavesTheRowsAndTheForm) {
     }
 }
 
+TEST_P(RecordContract, ASaveAsksAndNoStoresNothing) {
+    for (const auto& [way, prepare] : ways()) {
+        Desk desk(screen());
+        prepare(desk);
+        const Untouched before(desk);
+        desk.answer("no");
+        desk.fire("OKButton");
+        EXPECT_TRUE(desk.asked("Are you sure to save", "Check before save")) << way;
+        before.expect(way);
+    }
+}
+
 TEST_P(RecordContract, ALineThatBreaksAtAnyStatementOfASaveLeavesTheRowsAndTheForm) {
     for (const bool corrects : {false, true}) {
         const HospitalFiles files;
@@ -168,6 +180,7 @@ TEST_P(RecordContract, ADeleteAsksAndAWriteOfItThatFailsLeavesTheRows) {
             desk.forgetFailure();
             break;
         }
+        EXPECT_TRUE(desk.asked("Are you sure to Delete Record", "Delete"));
         EXPECT_EQ(desk.rows() == rows, !deleted) << desk.failed();
         EXPECT_FALSE(deleted && write == 0) << "no is no";
     }

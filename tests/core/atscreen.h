@@ -95,13 +95,14 @@ protected:
     /// The entries of a list, "a|b|".
     std::string entries(const std::string& list) {
         std::string all;
-        for (const auto& item : place.desktop.get(name + "." + list)["items"])
-            all += item["text"].get<std::string>() + "|";
+        const auto state = place.desktop.get(name + "." + list);
+        for (const auto& item : state["items"]) all += item["text"].get<std::string>() + "|";
         return all;
     }
     std::string hiddenColumns(const std::string& grid = "grdData") {
         std::string hidden;
-        for (const auto& column : place.desktop.get(name + "." + grid)["columns"])
+        const auto state = place.desktop.get(name + "." + grid);
+        for (const auto& column : state["columns"])
             if (!column["visible"].get<bool>()) hidden += column["name"].get<std::string>() + " ";
         return hidden;
     }

@@ -68,6 +68,11 @@ bool Desk::saved() const {
                        [](const auto& box) { return box.text.starts_with("Record Succesfully"); });
 }
 
+bool Desk::asked(const std::string& text, const std::string& title) const {
+    return std::any_of(boxes().begin(), boxes().end(),
+                       [&](const auto& box) { return box.text == text && box.title == title; });
+}
+
 void Desk::saveOne() {
     screen_.add(*this);
     pressSave();

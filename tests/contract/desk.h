@@ -52,6 +52,8 @@ public:
     void pressSave();
     /// Whether a box since the last `forget` says that the record is stored.
     [[nodiscard]] bool saved() const;
+    /// Whether this question was asked since then.
+    [[nodiscard]] bool asked(const std::string& text, const std::string& title) const;
     /// A new record, saved.
     void saveOne();
 

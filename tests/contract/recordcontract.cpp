@@ -83,6 +83,18 @@ TEST_P(RecordContract, AWriteOfASaveThatFailsLeavesTheRowsAndTheForm) {
     }
 }
 
+TEST_P(RecordContract, ASaveAsksAndNoStoresNothing) {
+    for (const auto& [way, prepare] : ways()) {
+        Desk desk(screen());
+        prepare(desk);
+        const Untouched before(desk);
+        desk.answer("no");
+        desk.fire("OKButton");
+        EXPECT_TRUE(desk.asked("Are you sure to save", "Check before save")) << way;
+        before.expect(way);
+    }
+}
+
 TEST_P(RecordContract, ALineThatBreaksAtAnyStatementOfASaveLeavesTheRowsAndTheForm) {
     for (const bool corrects : {false, true}) {
         const HospitalFiles files;
@@ -175,6 +187,7 @@ TEST_P(RecordContract, ADeleteAsksAndAWriteOfItThatFailsLeavesTheRows) {
             desk.forgetFailure();
             break;
         }
+        EXPECT_TRUE(desk.asked("Are you sure to Delete Record", "Delete"));
         EXPECT_EQ(desk.rows() == rows, !deleted) << desk.failed();
         EXPECT_FALSE(deleted && write == 0) << "no is no";
     }

@@ -92,7 +92,7 @@ RecordScreen patientsNewNur() {
                 },
             .add =
                 [](Desk& desk) {
-                    bookPatient(desk.place, "(PRIVATE) [0001]", "(IN-PATIENT)", "APPOINTMENT");
+                    bookPatient(desk.place, privateClient, "(IN-PATIENT)", "APPOINTMENT");
                     desk.place.session.gPatientBalance = 100;
                     desk.set("txtAdmitLimit", "0");
                 },

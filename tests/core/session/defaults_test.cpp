@@ -25,13 +25,24 @@ void clear(Ward& ward) {
     ward.setDefault("Clinic_PhoneNo", "0803");
 }
 
+/// The texts of posting, by the variables that keep them.
+const std::map<std::string, const char*> postingTexts{{"gAutoTranNo", "AUTO_TRAN_NO"},
+                                                      {"gAcctCostCenter", "AcctCostCenter"},
+                                                      {"gAcctNoPOS", "AcctNoPOS"},
+                                                      {"gAcctNoCheque", "AcctNoCheque"},
+                                                      {"gAcctNoTransfer", "AcctNoTransfer"},
+                                                      {"gAcctNoCash", "AcctNoCash"},
+                                                      {"gAcctNoOthers", "AcctNoOthers"},
+                                                      {"gAcctNoSales", "AcctNoSales"},
+                                                      {"gAcctNoSalesCopy", "AcctNoSales"},
+                                                      {"gAcctNoSalesInv", "AcctNoSalesInv"},
+                                                      {"gAcctNoSalesInvCopy", "AcctNoSalesInv"}};
+
 /// All that posting needs.
 void fillPosting(Ward& ward) {
     ward.setDefault("AcctPostOn", "YES");
     ward.setDefault("AcctPostType", "auto");
-    for (const auto* key : {"AUTO_TRAN_NO", "AcctCostCenter", "AcctNoPOS", "AcctNoCheque", "AcctNoTransfer",
-                            "AcctNoCash", "AcctNoOthers", "AcctNoSales", "AcctNoSalesInv"})
-        ward.setDefault(key, std::string("my ") + key);
+    for (const auto& [variable, key] : postingTexts) ward.setDefault(key, std::string("my ") + key);
     ward.setDefault("CashAccountIndex", "11");
     ward.setDefault("ARAccountIndex", "12");
 }
@@ -80,27 +91,24 @@ const std::vector<Key>& plainKeys() {
 TEST(Defaults, AbsentSetEmptyAndAbsentAgain) {
     Ward ward;
     clear(ward);
-    core::LoadSession(ward.place);
-    auto read = variables(ward.place.session);
-    for (const auto& key : plainKeys()) EXPECT_EQ(read[key.variable], key.whenAbsent) << key.key;
+    const auto expectAll = [&](const char* how, auto expected) {
+        core::LoadSession(ward.place);
+        auto read = variables(ward.place.session);
+        for (const auto& key : plainKeys()) EXPECT_EQ(read[key.variable], expected(key)) << key.key << ' ' << how;
+    };
+    expectAll("absent", [](const Key& key) { return key.whenAbsent; });
 
     for (const auto& key : plainKeys()) ward.setDefault(key.key, key.set);
-    core::LoadSession(ward.place);
-    read = variables(ward.place.session);
-    for (const auto& key : plainKeys()) EXPECT_EQ(read[key.variable], key.read) << key.key;
+    expectAll("set", [](const Key& key) { return key.read; });
 
     for (const auto& nothing : {db::Value(""), db::Value()}) {
         for (const auto& key : plainKeys())
             if (key.readsEmpty) ward.setDefault(key.key, nothing);
-        core::LoadSession(ward.place);
-        read = variables(ward.place.session);
-        for (const auto& key : plainKeys()) EXPECT_EQ(read[key.variable], key.readsEmpty ? "" : key.read) << key.key;
+        expectAll("empty", [](const Key& key) { return key.readsEmpty ? "" : key.read; });
     }
 
     for (const auto& key : plainKeys()) ward.dropDefault(key.key);
-    core::LoadSession(ward.place);
-    read = variables(ward.place.session);
-    for (const auto& key : plainKeys()) EXPECT_EQ(read[key.variable], key.whenAbsent) << key.key;
+    expectAll("absent again", [](const Key& key) { return key.whenAbsent; });
 }
 
 TEST(Defaults, SettingsOfReceiptAndLaboratory) {
@@ -148,25 +156,13 @@ TEST(Defaults, PostingReadsItsKeysOnlyWhenItIsOn) {
     fillPosting(ward);
     core::LoadSession(ward.place);
     const auto read = variables(ward.place.session);
-    const std::map<std::string, std::string> expected{
-        {"gAcctPeriod", "2026-11"},
-        {"gAcctPostType", "auto"},
-        {"gAcctAutoPost", "True"},
-        {"gAutoTranNo", "my AUTO_TRAN_NO"},
-        {"gAcctCostCenter", "my AcctCostCenter"},
-        {"gAcctNoPOS", "my AcctNoPOS"},
-        {"gAcctNoCheque", "my AcctNoCheque"},
-        {"gAcctNoTransfer", "my AcctNoTransfer"},
-        {"gAcctNoCash", "my AcctNoCash"},
-        {"gAcctNoOthers", "my AcctNoOthers"},
-        {"gCashAccountIndex", "11"},
-        {"gARAccountIndex", "12"},
-        {"gAcctNoSales", "my AcctNoSales"},
-        {"gAcctNoSalesCopy", "my AcctNoSales"},
-        {"gAcctNoSalesInv", "my AcctNoSalesInv"},
-        {"gAcctNoSalesInvCopy", "my AcctNoSalesInv"},
-    };
-    for (const auto& [name, value] : expected) EXPECT_EQ(read.at(name), value) << name;
+    for (const auto& [variable, key] : postingTexts) EXPECT_EQ(read.at(variable), std::string("my ") + key) << variable;
+    for (const auto& [variable, value] : std::map<std::string, std::string>{{"gAcctPeriod", "2026-11"},
+                                                                            {"gAcctPostType", "auto"},
+                                                                            {"gAcctAutoPost", "True"},
+                                                                            {"gCashAccountIndex", "11"},
+                                                                            {"gARAccountIndex", "12"}})
+        EXPECT_EQ(read.at(variable), value) << variable;
 
     for (const auto* key : {"AUTO_TRAN_NO", "AcctNoOthers", "AcctPostType"}) ward.dropDefault(key);
     core::LoadSession(ward.place);

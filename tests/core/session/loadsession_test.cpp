@@ -18,11 +18,11 @@ TEST(LoadSession, FillsTheSessionAndOpensTheMainWindowOnce) {
     core::LoadSession(ward.place);
     const auto& session = ward.place.session;
     EXPECT_EQ(session.gServerName, "SERVER");
-    EXPECT_EQ(session.gConnHospital, "Driver={SQL Server};Server=SERVER;Database=Hospital;UID=wardo;PWD=brentols");
-    EXPECT_EQ(session.gConnArchive,
-              "Driver={SQL Server};Server=SERVER;Database=HospitalArchive;UID=wardo;PWD=brentols");
-    EXPECT_EQ(session.gConnSms, "Driver={SQL Server};Server=SERVER;Database=SmsCenter;UID=wardo;PWD=brentols");
-    EXPECT_EQ(session.gConnAccounting, "Driver={SQL Server};Server=SERVER;Database=Accounting;UID=wardo;PWD=brentols");
+    for (const auto& [connection, database] :
+         {std::pair(session.gConnHospital, "Hospital"), std::pair(session.gConnArchive, "HospitalArchive"),
+          std::pair(session.gConnSms, "SmsCenter"), std::pair(session.gConnAccounting, "Accounting")})
+        EXPECT_EQ(connection,
+                  "Driver={SQL Server};Server=SERVER;Database=" + std::string(database) + ";UID=wardo;PWD=brentols");
     EXPECT_EQ(session.gPatientsPath, "\\\\SERVER\\Patients\\");
     EXPECT_EQ(session.gBillType, "0");
     EXPECT_EQ(session.gEditableGridColumn, 3);
@@ -69,6 +69,19 @@ TEST(LoadSession, ReadsItsTwoFilesLineByLine) {
     }
 }
 
+/// The oldest version that the role may run.
+std::function<void(Ward&)> oldest(const db::Sql& version, const char* lock = "YES", const char* role = "NURSING") {
+    return [=](Ward& w) {
+        w.setDefault("LockOldVersion", lock);
+        w.execute("update Roles set MinVer="_sql + version + " where LoginRole='" + std::string(role) + "'");
+    };
+}
+
+/// The lines of the file that names the user.
+std::function<void(Ward&)> sysdoc(const char* lines) {
+    return [=](Ward& w) { w.program.write("sysdoc.sys", lines); };
+}
+
 struct Refusal {
     const char* name;
     std::function<void(Ward&)> arrange;
@@ -83,29 +96,19 @@ const std::vector<Refusal>& refusals() {
          "A System inifile bAccum required for this Application is MISSING"},
         {"no sysdoc.sys", [](Ward& w) { std::filesystem::remove(w.program.path() / "sysdoc.sys"); },
          "A System file UName required for this Application is MISSING"},
-        {"empty sysdoc.sys", [](Ward& w) { w.program.write("sysdoc.sys", ""); }, invalidLogin},
-        {"unknown user", [](Ward& w) { w.program.write("sysdoc.sys", "nobody\n"); }, invalidLogin},
-        {"last line empty", [](Ward& w) { w.program.write("sysdoc.sys", "nurse\n\n"); }, invalidLogin},
+        {"empty sysdoc.sys", sysdoc(""), invalidLogin},
+        {"unknown user", sysdoc("nobody\n"), invalidLogin},
+        {"last line empty", sysdoc("nurse\n\n"), invalidLogin},
         {"another role only",
          [](Ward& w) {
              w.addUser("doc", "CONSULTING");
              w.program.write("sysdoc.sys", "doc\n");
          },
          invalidLogin},
-        {"too old",
-         [](Ward& w) {
-             w.setDefault("LockOldVersion", "YES");
-             w.execute("update Roles set MinVer=8 where LoginRole='NURSING'"_sql);
-         },
-         "This Version of NURSING Module is OLD!\nOnly Versions 8 and Above are Allowed",
+        {"too old", oldest("8"_sql), "This Version of NURSING Module is OLD!\nOnly Versions 8 and Above are Allowed",
          "Old Version 7.2 Not Allowed"},
-        {"minimum beyond 16 bits",
-         [](Ward& w) {
-             w.setDefault("LockOldVersion", "YES");
-             w.execute("update Roles set MinVer=40000 where LoginRole='NURSING'"_sql);
-         },
-         invalidLogin, "", true},
-        {"a quote in the name", [](Ward& w) { w.program.write("sysdoc.sys", "O'Hara\n"); }, invalidLogin, "", true},
+        {"minimum beyond 16 bits", oldest("40000"_sql), invalidLogin, "", true},
+        {"a quote in the name", sysdoc("O'Hara\n"), invalidLogin, "", true},
         {"a directory in the file's place",
          [](Ward& w) {
              std::filesystem::remove(w.program.path() / "made.sys");
@@ -118,46 +121,31 @@ const std::vector<Refusal>& refusals() {
     return all;
 }
 
-TEST(LoadSession, RefusesToStart) {
-    for (const auto& one : refusals()) {
-        SCOPED_TRACE(one.name);
-        Ward ward;
-        one.arrange(ward);
-        ward.expectMessage(one.text, one.title);
-        EXPECT_TRUE(ward.ends([&] { core::LoadSession(ward.place); }));
-        EXPECT_EQ(ward.mainWindowsMade, 0);
-    }
-}
-
-TEST(LoadSession, AReloadEndsTheSessionByAFatalStepAndSurvivesAnError) {
-    for (const auto& one : refusals()) {
-        SCOPED_TRACE(one.name);
-        Ward ward;
-        core::LoadSession(ward.place);
-        one.arrange(ward);
-        ward.expectMessage(one.text, one.title);
-        EXPECT_EQ(ward.ends([&] { core::LoadSession(ward.place); }), !one.trapped);
-    }
+/// A session that does not run yet ends in any case; one that runs survives an error.
+TEST(LoadSession, RefusesToStartAndARunningOneEndsByAFatalStep) {
+    for (const auto& one : refusals())
+        for (const bool running : {false, true}) {
+            SCOPED_TRACE(one.name + std::string(running ? ", running" : ""));
+            Ward ward;
+            if (running) core::LoadSession(ward.place);
+            one.arrange(ward);
+            ward.expectMessage(one.text, one.title);
+            EXPECT_EQ(ward.ends([&] { core::LoadSession(ward.place); }), !running || !one.trapped);
+            EXPECT_EQ(ward.mainWindowsMade, running ? 1 : 0);
+        }
 }
 
 TEST(LoadSession, LetsTheVersionPass) {
-    struct Case {
-        const char* name;
-        const char* lock;
-        std::function<void(Ward&)> arrange;
+    const std::vector<std::pair<const char*, std::function<void(Ward&)>>> cases{
+        {"equal", oldest("7"_sql)},
+        {"null", oldest("null"_sql)},
+        {"lower case", oldest("8"_sql, "yes")},
+        {"other module", oldest("8"_sql, "YES", "CONSULTING")},
     };
-    const std::vector<Case> cases{
-        {"equal", "YES", [](Ward& w) { w.execute("update Roles set MinVer=7 where LoginRole='NURSING'"_sql); }},
-        {"null", "YES", [](Ward& w) { w.execute("update Roles set MinVer=null where LoginRole='NURSING'"_sql); }},
-        {"lower case", "yes", [](Ward& w) { w.execute("update Roles set MinVer=8 where LoginRole='NURSING'"_sql); }},
-        {"other module", "YES",
-         [](Ward& w) { w.execute("update Roles set MinVer=8 where LoginRole='CONSULTING'"_sql); }},
-    };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.name);
+    for (const auto& [name, arrange] : cases) {
+        SCOPED_TRACE(name);
         Ward ward;
-        ward.setDefault("LockOldVersion", one.lock);
-        one.arrange(ward);
+        arrange(ward);
         core::LoadSession(ward.place);
         EXPECT_EQ(ward.mainWindowsMade, 1);
     }
@@ -165,10 +153,8 @@ TEST(LoadSession, LetsTheVersionPass) {
 
 TEST(LoadSession, TheVersionLockComesBeforeTheLaterKeys) {
     Ward ward;
-    ward.setDefault("LockOldVersion", "YES");
-    ward.execute("update Roles set MinVer=8 where LoginRole='NURSING'"_sql);
-    ward.expectMessage("This Version of NURSING Module is OLD!\nOnly Versions 8 and Above are Allowed",
-                       "Old Version 7.2 Not Allowed");
+    oldest("8"_sql)(ward);
+    ward.setTakesMessages(true);
     EXPECT_TRUE(ward.ends([&] { core::LoadSession(ward.place); }));
     EXPECT_EQ(ward.boxes().front().icon, ui::Icon::stop);
     const auto statements = ward.statements();

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <algorithm>
 #include <string>
-#include <utility>
-#include <vector>
 
+#include "core/session/session.h"
 #include "outpatient/frmpreconsult/frmpreconsult.h"
 #include "outpatient/screens.h"
-#include "tests/core/stubs.h"
+#include "tests/core/atscreen.h"
 
 namespace test {
 
@@ -15,19 +13,19 @@ inline constexpr const char* adaWaits = "Obi Ada Mrs @24-Nov-2026 08:15:00 GENER
 inline constexpr const char* musaWaits = "Bello Musa  @24-Nov-2026 08:40:00 EYE [C2]";
 
 /// What is typed for a patient.
-inline const std::vector<std::pair<const char*, const char*>> typed = {{"txtTemp", "36.8"},
-                                                                       {"txtPressure", "120"},
-                                                                       {"txtPressure2", "80"},
-                                                                       {"txtPause", "72"},
-                                                                       {"txtResp", "18"},
-                                                                       {"txtHt", "1.68"},
-                                                                       {"txtWt", "64.5"},
-                                                                       {"txtSPO2", " 98 "},
-                                                                       {"txtRBS", " 5.4 "},
-                                                                       {"cboPosition", "Sitting"},
-                                                                       {"txtAlb", "NIL"},
-                                                                       {"txtSugar", "+"},
-                                                                       {"txtRem", "not to be stored"}};
+inline const Entries typed = {{"txtTemp", "36.8"},
+                              {"txtPressure", "120"},
+                              {"txtPressure2", "80"},
+                              {"txtPause", "72"},
+                              {"txtResp", "18"},
+                              {"txtHt", "1.68"},
+                              {"txtWt", "64.5"},
+                              {"txtSPO2", " 98 "},
+                              {"txtRBS", " 5.4 "},
+                              {"cboPosition", "Sitting"},
+                              {"txtAlb", "NIL"},
+                              {"txtSugar", "+"},
+                              {"txtRem", "not to be stored"}};
 
 inline void addVisit(TestHospital& hospital, const std::string& pno, const std::string& surname,
                      const std::string& firstName, const std::string& title, const std::string& consultID,
@@ -64,78 +62,35 @@ inline void arrangeStation(TestHospital& hospital) {
 
 /// Types all of a patient who waits.
 inline void takeVitals(core::Workplace& place, const char* entry) {
-    const auto set = [&place](const char* field, const char* text) {
-        place.desktop.set(std::string("frmPreConsult.") + field, text, false);
-    };
     place.desktop.fire("frmPreConsult.cmdAdd", false);
-    set("cboVehNo", entry);
-    for (const auto& [field, text] : typed) set(field, text);
-    set("CboRef", "Tunde Ojo [D1]");
+    enter(place, "frmPreConsult", {{"cboVehNo", entry}});
+    enter(place, "frmPreConsult", typed);
+    enter(place, "frmPreConsult", {{"CboRef", "Tunde Ojo [D1]"}});
 }
 
 /// Corrects the row under the cursor, for a doctor.
 inline void correctVitals(core::Workplace& place, const char* doctor) {
     place.desktop.fire("frmPreConsult.grdData.DblClick", false);
-    place.desktop.set("frmPreConsult.CboRef", doctor, false);
+    enter(place, "frmPreConsult", {{"CboRef", doctor}});
 }
 
 /// A nurse at the station of that morning.
-class PreConsult : public testing::Test {
+class PreConsult : public AtScreen {
 protected:
-    PreConsult() { open(); }
-    void open() {
-        hospital.start();
-        outpatient::provideScreens(hospital.place);
-        arrangeStation(hospital);
-        place.desktop.show("frmPreConsult");
-        hospital.forget();
-    }
-    outpatient::frmPreConsult& screen() {
-        return dynamic_cast<outpatient::frmPreConsult&>(*place.desktop.loaded("frmPreConsult"));
-    }
-    core::Session& session() { return place.session; }
-
-    // -- what a nurse does at the page --
-    void fire(const std::string& control) { place.desktop.fire("frmPreConsult." + control, false); }
-    void set(const std::string& control, const nlohmann::json& content) {
-        place.desktop.set("frmPreConsult." + control, content, false);
-    }
+    PreConsult() : AtScreen("frmPreConsult", &outpatient::provideScreens, &arrangeStation) {}
+    outpatient::frmPreConsult& screen() { return as<outpatient::frmPreConsult>(); }
     void take(const char* entry) { takeVitals(place, entry); }
-    void save(const char* says) {
-        hospital.answer("yes");
-        hospital.expectMessage(says);
-        fire("OKButton");
-    }
     void saveOne(const char* entry = adaWaits) {
         take(entry);
-        save("Record Succesfully saved");
+        save();
         hospital.forget();
     }
-    void correct(const char* doctor) { correctVitals(place, doctor); }
-
-    // -- what came of it --
-    std::string focus() { return hospital.focus(); }
-    bool ran(const std::string& statement) { return hospital.ran(statement); }
-    static std::vector<std::string> texts(const ui::ItemControl& list) {
-        std::vector<std::string> found;
-        for (const auto& item : list.items()) found.push_back(item.text);
-        return found;
-    }
-    /// All that a save writes.
+    /// The readings, their twins and the attendances.
     std::string rows() {
         using namespace db::literals;
-        std::string all;
-        for (const auto& table :
-             {"select * from hPreConsult"_sql, "select * from hPreConsultChart"_sql, "select * from billAccum"_sql,
-              "select * from hRecords"_sql, "select * from hPatientsTimeline"_sql, "select * from hAuditTrail"_sql})
-            all += hospital.dump(table) + "-\n";
-        return all;
+        return dump("select * from hPreConsult"_sql) + dump("select * from hPreConsultChart"_sql) +
+               dump("select * from hRecords"_sql);
     }
-    nlohmann::json shown() { return place.desktop.get("frmPreConsult"); }
-    std::string text(const std::string& field) { return shown()["controls"][field]["text"]; }
-
-    Ward hospital;
-    core::Workplace& place = hospital.place;
 };
 
 }  // namespace test

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "core/session/session.h"
 #include "tests/registration/shared/registration.h"
 
 namespace test {
@@ -20,22 +19,14 @@ inline void priceServices(TestHospital& hospital) {
 /// The least that a nurse has to know of a patient, with the visit.
 inline void bookPatient(core::Workplace& place, const std::string& client, const std::string& clinic,
                         const std::string& purpose) {
-    const auto set = [&place](const char* field, const nlohmann::json& content) {
-        place.desktop.set(std::string("frmPatientsNewNur.") + field, content, false);
-    };
-    place.desktop.fire("frmPatientsNewNur.cmdAdd", false);
-    EXPECT_TRUE(place.desktop.get("frmPatientsNewNur.chkReg")["checked"]) << "everyone may take the attendance here";
-    set("cboNew", "NEW");
-    set("cboPat", client);
-    if (client != "(PRIVATE) [0001]") {
-        set("cboClient", "HMO");
-        set("dtExpDate", nullptr);
-    }
-    set("txtsurNAme", "OBI");
-    set("txtfirstNAme", "NGOZI");
-    if (clinic == "(IN-PATIENT)") set("cboMat", "NEONATE");
-    set("cboClin", clinic);
-    set("cboPurpose", purpose);
+    const std::string screen = "frmPatientsNewNur";
+    place.desktop.fire(screen + ".cmdAdd", false);
+    EXPECT_TRUE(place.desktop.get(screen + ".chkReg")["checked"]) << "everyone may take the attendance here";
+    enter(place, screen, {{"cboNew", "NEW"}, {"cboPat", client}});
+    if (client != privateClient) enter(place, screen, {{"cboClient", "HMO"}, {"dtExpDate", nullptr}});
+    enter(place, screen, {{"txtsurNAme", "OBI"}, {"txtfirstNAme", "NGOZI"}});
+    if (clinic == "(IN-PATIENT)") enter(place, screen, {{"cboMat", "NEONATE"}});
+    enter(place, screen, {{"cboClin", clinic}, {"cboPurpose", purpose}});
 }
 
 }  // namespace test

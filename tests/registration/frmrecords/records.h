@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "registration/frmrecords/frmrecords.h"
 #include "tests/registration/shared/registration.h"
@@ -25,17 +24,12 @@ inline void arrangeAttendance(TestHospital& hospital) {
 /// An attendance as far as the save.
 inline void takeAttendance(core::Workplace& place, const std::string& number = "1",
                            const std::string& purpose = "(CONSULTATION)") {
-    const auto set = [&place](const char* field, const std::string& text) {
-        place.desktop.set(std::string("frmRecords.") + field, text, false);
-    };
-    place.desktop.fire("frmRecords.cmdAdd", false);
-    set("txtName", number);
-    place.desktop.fire("frmRecords.cmdSys", false);
-    set("cboType", "EYE");
-    set("cboPurpose", purpose);
-    set("CboRef", "NO");
-    set("cboRefHmo", "NO");
-    set("txtEmp", "NIL");
+    const std::string screen = "frmRecords";
+    place.desktop.fire(screen + ".cmdAdd", false);
+    enter(place, screen, {{"txtName", number}});
+    place.desktop.fire(screen + ".cmdSys", false);
+    enter(place, screen,
+          {{"cboType", "EYE"}, {"cboPurpose", purpose}, {"CboRef", "NO"}, {"cboRefHmo", "NO"}, {"txtEmp", "NIL"}});
 }
 
 /// A clerk at the attendance desk.
@@ -46,11 +40,11 @@ protected:
         fire("cmdRefresh");
         hospital.forget();
     }
-    registration::frmRecords& screen() { return dynamic_cast<registration::frmRecords&>(*place.desktop.loaded(name)); }
+    registration::frmRecords& screen() { return as<registration::frmRecords>(); }
     /// Finds a patient by a number, which picks him.
-    void find(const std::string& number) {
+    void find(const std::string& number, Says says = {}) {
         set("txtName", number);
-        fire("cmdSys");
+        fire("cmdSys", says);
     }
     void take(const std::string& number = "1", const std::string& purpose = "(CONSULTATION)") {
         takeAttendance(place, number, purpose);
@@ -60,31 +54,8 @@ protected:
         save();
         hospital.forget();
     }
-    std::string shown() {
-        auto controls = place.desktop.get(name)["controls"];
-        controls.erase("grdData");
-        controls.erase("lblFound");
-        return controls.dump();
-    }
-    std::string hiddenColumns() {
-        std::string hidden;
-        const auto grid = place.desktop.get(name)["controls"]["grdData"];
-        for (const auto& column : grid["columns"])
-            if (!column["visible"].get<bool>()) hidden += column["name"].get<std::string>() + " ";
-        return hidden;
-    }
-    static std::string texts(const ui::ItemControl& list) {
-        std::string all;
-        for (const auto& item : list.items()) all += item.text + "|";
-        return all;
-    }
-    std::string labels() {
-        std::string all;
-        for (const auto* label : {&screen().lblTitle, &screen().lblNo, &screen().lblOld, &screen().lblOccup,
-                                  &screen().lblPolicy, &screen().lblExpire})
-            all += label->caption() + "|";
-        return all;
-    }
+    /// Who is picked.
+    std::string patient() { return shown({"lblTitle", "lblNo", "lblOld", "lblOccup", "lblPolicy", "lblExpire"}); }
 };
 
 }  // namespace test

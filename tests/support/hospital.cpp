@@ -2,11 +2,6 @@
 
 #include <algorithm>
 
-#include <unistd.h>
-
-#include <cstdlib>
-#include <fstream>
-
 #include "db/error.h"
 #include "hospital/schema.h"
 
@@ -22,21 +17,6 @@ std::map<std::string, db::Source> inMemory() {
 }
 
 }  // namespace
-
-TemporaryDirectory::TemporaryDirectory() {
-    auto pattern = (std::filesystem::temp_directory_path() / "vorel-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary directory");
-    path_ = pattern;
-}
-
-TemporaryDirectory::~TemporaryDirectory() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-void TemporaryDirectory::write(const std::string& name, const std::string& content) const {
-    std::ofstream(path_ / name, std::ios::binary) << content;
-}
 
 HospitalFiles::HospitalFiles() {
     hospital::createDatabases(directory_.path());

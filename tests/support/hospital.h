@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -13,23 +12,10 @@
 
 #include "core/session/workplace.h"
 #include "db/databases.h"
+#include "tests/support/directory.h"
 #include "ui/eventloop.h"
 
 namespace test {
-
-/// A directory of its own that goes with the object.
-class TemporaryDirectory {
-public:
-    TemporaryDirectory();
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-    ~TemporaryDirectory();
-    [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
-    void write(const std::string& name, const std::string& content) const;
-
-private:
-    std::filesystem::path path_;
-};
 
 /// The four databases of a new hospital in files, for the tests of several desks and of lines that break.
 class HospitalFiles {

@@ -292,7 +292,7 @@ TEST_F(HostTest, StoppingTellsThePages) {
 }
 
 /// Writes a key and a certificate of its own to the directory.
-void makeCertificate(const webtest::Directory& directory) {
+void makeCertificate(const test::TemporaryDirectory& directory) {
     const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> key(EVP_EC_gen("P-256"), &EVP_PKEY_free);
     const std::unique_ptr<X509, decltype(&X509_free)> certificate(X509_new(), &X509_free);
     X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -3600);
@@ -308,7 +308,7 @@ void makeCertificate(const webtest::Directory& directory) {
 }
 
 TEST(Host, OverTlsItServesThePageAndChoosesTheCipher) {
-    const webtest::Directory directory;
+    const test::TemporaryDirectory directory;
     makeCertificate(directory);
     auto config = testConfig();
     config.certificate = (directory.path() / "cert.pem").string();
@@ -351,7 +351,7 @@ TEST(Host, CannotServe) {
     open.address = "0.0.0.0";
     EXPECT_THROW(web::Host(open, services(), &webtest::makeTestSeat), web::ConfigError);
     auto broken = testConfig();
-    broken.certificate = broken.key = (webtest::sourceDirectory() / "README.md").string();
+    broken.certificate = broken.key = (test::sourceDirectory() / "README.md").string();
     EXPECT_THROW(web::Host(broken, services(), &webtest::makeTestSeat), web::HostError);
 }
 

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <iostream>
 #include <sstream>
 
 #include "core/session/session.h"
@@ -219,10 +218,6 @@ TEST_F(MenuTest, AReloadThatLacksWhatPostingNeedsEndsTheSession) {
 }
 
 TEST_F(MenuTest, ScreensThatNobodyProvidesYetSaySo) {
-    std::cout << notYetProvided.size() << " of the menu's screens are not there yet:";
-    for (const auto& name : notYetProvided) std::cout << " " << name;
-    std::cout << "\n";
-
     TestHospital bare;
     shell::provideScreens(bare.place);
     core::LoadSession(bare.place);

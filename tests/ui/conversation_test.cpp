@@ -59,7 +59,7 @@ TEST_P(Transcripts, read) {
     for (std::size_t i = 0; i < replies.size(); ++i) {
         const auto& [request, events, waiting] = GetParam().turns[i];
         EXPECT_EQ(replies[i], json({{"reply", i + 1}, {"events", events}, {"waiting", waiting}}))
-            << "after " << request;
+            << GetParam().name << ", after " << request;
     }
 }
 
@@ -128,8 +128,7 @@ const Transcript transcripts[] = {
             R"([{"changed":{"frmWard.dtVisit":{"date":"2026-11-24"}}}])"),
       tells(R"({"set":"frmWard.dtVisit","to":null})", "[]"), tells(R"({"set":"frmWard.tabs","to":{"page":1}})", "[]")}},
 };
-INSTANTIATE_TEST_SUITE_P(All, Transcripts, testing::ValuesIn(transcripts),
-                         [](const auto& each) { return "n" + std::to_string(each.index); });
+INSTANTIATE_TEST_SUITE_P(All, Transcripts, testing::ValuesIn(transcripts));
 
 TEST_F(Conversation, refusesWhatIsWrongWithOneReplyAndRunsNothing) {
     const std::string longest(ui::longestRequest + 1, ' ');

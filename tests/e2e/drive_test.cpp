@@ -65,10 +65,11 @@ TEST_F(Drive, ARunTimeErrorLeavesTheMainWindowOpenUntilTheDatabaseIsBack) {
     const auto reloadWithFileAt = [&](const std::filesystem::path& from, const std::filesystem::path& to) {
         std::filesystem::rename(from, to);
         std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        json events = json::array();
-        for (const auto& event : session.send(reload)["events"])
-            if (!event.contains("changed")) events.push_back(event);
-        return events;
+        json boxes = json::array();
+        const json reply = session.send(reload);
+        for (const auto& event : reply.at("events"))
+            if (!event.contains("changed")) boxes.push_back(event);
+        return boxes;
     };
     const auto failed = reloadWithFileAt(file, away);
     ASSERT_EQ(failed.size(), 1U) << failed;

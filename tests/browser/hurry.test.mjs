@@ -35,10 +35,13 @@ async function addReadings(place = 1) {
 
 test("a box that opens under typing takes none of it, and no key until the keyboard is quiet", async () => {
     page = await atWork(house);
-    await input(page, "txtTemp").fill("36.81");
+    await input(page, "txtTemp").focus();
+    await page.keyboard.type("36.81");
     await input(page, "txtName").focus();  // the temperature was left too long: a box comes
-    await page.keyboard.type("tunde bola", {delay: 60});
-    await page.locator(".v-aside:popover-open").waitFor();
+    const aside = page.locator(".v-aside:popover-open");
+    for (let typed = 0; typed < 100 && await aside.count() === 0; ++typed) await page.keyboard.type("a", {delay: 50});
+    await page.keyboard.type("tunde bola");
+    assert.equal(await aside.count(), 1);
     assert.equal(await focused(page), "frmSamples.txtName");
     await page.keyboard.press("Enter");  // is no answer
     await page.keyboard.type("lost");    // and what follows it was meant for elsewhere
@@ -46,7 +49,7 @@ test("a box that opens under typing takes none of it, and no key until the keybo
     await page.keyboard.press("Enter");
     await box(page).waitFor({state: "hidden"});
     await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmSamples.txtTemp");
-    assert.equal(await input(page, "txtName").inputValue(), "tunde bola");
+    assert.match(await input(page, "txtName").inputValue(), /^a*tunde bola$/);
 });
 
 test("readings show what is usual for the age, mark what is not and what cannot be, and stop nothing", async () => {
@@ -72,6 +75,39 @@ test("readings show what is usual for the age, mark what is not and what cannot 
     await page.keyboard.press("Alt+ArrowDown");
     await field("cboVehNo", "[data-at='3']").click();
     await page.locator(".v-banner-warning:visible").filter({hasText: `typed for ${first}`}).waitFor();
+});
+
+test("a full set of vital signs takes at most 60 keys and no mouse", async () => {
+    await atStation();
+    let keys = 0;
+    const press = async (...names) => {
+        for (const name of names) await page.keyboard.press(name);
+        keys += names.length;
+    };
+    const type = async (text) => {
+        await page.keyboard.type(text);
+        keys += text.length;
+    };
+    await press("Alt+a");
+    await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmPreConsult.cboVehNo");
+    await press("ArrowDown", "ArrowDown", "ArrowDown", "Enter", "Tab");
+    await page.locator(".v-banner").filter({hasText: "Age"}).waitFor();
+    for (const reading of ["36.8", "120/80", "72", "18", "1.70", "68", "98", "5.6"]) {
+        await type(reading);
+        await press("Tab");
+    }
+    await press("Tab");  // the position
+    for (const reading of ["NIL", "NIL"]) {
+        await type(reading);
+        await press("Tab");
+    }
+    await press("ArrowDown", "ArrowDown", "ArrowDown", "Enter", "Alt+s");
+    await box(page).filter({hasText: "Are you sure to save"}).waitFor();
+    await press("Alt+y");
+    await box(page).filter({hasText: "Record Succesfully saved"}).waitFor();
+    await press("Enter");
+    await box(page).waitFor({state: "hidden"});
+    assert.ok(keys <= 60, `${keys} keys`);
 });
 
 test("a refused save marks the field, Esc asks before it throws readings away, and Cancel does not", async () => {

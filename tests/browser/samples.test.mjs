@@ -222,6 +222,11 @@ test("a report opens as a page of its own, and as CSV", async () => {
     const report = await opened;
     await report.getByRole("heading", {name: "Sample patients"}).waitFor();
     await picture(report, "report");
+    await report.emulateMedia({media: "print"});
+    await report.setViewportSize({width: 700, height: 1000});  // upright A4 within its margins
+    assert.ok(await report.evaluate(() => document.querySelector("table").getBoundingClientRect().right <= innerWidth));
+    await report.emulateMedia({media: "screen"});
+    assert.ok(await report.getByRole("button", {name: "Print"}).isVisible());
     const [file] = await Promise.all([page.waitForEvent("download"), page.getByRole("link", {name: "Download as CSV"}).click()]);
     assert.match(file.suggestedFilename(), /\.csv$/);
 });

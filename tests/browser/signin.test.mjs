@@ -68,6 +68,8 @@ test("a second window takes the session over, and the first can take it back", a
     const other = await page.context().newPage();
     await other.goto("/");
     await other.locator("[data-control='frmSamples.txtName'] input").waitFor();
+    await page.getByRole("button", {name: "Work here again"}).waitFor();
+    assert.equal(await page.locator("#work").evaluate((work) => work.inert), true);
     await page.getByRole("button", {name: "Work here again"}).click();
     await page.locator(".v-connection").waitFor({state: "hidden"});
     await other.getByRole("button", {name: "Work here again"}).waitFor();

@@ -87,8 +87,10 @@ export class Outbox {
         this.#save();
     }
 
+    /** What is to go again, but for what has been set anew since. */
     takeKept() {
-        const kept = this.#kept;
+        const later = new Set(this.#entries.map(({request}) => request.set));
+        const kept = this.#kept.filter(({request}) => !later.has(request.set));
         this.#kept = [];
         this.#save();
         return kept;
@@ -96,7 +98,7 @@ export class Outbox {
 
     /** The content that the user gave a control last and the session has not confirmed, or nothing. */
     pending(path) {
-        const sets = [...this.#entries, ...this.#kept].map((entry) => entry.request);
+        const sets = [...this.#kept, ...this.#entries].map((entry) => entry.request);
         return sets.filter((request) => request.set === path).at(-1);
     }
 

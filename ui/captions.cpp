@@ -16,6 +16,7 @@ using Words = std::pair<std::string_view, std::string_view>;
 /// All screens and reports share these: one column is called the same wherever it shows. In the order of the names.
 constexpr std::array columns = std::to_array<Words>({
     {"admdate", "Admitted on"},
+    {"admissiondayslimit", "Admission Limit"},
     {"age", "Age"},
     {"amount", "Amount"},
     {"approvedby", "Approved by"},
@@ -31,6 +32,7 @@ constexpr std::array columns = std::to_array<Words>({
     {"client", "Client"},
     {"clientcat", "Client Category"},
     {"clinic", "Clinic"},
+    {"clinicid", "Clinic No"},
     {"clinictype", "Clinic"},
     {"comment", "Comment"},
     {"company", "Client"},

@@ -52,12 +52,6 @@ void Form::quietly(ui::Timer& timer, std::function<void()> job) {
     timer.on(ui::Event::timer, [this, run = std::move(job)] { core::quietly(place_, run); });
 }
 
-void Form::refuse(const Refusal& refusal) {
-    if (refusal.control) refusal.control->setProblem(refusal.text);
-    message(refusal.text, refusal.icon, refusal.title);
-    if (refusal.control) desktop().focus(*refusal.control);
-}
-
 void Form::audit(const std::string& action, const std::string& code, const std::string& remarks) {
     AuditTrail(place_, session().gUserName, action, code, remarks, session().gComputerName);
 }

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/forms/refusal.h"
 #include "core/session/trap.h"
 #include "core/session/workplace.h"
 #include "db/error.h"
@@ -14,14 +15,6 @@
 #include "ui/screen.h"
 
 namespace core {
-
-/// Why something is not done: what is said, and the control, if any, that then gets the cursor.
-struct Refusal {
-    std::string text;
-    ui::Control* control = nullptr;
-    std::string title = {};  ///< of the box; empty for the program's
-    ui::Icon icon = ui::Icon::none;
-};
 
 /// One check of a save: a refusal, and whether it applies.
 struct Check {
@@ -75,8 +68,7 @@ protected:
     void message(const std::string& text, ui::Icon icon = ui::Icon::none, const std::string& title = {}) {
         desktop().message(text, icon, title);
     }
-    /// Says why something is not done, in a box and beside the control in question, and puts the cursor there.
-    void refuse(const Refusal& refusal);
+    void refuse(const Refusal& refusal) { core::refuse(place_, refusal); }
     void refuse(const std::string& text, ui::Control& control) { refuse({text, &control}); }
     [[nodiscard]] bool confirmed(const std::string& text, const std::string& title) {
         return desktop().askYesNo(text, title);

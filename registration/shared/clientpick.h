@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "registration/shared/part.h"
+#include "core/forms/part.h"
 
 namespace registration {
 
@@ -11,7 +11,7 @@ bool isManagedCare(std::string_view category);
 
 /// The client of a patient: first the client, then the billing category of his type, then the plan; and how he pays.
 /// Who keeps the picks (the session, a screen) lends its variables.
-class ClientPick : public Part {
+class ClientPick : public core::Part {
 public:
     struct Client {
         std::string retainID, name, category, type;

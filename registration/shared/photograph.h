@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "core/forms/part.h"
 #include "core/pictures/jpeg.h"
-#include "registration/shared/part.h"
 
 namespace registration {
 
@@ -12,7 +12,7 @@ void showPhotograph(core::Workplace& place, ui::Picture& picture, const std::str
 
 /// A patient's photograph: a JPEG in the patient's row, or a file where the hospital keeps them so. What is shown and
 /// stored is the chosen file's picture drawn anew (core::redrawnJpeg); the text box holds the name of the chosen file.
-class Photograph : public Part {
+class Photograph : public core::Part {
 public:
     Photograph(core::Workplace& place, ui::Screen& screen) : Part(place, screen) { txtPix.setVisible(false); }
 

@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "registration/shared/part.h"
+#include "core/forms/part.h"
 #include "registration/shared/patientsearch.h"
 
 namespace registration {
 
-/// The search box for patients with its three buttons: by name, by the card's number, and by one more number.
-class SearchBox : public Part {
+/// The search box for patients with its three buttons: by name, by the card's number, and by one more number. Enter
+/// presses the one that suits what stands there.
+class SearchBox : public core::Part {
 public:
     /// `numberSearch` is what the third button looks for; `search` runs when something stands in the box.
     SearchBox(core::Workplace& place, ui::Screen& screen, SearchKind numberSearch,

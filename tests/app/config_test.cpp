@@ -1,8 +1,8 @@
 #include "app/config.h"
+#include "tests/support/directory.h"
 #include "tests/support/paths.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -16,16 +16,13 @@ const fs::path sample = test::sourceDirectory() / "docs" / "vorel.toml";
 
 /// The error's text, or "" where the configuration is read.
 std::string faultOf(const std::string& text) {
-    const fs::path file = fs::temp_directory_path() / ("vorel-config-" + std::to_string(::getpid()) + ".toml");
-    std::ofstream(file) << text;
-    std::string fault;
+    const test::TemporaryDirectory directory;
     try {
-        (void)app::readConfig(file.string());
+        (void)app::readConfig(directory.write("vorel.toml", text).string());
+        return {};
     } catch (const web::ConfigError& error) {
-        fault = error.what();
+        return error.what();
     }
-    fs::remove(file);
-    return fault;
 }
 
 TEST(HospitalSettings, AreReadWithTheHostsAndToldByLineAndKeyWhereTheyAreWrong) {

@@ -1,22 +1,19 @@
 // The command line: what is refused, with one clear line and a non-zero exit.
 
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 
 #include "db/databases.h"
-#include "db/recordset.h"
 #include "tests/e2e/program.h"
+#include "tests/support/directory.h"
 
 namespace {
 
 using db::operator""_sql;
 
-using e2e::Directory;
 using e2e::run;
+using test::TemporaryDirectory;
 
 void expectOneLine(const e2e::Finished& finished, const std::string& about) {
     EXPECT_NE(finished.status, 0);
@@ -26,13 +23,14 @@ void expectOneLine(const e2e::Finished& finished, const std::string& about) {
 }
 
 TEST(Command, DataDirectoriesThatCannotServe) {
-    const Directory none;
+    const TemporaryDirectory none;
     const std::string missing = (none.path() / "missing").string();
     expectOneLine(run({"serve", "--data", missing, "--port", "0"}), missing);
     expectOneLine(run({"drive", "--data", missing}), missing);
     expectOneLine(run({"database", "check", "--data", missing}), missing);
+    expectOneLine(run({"database", "create", "--data", "/proc"}), "/proc");
 
-    const Directory broken;
+    const TemporaryDirectory broken;
     e2e::layOutHospital(broken.path());
     broken.write("Hospital.db", "this is no database, and it is long enough to be looked at as one");
     expectOneLine(run({"serve", "--data", broken.path().string(), "--port", "0"}), "Hospital");
@@ -41,7 +39,7 @@ TEST(Command, DataDirectoriesThatCannotServe) {
 
 /// A new hospital, shown, checked, aged by hand and brought forward.
 TEST(Command, DatabasesFromCreateToBringForward) {
-    const Directory data;
+    const TemporaryDirectory data;
     const std::string directory = data.path().string();
     const auto database = [&](std::vector<std::string> words) {
         words.insert(words.begin(), "database");
@@ -65,61 +63,36 @@ TEST(Command, DatabasesFromCreateToBringForward) {
     EXPECT_NE(database({"check"}).status, 0);
 }
 
-TEST(Command, ADataDirectoryThatNobodyCanWrite) {
-    expectOneLine(run({"database", "create", "--data", "/proc"}), "/proc");
-}
-
-TEST(Command, APortInUse) {
-    const Directory data;
+TEST(Command, ConfigurationsThatCannotServe) {
+    const TemporaryDirectory data;
     e2e::layOutHospital(data.path());
-    const int taken = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    ASSERT_EQ(bind(taken, reinterpret_cast<sockaddr*>(&address), size), 0);
-    ASSERT_EQ(listen(taken, 1), 0);
-    getsockname(taken, reinterpret_cast<sockaddr*>(&address), &size);
-    const std::string port = std::to_string(ntohs(address.sin_port));
-    expectOneLine(run({"serve", "--data", data.path().string(), "--port", port}), port);
-    close(taken);
-}
-
-TEST(Command, BrokenConfigurations) {
-    const Directory data;
-    e2e::layOutHospital(data.path());
-    const struct {
-        const char* text;
-        const char* about;
-    } cases[] = {
+    const auto serveWith = [&](const std::string& config) {
+        return run({"serve", "--data", data.path().string(), "--config", config, "--port", "0"});
+    };
+    const auto noCertificate = data.write("key.pem", "no key").string();
+    const std::pair<std::string, const char*> cases[] = {
         {"port = \n", "vorel.toml"},
-        {"port = \"many\"\n", "port"},
-        {"prot = 8080\n", "prot"},
         {"address = \"0.0.0.0\"\n", "TLS"},
         {"encoding_table = \"abc\"\n", "encoding_table"},
+        {"[tls]\ncertificate = \"" + noCertificate + "\"\nkey = \"" + noCertificate + "\"\n", "tls.certificate"},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.text);
-        data.write("vorel.toml", row.text);
-        expectOneLine(run({"serve", "--data", data.path().string(), "--config", (data.path() / "vorel.toml").string(),
-                           "--port", "0"}),
-                      row.about);
+    for (const auto& [text, about] : cases) {
+        SCOPED_TRACE(text);
+        expectOneLine(serveWith(data.write("vorel.toml", text).string()), about);
     }
-    expectOneLine(run({"serve", "--data", data.path().string(), "--config", "/nowhere/vorel.toml"}),
-                  "/nowhere/vorel.toml");
+    expectOneLine(serveWith("/nowhere/vorel.toml"), "/nowhere/vorel.toml");
 }
 
 TEST(Command, UsersThatCannotBeAdded) {
-    const Directory data;
+    const TemporaryDirectory data;
     e2e::layOutHospital(data.path());
-    const std::string directory = data.path().string();
-    expectOneLine(run({"user", "add", "nurse", "--data", directory, "--password", "long-enough", "--role", "NURSING"}),
-                  "nurse");
-    expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "long-enough", "--role", "SORCERY"}),
-                  "SORCERY");
-    expectOneLine(run({"user", "add", "ada", "--data", directory, "--password", "a b", "--role", "NURSING"}),
-                  "password");
-    EXPECT_EQ(run({"database", "check", "--data", directory}).status, 0);
+    const auto add = [&](const char* user, const char* password, const char* role) {
+        return run({"user", "add", user, "--data", data.path().string(), "--password", password, "--role", role});
+    };
+    expectOneLine(add("nurse", "long-enough", "NURSING"), "nurse");
+    expectOneLine(add("ada", "long-enough", "SORCERY"), "SORCERY");
+    expectOneLine(add("ada", "a b", "NURSING"), "password");
+    EXPECT_EQ(run({"database", "check", "--data", data.path().string()}).status, 0);
 }
 
 }  // namespace

@@ -9,14 +9,14 @@
 #include "db/command.h"
 #include "db/databases.h"
 #include "hospital/schema.h"
-#include "tests/e2e/program.h"
+#include "tests/support/directory.h"
 
 namespace {
 
 TEST(Numbers, ThirtyTwoSessionsNeverDrawTheSame) {
     constexpr int sessions = 32;
     constexpr int draws = 1000;
-    const e2e::Directory data;
+    const test::TemporaryDirectory data;
     hospital::createDatabases(data.path());
     db::DataSources sources(db::DataSources::embedded(data.path()));
 

@@ -165,30 +165,25 @@ TEST_F(AccountsTest, NewStaffJoinTheDepartmentOfTheirRole) {
 TEST_F(AccountsTest, AUserThatCannotBeIsRefusedInOneLine) {
     addUser({"Grace", "Ward-3!", {"NURSING"}});
     const std::string longText(51, 'x');
-    struct Case {
-        shell::NewUser user;
-        const char* why;
-    };
-    const Case cases[] = {
+    const char* const noText = "The user name holds a control character, or bytes that are no text.";
+    const char* const cannotStore =
+        "The password holds a character that the suite cannot store: use letters, digits and signs of plain ASCII, "
+        "without blanks.";
+    const std::pair<shell::NewUser, const char*> cases[] = {
         {{"", "pw", {"NURSING"}}, "The user name is empty."},
         {{longText, "pw", {"NURSING"}}, "The user name is longer than 50 characters."},
         {{"ada'", "pw", {"NURSING"}}, "The user name holds a quote."},
         {{"ada\u2019", "pw", {"NURSING"}}, "The user name holds a quote."},
         {{"x'; delete from Users; --", "pw", {"NURSING"}}, "The user name holds a quote."},
-        {{"ada\n", "pw", {"NURSING"}}, "The user name holds a control character, or bytes that are no text."},
-        {{std::string("a\0b", 3), "pw", {"NURSING"}},
-         "The user name holds a control character, or bytes that are no text."},
-        {{"ada\xc3", "pw", {"NURSING"}}, "The user name holds a control character, or bytes that are no text."},
+        {{"ada\n", "pw", {"NURSING"}}, noText},
+        {{std::string("a\0b", 3), "pw", {"NURSING"}}, noText},
+        {{"ada\xc3", "pw", {"NURSING"}}, noText},
         {{" ada", "pw", {"NURSING"}}, "The user name begins or ends with a blank."},
         {{"GRACE", "pw", {"NURSING"}}, "There is a user \"GRACE\" already."},
         {{"ada", "", {"NURSING"}}, "The password is empty."},
         {{"ada", std::string(101, 'x'), {"NURSING"}}, "The password is longer than 100 characters."},
-        {{"ada", "two words", {"NURSING"}},
-         "The password holds a character that the suite cannot store: use letters, digits and signs of plain ASCII, "
-         "without blanks."},
-        {{"ada", "p\u00e4ss", {"NURSING"}},
-         "The password holds a character that the suite cannot store: use letters, digits and signs of plain ASCII, "
-         "without blanks."},
+        {{"ada", "two words", {"NURSING"}}, cannotStore},
+        {{"ada", "p\u00e4ss", {"NURSING"}}, cannotStore},
         {{"ada", "pw", {}}, "The user has no role."},
         {{"ada", "pw", {"NURSING", "SURGERY"}}, "There is no role \"SURGERY\"."},
         {{"ada", "pw", {"' or 1=1 --"}}, "There is no such role."},

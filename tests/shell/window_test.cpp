@@ -53,6 +53,7 @@ TEST(WindowLoadTest, AFailedActivityRowDoesNotStopTheNurse) {
     ASSERT_NE(hospital.place.desktop.main(), nullptr);
     EXPECT_TRUE(hospital.place.desktop.main()->visible());
     EXPECT_EQ(hospital.value("select count(*) from UserActivities"_sql), db::Value(0));
+    EXPECT_EQ(hospital.place.session.gActivitySNo, 0);
 }
 
 TEST_F(WindowTest, TheLeavesCloseTheActivityRow) {

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 namespace test {
 
@@ -13,7 +14,7 @@ class TemporaryDirectory {
 public:
     TemporaryDirectory() {
         auto pattern = (std::filesystem::temp_directory_path() / "vorel-test-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary directory");
+        if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary directory");
         path_ = pattern;
     }
     TemporaryDirectory(const TemporaryDirectory&) = delete;
@@ -24,8 +25,12 @@ public:
     }
     [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
     [[nodiscard]] std::filesystem::path file(const std::string& name) const { return path_ / name; }
-    void write(const std::string& name, const std::string& content) const {
-        std::ofstream(file(name), std::ios::binary) << content;
+    /// Writes a file, and the directories that its name goes through; gives its path.
+    std::filesystem::path write(const std::string& name, const std::string& content) const {
+        auto written = file(name);
+        std::filesystem::create_directories(written.parent_path());
+        std::ofstream(written, std::ios::binary) << content;
+        return written;
     }
 
 private:

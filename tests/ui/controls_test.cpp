@@ -15,20 +15,19 @@ namespace {
 using test::frmWard;
 using test::json;
 
-struct Typed {
-    ui::KeyFilter filter;
-    const char* typed;
-    const char* text;
-};
-
-struct Desk {
+class Controls : public testing::Test {
+protected:
     ui::EventLoop loop;
     ui::Desktop desktop{loop, "Program"};
     frmWard ward{desktop};
 };
 
-TEST(Controls, keyFiltersWorkCharacterByCharacter) {
-    const Typed table[] = {
+TEST_F(Controls, keyFiltersWorkCharacterByCharacter) {
+    const struct {
+        ui::KeyFilter filter;
+        const char* typed;
+        const char* text;
+    } cases[] = {
         {ui::anyKey, "Ça va'; --", "Ça va'; --"},
         {ui::digitsOnly, "1a2 3.4-٣", "1234"},
         {ui::decimalOnly, ".5.6-1e3", ".5613"},
@@ -36,26 +35,24 @@ TEST(Controls, keyFiltersWorkCharacterByCharacter) {
         {ui::upperCase, "ọláyíwọlá ṣẹ́yẹ łódź ı", "ỌLÁYÍWỌLÁ ṢẸ́YẸ ŁÓDŹ ı"},
         {ui::upperCase, "ωμεγας жуковский ђ 医 😀", "ΩΜΕΓΑς ЖУКОВСКИЙ Ђ 医 😀"},
     };
-    for (const Typed& one : table) {
-        Desk desk;
-        ui::TextBox box(desk.ward, "box", one.filter);
-        box.take(one.typed);
-        EXPECT_EQ(box.text(), one.text);
+    for (const auto& [filter, typed, text] : cases) {
+        frmWard another(desktop);
+        ui::TextBox box(another, "box", filter);
+        box.take(typed);
+        EXPECT_EQ(box.text(), text);
     }
 }
 
-TEST(Controls, aPasswordNeverLeavesTheSession) {
-    Desk desk;
-    desk.ward.txtEcho.setPassword(true);
-    desk.ward.txtEcho.take("secret");
-    EXPECT_EQ(desk.ward.txtEcho.text(), "secret");
-    EXPECT_EQ(desk.ward.txtEcho.state().dump().find("secret"), std::string::npos);
-    EXPECT_EQ(desk.ward.txtEcho.state()["filled"], true);
+TEST_F(Controls, aPasswordNeverLeavesTheSession) {
+    ward.txtEcho.setPassword(true);
+    ward.txtEcho.take("secret");
+    EXPECT_EQ(ward.txtEcho.text(), "secret");
+    EXPECT_EQ(ward.txtEcho.state().dump().find("secret"), std::string::npos);
+    EXPECT_EQ(ward.txtEcho.state()["filled"], true);
 }
 
-TEST(Controls, combosPickByTextAndRaiseClickAlsoForTheSameItem) {
-    Desk desk;
-    ui::ComboBox combo(desk.ward, "combo");
+TEST_F(Controls, combosPickByTextAndRaiseClickAlsoForTheSameItem) {
+    ui::ComboBox combo(ward, "combo");
     std::string raised;
     combo.on(ui::Event::click, [&] { raised += "click "; });
     combo.on(ui::Event::change, [&] { raised += "change "; });
@@ -72,12 +69,11 @@ TEST(Controls, combosPickByTextAndRaiseClickAlsoForTheSameItem) {
     combo.clear();
     EXPECT_EQ(combo.text() + std::to_string(combo.items().size()), "0");
     EXPECT_THROW(combo.setIndex(0), db::Error);
-    EXPECT_THROW(desk.ward.cboWard.setText("Attic"), db::Error);
+    EXPECT_THROW(ward.cboWard.setText("Attic"), db::Error);
 }
 
-TEST(Controls, gridsKeepRowAndRecordsetTogether) {
-    Desk desk;
-    ui::DataGrid& grid = desk.ward.grdData;
+TEST_F(Controls, gridsKeepRowAndRecordsetTogether) {
+    ui::DataGrid& grid = ward.grdData;
     EXPECT_THROW(static_cast<void>(grid.text("name")), db::Error);
     grid.hideColumn("NO");
     grid.bind(test::sampleRows());
@@ -86,7 +82,7 @@ TEST(Controls, gridsKeepRowAndRecordsetTogether) {
     EXPECT_EQ(grid.text("NAME"), "Chidi");
     EXPECT_EQ(grid.text("no"), "");
     EXPECT_EQ(grid.rows()["name"].text(), "Chidi");
-    EXPECT_EQ(desk.ward.lblInfo.caption(), "Chidi");
+    EXPECT_EQ(ward.lblInfo.caption(), "Chidi");
     EXPECT_THROW(static_cast<void>(grid.text("age")), db::Error);
     EXPECT_THROW(grid.take(json{{"row", 3}}), ui::Refused);
     EXPECT_THROW(grid.setRow(3), db::Error);
@@ -99,9 +95,8 @@ TEST(Controls, gridsKeepRowAndRecordsetTogether) {
     EXPECT_EQ(grid.row(), -1);
 }
 
-TEST(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
-    Desk desk;
-    ui::FlexGrid cells(desk.ward, "cells", {"A", "B"});
+TEST_F(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
+    ui::FlexGrid cells(ward, "cells", {"A", "B"});
     cells.addRow({"1"});
     cells.addRow({"2", "x"});
     cells.take(json{{"row", 1}});
@@ -111,7 +106,7 @@ TEST(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
     EXPECT_THROW(static_cast<void>(cells.cell(1, 0)), db::Error);
     EXPECT_THROW(cells.removeRow(1), db::Error);
 
-    ui::ListView list(desk.ward, "list", {"Test"}, true);
+    ui::ListView list(ward, "list", {"Test"}, true);
     std::string raised;
     list.on(ui::Event::itemClick, [&] { raised += "click "; });
     list.on(ui::Event::itemCheck, [&] { raised += "check "; });
@@ -124,9 +119,8 @@ TEST(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
     EXPECT_THROW(list.take(json{{"row", 0}, {"checked", 1}}), ui::Refused);
 }
 
-TEST(Controls, checkListsTellTheItemThatWasTickedAndKeepTheirOrder) {
-    Desk desk;
-    ui::CheckList list(desk.ward, "signs");
+TEST_F(Controls, checkListsTellTheItemThatWasTickedAndKeepTheirOrder) {
+    ui::CheckList list(ward, "signs");
     std::string raised;
     list.on(ui::Event::click, [&] { raised += "click" + list.key() + " "; });
     list.on(ui::Event::itemCheck, [&] {
@@ -156,22 +150,20 @@ TEST(Controls, checkListsTellTheItemThatWasTickedAndKeepTheirOrder) {
     EXPECT_EQ(raised, "checkc checkr checkf clickf ");
 }
 
-TEST(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {
-    Desk desk;
-    EXPECT_EQ(desk.ward.find("TXTNAME"), &desk.ward.txtName);
-    EXPECT_THROW(ui::Label(desk.ward, "TxtName"), std::logic_error);
-    EXPECT_EQ(desk.ward.find("txtName"), &desk.ward.txtName);
-    desk.ward.lblInfo.on(ui::Event::dblClick, [] {});
-    EXPECT_TRUE(desk.ward.lblInfo.handles(ui::Event::dblClick));
-    EXPECT_FALSE(desk.ward.lblInfo.handles(ui::Event::click));
+TEST_F(Controls, namesDoNotDependOnLetterCaseAndStandOnce) {
+    EXPECT_EQ(ward.find("TXTNAME"), &ward.txtName);
+    EXPECT_THROW(ui::Label(ward, "TxtName"), std::logic_error);
+    EXPECT_EQ(ward.find("txtName"), &ward.txtName);
+    ward.lblInfo.on(ui::Event::dblClick, [] {});
+    EXPECT_TRUE(ward.lblInfo.handles(ui::Event::dblClick));
+    EXPECT_FALSE(ward.lblInfo.handles(ui::Event::click));
 }
 
-TEST(Controls, theProtocolTellsEachPropertyOfEachKind) {
+TEST_F(Controls, theProtocolTellsEachPropertyOfEachKind) {
     std::ostringstream text;
     text << std::ifstream(test::sourceDirectory() / "docs" / "protocol.md").rdbuf();
     const std::string states = text.str().substr(text.str().find("## States"));
-    Desk desk;
-    const auto samples = ui::makeSamples(desk.desktop);
+    const auto samples = ui::makeSamples(desktop);
     ui::StatusBar bar(*samples, "extraBar", 3);
     ui::Timer timer(*samples, "extraTimer", std::chrono::seconds(1), false, {});
     ui::MenuItem item(*samples, "extraItem", "&File");
@@ -191,15 +183,14 @@ TEST(Controls, theProtocolTellsEachPropertyOfEachKind) {
     EXPECT_EQ(kinds.size(), 20U) << "the samples show every kind";
 }
 
-TEST(Controls, aPictureGoesOverTheWireByItsAddressWhereItHasOne) {
-    Desk desk;
-    const auto image = [&] { return desk.ward.panel.state()["image"]; };
+TEST_F(Controls, aPictureGoesOverTheWireByItsAddressWhereItHasOne) {
+    const auto image = [&] { return ward.panel.state()["image"]; };
     EXPECT_TRUE(image().is_null());
-    desk.ward.panel.setImage({std::byte{'j'}, std::byte{'p'}});
+    ward.panel.setImage({std::byte{'j'}, std::byte{'p'}});
     EXPECT_EQ(image(), "data:image/jpeg;base64,anA=");
-    desk.desktop.setPictureKeeper([](const auto& jpeg) { return jpeg->size() > 1 ? "/pictures/7" : ""; });
+    desktop.setPictureKeeper([](const auto& jpeg) { return jpeg->size() > 1 ? "/pictures/7" : ""; });
     EXPECT_EQ(image(), "/pictures/7");
-    desk.ward.panel.setImage({std::byte{'j'}});
+    ward.panel.setImage({std::byte{'j'}});
     EXPECT_TRUE(image().is_null()) << "none that it could be fetched from";
 }
 

@@ -5,145 +5,137 @@
 namespace {
 
 using test::json;
-using test::Talk;
+
+/// A request, and its reply without the number.
+struct Turn {
+    std::string request;
+    json events;
+    json waiting = nullptr;
+};
+
+Turn tells(const std::string& request, const char* events, const json& waiting = nullptr) {
+    return {request, json::parse(events), waiting};
+}
+Turn asks(const std::string& request, const json& question) {
+    return {request, {{{"ask", question}}}, question};
+}
+Turn refuses(const std::string& request, const char* error, const json& waiting = nullptr) {
+    return {request, {{{"error", error}}}, waiting};
+}
+
+json box(const char* text, const char* title = "Program", const char* icon = "none") {
+    return {{"text", text}, {"title", title}, {"icon", icon}};
+}
+/// The same as the question that waits.
+json waitsFor(json box) {
+    box["kind"] = "message";
+    return box;
+}
+/// A request after which one box is all that there is to tell.
+Turn shows(const std::string& request, const json& box) {
+    return {request, {{{"message", box}}}, waitsFor(box)};
+}
+
+const json sure{{"kind", "yesno"}, {"text", "Sure?"}, {"title", "Check"}};
+const json really{{"kind", "yesno"}, {"text", "Really?"}, {"title", "Close"}};
+const json why{{"kind", "input"}, {"text", "Why?"}, {"title", "Reason"}, {"default", "none"}};
+
+const char* const open = "the open question has to be answered first";
 
 struct Transcript {
     const char* name;
-    std::vector<std::pair<std::string, std::string>> turns;  ///< a request, and its reply without the number
+    std::vector<Turn> turns;
 };
 
-class Transcripts : public testing::TestWithParam<Transcript> {};
+class Conversation : public test::Talk {};
+
+class Transcripts : public Conversation, public testing::WithParamInterface<Transcript> {};
 
 TEST_P(Transcripts, read) {
-    Talk talk;
     std::deque<std::string> requests;
-    for (const auto& [request, reply] : GetParam().turns) requests.push_back(request);
-    const auto replies = talk.say(requests);
+    for (const auto& turn : GetParam().turns) requests.push_back(turn.request);
+    const auto replies = say(requests);
     ASSERT_EQ(replies.size(), requests.size());
     for (std::size_t i = 0; i < replies.size(); ++i) {
-        json expected = json::parse(GetParam().turns[i].second);
-        expected["reply"] = i + 1;
-        if (!expected.contains("waiting")) expected["waiting"] = nullptr;
-        EXPECT_EQ(replies[i], expected) << "after " << requests[i];
+        const auto& [request, events, waiting] = GetParam().turns[i];
+        EXPECT_EQ(replies[i], json({{"reply", i + 1}, {"events", events}, {"waiting", waiting}}))
+            << GetParam().name << ", after " << request;
     }
 }
 
 const Transcript transcripts[] = {
     {"A question inside a question's answer",
-     {{R"({"fire":"frmWard.cmdAsk"})",
-       R"({"events":[{"ask":{"kind":"yesno","text":"Sure?","title":"Check"}}],
-           "waiting":{"kind":"yesno","text":"Sure?","title":"Check"}})"},
-      {R"({"fire":"frmWard.cmdInside"})",
-       R"({"events":[{"error":"the open question has to be answered first"}],
-           "waiting":{"kind":"yesno","text":"Sure?","title":"Check"}})"},
-      {R"({"answer":"perhaps"})",
-       R"({"events":[{"error":"the open question takes \"yes\" or \"no\""}],
-           "waiting":{"kind":"yesno","text":"Sure?","title":"Check"}})"},
-      {R"({"answer":"yes"})",
-       R"({"events":[{"ask":{"kind":"input","text":"Why?","title":"Reason","default":"none"}}],
-           "waiting":{"kind":"input","text":"Why?","title":"Reason","default":"none"}})"},
-      {R"({"answer":{"text":"cancel"}})",
-       R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"because cancel"}}}]})"},
-      {R"({"answer":"yes"})", R"({"events":[{"error":"no question is open"}]})"}}},
+     {asks(R"({"fire":"frmWard.cmdAsk"})", sure), refuses(R"({"fire":"frmWard.cmdInside"})", open, sure),
+      refuses(R"({"answer":"perhaps"})", R"(the open question takes "yes" or "no")", sure),
+      asks(R"({"answer":"yes"})", why),
+      tells(R"({"answer":{"text":"cancel"}})", R"([{"changed":{"frmWard.lblInfo":{"caption":"because cancel"}}}])"),
+      refuses(R"({"answer":"yes"})", "no question is open")}},
     {"An input box that is cancelled",
-     {{R"({"fire":"frmWard.cmdAsk"})",
-       R"({"events":[{"ask":{"kind":"yesno","text":"Sure?","title":"Check"}}],
-           "waiting":{"kind":"yesno","text":"Sure?","title":"Check"}})"},
-      {R"({"answer":"yes"})",
-       R"({"events":[{"ask":{"kind":"input","text":"Why?","title":"Reason","default":"none"}}],
-           "waiting":{"kind":"input","text":"Why?","title":"Reason","default":"none"}})"},
-      {R"({"answer":"cancel"})", R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"no reason"}}}]})"}}},
+     {asks(R"({"fire":"frmWard.cmdAsk"})", sure), asks(R"({"answer":"yes"})", why),
+      tells(R"({"answer":"cancel"})", R"([{"changed":{"frmWard.lblInfo":{"caption":"no reason"}}}])")}},
     {"A box that only tells, and what the operation does behind it, in order",
-     {{R"({"fire":"frmWard.cmdTell"})",
-       R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"before"}}},
-                     {"message":{"text":"Said","title":"Title","icon":"warning"}},
-                     {"changed":{"frmWard.tabs":{"page":1}}},{"focus":"frmWard.txtTab"}],
-           "waiting":{"kind":"message","text":"Said","title":"Title","icon":"warning"}})"},
-      {R"({"fire":"frmWard.cmdInside"})",
-       R"({"events":[{"error":"the open question has to be answered first"}],
-           "waiting":{"kind":"message","text":"Said","title":"Title","icon":"warning"}})"},
-      {R"({"answer":"ok"})", R"({"events":[]})"}}},
+     {tells(R"({"fire":"frmWard.cmdTell"})",
+            R"([{"changed":{"frmWard.lblInfo":{"caption":"before"}}},
+                {"message":{"text":"Said","title":"Title","icon":"warning"}},
+                {"changed":{"frmWard.tabs":{"page":1}}},{"focus":"frmWard.txtTab"}])",
+            waitsFor(box("Said", "Title", "warning"))),
+      refuses(R"({"fire":"frmWard.cmdInside"})", open, waitsFor(box("Said", "Title", "warning"))),
+      tells(R"({"answer":"ok"})", "[]")}},
     {"Boxes that tell come one after another, and a question waits for them",
-     {{R"({"fire":"frmWard.cmdTellAndAsk"})",
-       R"({"events":[{"message":{"text":"One","title":"Program","icon":"none"}},
-                     {"message":{"text":"Two","title":"Program","icon":"none"}}],
-           "waiting":{"kind":"message","text":"One","title":"Program","icon":"none"}})"},
-      {R"({"answer":"yes"})",
-       R"({"events":[{"error":"the open question takes \"ok\""}],
-           "waiting":{"kind":"message","text":"One","title":"Program","icon":"none"}})"},
-      {R"({"answer":"ok"})",
-       R"({"events":[],"waiting":{"kind":"message","text":"Two","title":"Program","icon":"none"}})"},
-      {R"({"answer":"ok"})",
-       R"({"events":[{"ask":{"kind":"yesno","text":"Sure?","title":"Check"}}],
-           "waiting":{"kind":"yesno","text":"Sure?","title":"Check"}})"},
-      {R"({"answer":"no"})", R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"no reason"}}}]})"}}},
+     {tells(R"({"fire":"frmWard.cmdTellAndAsk"})",
+            R"([{"message":{"text":"One","title":"Program","icon":"none"}},
+                {"message":{"text":"Two","title":"Program","icon":"none"}}])",
+            waitsFor(box("One"))),
+      refuses(R"({"answer":"yes"})", R"(the open question takes "ok")", waitsFor(box("One"))),
+      tells(R"({"answer":"ok"})", "[]", waitsFor(box("Two"))), asks(R"({"answer":"ok"})", sure),
+      tells(R"({"answer":"no"})", R"([{"changed":{"frmWard.lblInfo":{"caption":"no reason"}}}])")}},
     {"What work shows before its end comes with a script's one reply",
-     {{R"({"fire":"frmWard.cmdWork"})",
-       R"({"events":[{"changed":{"frmWard.lblInfo":{"caption":"working"}}},
-                     {"changed":{"frmWard.lblInfo":{"caption":"done"}}}]})"}}},
+     {tells(R"({"fire":"frmWard.cmdWork"})",
+            R"([{"changed":{"frmWard.lblInfo":{"caption":"working"}}},
+                {"changed":{"frmWard.lblInfo":{"caption":"done"}}}])")}},
     {"A modal screen keeps the others waiting and its caller goes on when it is hidden",
-     {{R"({"fire":"frmWard.cmdModal"})", R"({"events":[{"opened":"frmModal","modal":true}]})"},
-      {R"({"fire":"frmWard.cmdInside"})", R"({"events":[{"error":"frmWard has to wait for frmModal"}]})"},
-      {R"({"fire":"frmModal.cmdHide"})",
-       R"({"events":[{"hidden":"frmModal"},{"changed":{"frmWard.lblInfo":{"caption":"back"}}}]})"},
-      {R"({"fire":"frmModal.cmdHide"})", R"({"events":[{"error":"frmModal is hidden"}]})"}}},
+     {tells(R"({"fire":"frmWard.cmdModal"})", R"([{"opened":"frmModal","modal":true}])"),
+      refuses(R"({"fire":"frmWard.cmdInside"})", "frmWard has to wait for frmModal"),
+      tells(R"({"fire":"frmModal.cmdHide"})",
+            R"([{"hidden":"frmModal"},{"changed":{"frmWard.lblInfo":{"caption":"back"}}}])"),
+      refuses(R"({"fire":"frmModal.cmdHide"})", "frmModal is hidden")}},
     {"A modal screen that closes itself in its own operation",
-     {{R"({"fire":"frmWard.cmdModal"})", R"({"events":[{"opened":"frmModal","modal":true}]})"},
-      {R"({"fire":"frmModal.cmdClose"})",
-       R"({"events":[{"closed":"frmModal"},{"changed":{"frmWard.lblInfo":{"caption":"back"}}}]})"},
-      {R"({"get":"frmModal"})", R"({"events":[{"error":"frmModal is not open"}]})"}}},
+     {tells(R"({"fire":"frmWard.cmdModal"})", R"([{"opened":"frmModal","modal":true}])"),
+      tells(R"({"fire":"frmModal.cmdClose"})",
+            R"([{"closed":"frmModal"},{"changed":{"frmWard.lblInfo":{"caption":"back"}}}])"),
+      refuses(R"({"get":"frmModal"})", "frmModal is not open")}},
     {"Closing asks, and a No keeps the screen",
-     {{R"({"fire":"frmWard.Unload"})",
-       R"({"events":[{"ask":{"kind":"yesno","text":"Really?","title":"Close"}}],
-           "waiting":{"kind":"yesno","text":"Really?","title":"Close"}})"},
-      {R"({"answer":"no"})", R"({"events":[]})"},
-      {R"({"set":"frmWard.mayClose","to":true})", R"({"events":[]})"},
-      {R"({"fire":"frmWard.Unload"})", R"({"events":[{"closed":"frmWard"}]})"}}},
+     {asks(R"({"fire":"frmWard.Unload"})", really), tells(R"({"answer":"no"})", "[]"),
+      tells(R"({"set":"frmWard.mayClose","to":true})", "[]"),
+      tells(R"({"fire":"frmWard.Unload"})", R"([{"closed":"frmWard"}])")}},
     {"An error that no trap takes, and a page that is not there yet",
-     {{R"({"fire":"frmWard.cmdFail"})",
-       R"({"events":[{"message":{"text":"It broke","title":"Program","icon":"stop"}}],
-           "waiting":{"kind":"message","text":"It broke","title":"Program","icon":"stop"}})"},
-      {R"({"answer":"ok"})", R"({"events":[]})"},
-      {R"({"fire":"frmWard.cmdMissing"})",
-       R"({"events":[{"message":{"text":"This page is not there yet: Nowhere","title":"Program",
-                                 "icon":"information"}}],
-           "waiting":{"kind":"message","text":"This page is not there yet: Nowhere","title":"Program",
-                      "icon":"information"}})"},
-      {R"({"answer":"ok"})", R"({"events":[]})"}}},
+     {shows(R"({"fire":"frmWard.cmdFail"})", box("It broke", "Program", "stop")), tells(R"({"answer":"ok"})", "[]"),
+      shows(R"({"fire":"frmWard.cmdMissing"})", box("This page is not there yet: Nowhere", "Program", "information")),
+      tells(R"({"answer":"ok"})", "[]")}},
     {"What a client set comes back only where it ended up different",
-     {{R"({"set":"frmWard.txtTemp","to":"36.8"})", R"({"events":[]})"},
-      {R"({"set":"frmWard.txtTemp","to":"3a6.8.1"})",
-       R"({"events":[{"changed":{"frmWard.txtTemp":{"text":"36.81"}}}]})"},
-      {R"({"set":"frmWard.txtTemp","to":"36.81x"})",
-       R"({"events":[{"changed":{"frmWard.txtTemp":{"text":"36.81"}}}]})"},
-      {R"({"set":"frmWard.txtName","to":"münchen"})",
-       R"({"events":[{"changed":{"frmWard.txtName":{"text":"MÜNCH"}}}]})"},
-      {R"({"set":"frmWard.txtEcho","to":"clear me"})", R"({"events":[{"changed":{"frmWard.txtEcho":{"text":""}}}]})"},
-      {R"({"set":"frmWard.cboWard","to":"Female ward"})",
-       R"({"events":[{"changed":{"frmWard.cboWard":{"index":1},"frmWard.lblInfo":{"caption":"picked F"}}}]})"},
-      {R"({"set":"frmWard.optA","to":true})", R"({"events":[]})"},
-      {R"({"set":"frmWard.optB","to":true})", R"({"events":[{"changed":{"frmWard.optA":{"checked":false}}}]})"},
-      {R"({"set":"frmWard.dtVisit","to":"2026-11-24"})", R"({"events":[]})"},
-      {R"({"set":"frmWard.dtVisit","to":"24-Nov-2026"})",
-       R"({"events":[{"changed":{"frmWard.dtVisit":{"date":"2026-11-24"}}}]})"},
-      {R"({"set":"frmWard.dtVisit","to":null})", R"({"events":[]})"},
-      {R"({"set":"frmWard.tabs","to":{"page":1}})", R"({"events":[]})"}}},
+     {tells(R"({"set":"frmWard.txtTemp","to":"36.8"})", "[]"),
+      tells(R"({"set":"frmWard.txtTemp","to":"3a6.8.1"})", R"([{"changed":{"frmWard.txtTemp":{"text":"36.81"}}}])"),
+      tells(R"({"set":"frmWard.txtTemp","to":"36.81x"})", R"([{"changed":{"frmWard.txtTemp":{"text":"36.81"}}}])"),
+      tells(R"({"set":"frmWard.txtName","to":"münchen"})", R"([{"changed":{"frmWard.txtName":{"text":"MÜNCH"}}}])"),
+      tells(R"({"set":"frmWard.txtEcho","to":"clear me"})", R"([{"changed":{"frmWard.txtEcho":{"text":""}}}])"),
+      tells(R"({"set":"frmWard.cboWard","to":"Female ward"})",
+            R"([{"changed":{"frmWard.cboWard":{"index":1},"frmWard.lblInfo":{"caption":"picked F"}}}])"),
+      tells(R"({"set":"frmWard.optA","to":true})", "[]"),
+      tells(R"({"set":"frmWard.optB","to":true})", R"([{"changed":{"frmWard.optA":{"checked":false}}}])"),
+      tells(R"({"set":"frmWard.dtVisit","to":"2026-11-24"})", "[]"),
+      tells(R"({"set":"frmWard.dtVisit","to":"24-Nov-2026"})",
+            R"([{"changed":{"frmWard.dtVisit":{"date":"2026-11-24"}}}])"),
+      tells(R"({"set":"frmWard.dtVisit","to":null})", "[]"), tells(R"({"set":"frmWard.tabs","to":{"page":1}})", "[]")}},
 };
-INSTANTIATE_TEST_SUITE_P(All, Transcripts, testing::ValuesIn(transcripts),
-                         [](const auto& each) { return "n" + std::to_string(each.index); });
+INSTANTIATE_TEST_SUITE_P(All, Transcripts, testing::ValuesIn(transcripts));
 
-struct Wrong {
-    const char* request;
-    const char* error;
-};
-
-TEST(Conversation, refusesWhatIsWrongWithOneReplyAndRunsNothing) {
+TEST_F(Conversation, refusesWhatIsWrongWithOneReplyAndRunsNothing) {
     const std::string longest(ui::longestRequest + 1, ' ');
     const std::string deep = R"({"answer":)" + std::string(100000, '[');
     std::string many = R"({"answer":[0)";
     for (int i = 0; i < 2000; ++i) many += ",0";
     many += "]}";
-    const Wrong wrongs[] = {
+    const std::pair<const char*, const char*> wrongs[] = {
         {"", "the request is no JSON in UTF-8"},
         {"{\"fire\":\"frmWard.cmdInside\"", "the request is no JSON in UTF-8"},
         {"{\"fire\":\"frm\xFF\"}", "the request is no JSON in UTF-8"},
@@ -173,69 +165,63 @@ TEST(Conversation, refusesWhatIsWrongWithOneReplyAndRunsNothing) {
         {R"({"set":"frmWard.tabs","to":{"page":2}})", "frmWard.tabs takes {\"page\":N} of its 2 pages"},
         {R"({"get":"frmWard.Unload"})", "frmWard.Unload is no screen or control"},
     };
-    Talk talk;
-    const json before = talk.desktop.snapshot();
-    for (const Wrong& wrong : wrongs) {
-        const json reply = talk.say(wrong.request);
-        EXPECT_EQ(reply["events"], json::array({{{"error", wrong.error}}}));
-        EXPECT_EQ(reply["waiting"], nullptr);
+    const json before = desktop.snapshot();
+    for (const auto& [request, error] : wrongs) {
+        const json reply = say(request);
+        EXPECT_EQ(reply["events"], json::array({{{"error", error}}}));
+        EXPECT_EQ(reply["waiting"], nullptr) << error;
     }
-    EXPECT_EQ(talk.desktop.snapshot(), before);
-    EXPECT_EQ(talk.conversation.received(), std::size(wrongs));
+    EXPECT_EQ(desktop.snapshot(), before);
+    EXPECT_EQ(conversation.received(), std::size(wrongs));
 }
 
-TEST(Conversation, hiddenAndDisabledControlsAreOutOfReach) {
-    Talk talk;
-    const auto fires = [&] { return talk.say(R"({"fire":"frmWard.cmdInside"})")["events"].dump(); };
+TEST_F(Conversation, hiddenAndDisabledControlsAreOutOfReach) {
+    const auto fires = [&] { return say(R"({"fire":"frmWard.cmdInside"})")["events"].dump(); };
     const std::string refused = R"([{"error":"frmWard.cmdInside is hidden or disabled"}])";
-    talk.ward().panel.setVisible(false);
-    talk.conversation.flush();
+    ward().panel.setVisible(false);
+    conversation.flush();
     EXPECT_EQ(fires(), refused);
-    talk.ward().panel.setVisible(true);
-    talk.ward().cmdInside.setEnabled(false);
-    talk.conversation.flush();
+    ward().panel.setVisible(true);
+    ward().cmdInside.setEnabled(false);
+    conversation.flush();
     EXPECT_EQ(fires(), refused);
-    talk.desktop.hide("frmWard");
-    talk.conversation.flush();
+    desktop.hide("frmWard");
+    conversation.flush();
     EXPECT_EQ(fires(), R"([{"error":"frmWard is hidden"}])");
 }
 
-TEST(Conversation, pushesWhatBelongsToNoRequestAndNothingElse) {
-    Talk talk;
-    talk.conversation.flush();
-    EXPECT_TRUE(talk.replies.empty());
-    talk.ward().lblInfo.setCaption("news");
-    talk.ward().setCaption("Ward 2");
-    talk.ward().lblInfo.setCaption("later news");
-    talk.conversation.flush();
-    ASSERT_EQ(talk.replies.size(), 1U);
-    EXPECT_EQ(talk.replies[0], json::parse(R"({"reply":null,"waiting":null,"events":[
+TEST_F(Conversation, pushesWhatBelongsToNoRequestAndNothingElse) {
+    conversation.flush();
+    EXPECT_TRUE(sent.empty());
+    ward().lblInfo.setCaption("news");
+    ward().setCaption("Ward 2");
+    ward().lblInfo.setCaption("later news");
+    conversation.flush();
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_EQ(sent[0], json::parse(R"({"reply":null,"waiting":null,"events":[
         {"changed":{"frmWard":{"caption":"Ward 2"},"frmWard.lblInfo":{"caption":"later news"}}}]})"));
 }
 
-TEST(Conversation, tellsWhoLooksOnOfWorkBeforeItsEnd) {
-    Talk talk;
-    talk.desktop.setOnProgress([&] { talk.conversation.push(); });
+TEST_F(Conversation, tellsWhoLooksOnOfWorkBeforeItsEnd) {
+    desktop.setOnProgress([&] { conversation.push(); });
     const auto replies =
-        talk.say(std::deque<std::string>{R"({"fire":"frmWard.cmdWork"})", R"({"fire":"frmWard.cmdInside"})"});
+        say(std::deque<std::string>{R"({"fire":"frmWard.cmdWork"})", R"({"fire":"frmWard.cmdInside"})"});
     ASSERT_EQ(replies.size(), 3U);
     EXPECT_EQ(replies[0], json::parse(R"({"reply":null,"during":1,"waiting":null,"events":[
         {"changed":{"frmWard.lblInfo":{"caption":"working"}}}]})"));
     EXPECT_EQ(replies[1], json::parse(R"({"reply":1,"waiting":null,"events":[
         {"changed":{"frmWard.lblInfo":{"caption":"done"}}}]})"));
-    talk.ward().lblInfo.setCaption("by itself");
-    talk.desktop.showProgress();
-    ASSERT_EQ(talk.replies.size(), 1U);
-    EXPECT_FALSE(talk.replies[0].contains("during")) << "no request's work";
-    talk.desktop.showProgress();
-    EXPECT_EQ(talk.replies.size(), 1U) << "nothing new";
+    ward().lblInfo.setCaption("by itself");
+    desktop.showProgress();
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_FALSE(sent[0].contains("during")) << "no request's work";
+    desktop.showProgress();
+    EXPECT_EQ(sent.size(), 1U) << "nothing new";
 }
 
-TEST(Conversation, aPageHearsOfABoxOnce) {
-    Talk talk;
-    talk.desktop.setServesPage(true);
-    const auto replies =
-        talk.say({R"({"fire":"frmWard.cmdTell"})", R"({"answer":"ok"})", R"({"fire":"frmWard.cmdAsk"})"});
+TEST_F(Conversation, aPageHearsOfABoxOnce) {
+    desktop.setServesPage(true);
+    const auto replies = say({R"({"fire":"frmWard.cmdTell"})", R"({"answer":"ok"})", R"({"fire":"frmWard.cmdAsk"})"});
     EXPECT_EQ(replies[0]["waiting"]["text"], "Said");
     EXPECT_EQ(replies[0]["events"], json::parse(R"([{"changed":{"frmWard.lblInfo":{"caption":"before"}}},
         {"changed":{"frmWard.tabs":{"page":1}}},{"focus":"frmWard.txtTab"}])"));
@@ -243,16 +229,15 @@ TEST(Conversation, aPageHearsOfABoxOnce) {
     EXPECT_EQ(replies[2]["events"], json::array());
 }
 
-TEST(Conversation, repliesBeforeItTakesTheNextRequestAndTellsTheEnd) {
-    Talk talk;
-    talk.conversation.receive(R"({"fire":"frmWard.cmdInside"})");
-    talk.conversation.receive(R"({"get":"frmWard.lblInfo"})");
-    ASSERT_EQ(talk.replies.size(), 1U);
-    EXPECT_EQ(talk.replies[0]["reply"], 1);
-    EXPECT_THROW(talk.conversation.receive(R"({"fire":"frmWard.cmdEnd"})"), ui::SessionEnded);
-    talk.conversation.ended("good bye");
-    EXPECT_EQ(talk.replies[1]["state"]["caption"], "inside");
-    EXPECT_EQ(talk.replies[2], json::parse(R"({"reply":3,"waiting":null,"events":[{"ended":"good bye"}]})"));
+TEST_F(Conversation, repliesBeforeItTakesTheNextRequestAndTellsTheEnd) {
+    conversation.receive(R"({"fire":"frmWard.cmdInside"})");
+    conversation.receive(R"({"get":"frmWard.lblInfo"})");
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_EQ(sent[0]["reply"], 1);
+    EXPECT_THROW(conversation.receive(R"({"fire":"frmWard.cmdEnd"})"), ui::SessionEnded);
+    conversation.ended("good bye");
+    EXPECT_EQ(sent[1]["state"]["caption"], "inside");
+    EXPECT_EQ(sent[2], json::parse(R"({"reply":3,"waiting":null,"events":[{"ended":"good bye"}]})"));
 }
 
 }  // namespace

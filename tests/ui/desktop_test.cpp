@@ -8,158 +8,153 @@
 namespace {
 
 using test::json;
-using test::Talk;
 using namespace std::chrono_literals;
 
-std::string events(Talk& talk) {
-    talk.conversation.flush();
-    std::string all;
-    for (const json& reply : std::exchange(talk.replies, {}))
-        for (const json& event : reply["events"]) all += event.dump();
-    return all;
+class Desktop : public test::Talk {
+protected:
+    /// The events since the last time, as they went over the line.
+    std::string told() {
+        conversation.flush();
+        std::string all;
+        for (const json& reply : std::exchange(sent, {}))
+            for (const json& event : reply["events"]) all += event.dump();
+        return all;
+    }
+};
+
+TEST_F(Desktop, aScreenThatIsShownAgainIsHiddenFirstAndKeepsItsContent) {
+    ward().txtName.setText("ADA");
+    conversation.flush();
+    sent.clear();
+    desktop.show("FRMWARD");
+    EXPECT_EQ(told(), R"({"hidden":"frmWard"}{"modal":false,"opened":"frmWard"})");
+    EXPECT_EQ(ward().txtName.text(), "ADA");
+    desktop.hide("frmWard");
+    EXPECT_EQ(desktop.activeChild(), nullptr);
+    ward().lblInfo.setCaption("while hidden");
+    desktop.focus(ward().txtName);
+    EXPECT_EQ(told(), R"({"hidden":"frmWard"}{"changed":{"frmWard.lblInfo":{"caption":"while hidden"}}})");
+    desktop.show("frmWard");
+    EXPECT_EQ(told(), R"({"modal":false,"opened":"frmWard"}{"focus":"frmWard.txtName"})");
+    desktop.show("frmWard");
+    EXPECT_EQ(told(), R"({"hidden":"frmWard"}{"modal":false,"opened":"frmWard"})");
 }
 
-TEST(Desktop, aScreenThatIsShownAgainIsHiddenFirstAndKeepsItsContent) {
-    Talk talk;
-    talk.ward().txtName.setText("ADA");
-    talk.conversation.flush();
-    talk.replies.clear();
-    talk.desktop.show("FRMWARD");
-    EXPECT_EQ(events(talk), R"({"hidden":"frmWard"}{"modal":false,"opened":"frmWard"})");
-    EXPECT_EQ(talk.ward().txtName.text(), "ADA");
-    talk.desktop.hide("frmWard");
-    EXPECT_EQ(talk.desktop.activeChild(), nullptr);
-    talk.ward().lblInfo.setCaption("while hidden");
-    talk.desktop.focus(talk.ward().txtName);
-    EXPECT_EQ(events(talk), R"({"hidden":"frmWard"}{"changed":{"frmWard.lblInfo":{"caption":"while hidden"}}})");
-    talk.desktop.show("frmWard");
-    EXPECT_EQ(events(talk), R"({"modal":false,"opened":"frmWard"}{"focus":"frmWard.txtName"})");
-    talk.desktop.show("frmWard");
-    EXPECT_EQ(events(talk), R"({"hidden":"frmWard"}{"modal":false,"opened":"frmWard"})");
+TEST_F(Desktop, theActiveChildIsTheLastOneThatWasWorkedAndIsStillOpen) {
+    desktop.show("frmModal");
+    EXPECT_EQ(desktop.activeChild()->name(), "frmModal");
+    desktop.fire("frmWard.Activate", false);
+    EXPECT_EQ(desktop.activeChild()->name(), "frmWard");
+    desktop.hide("frmWard");
+    EXPECT_EQ(desktop.activeChild()->name(), "frmModal");
+    EXPECT_TRUE(desktop.unload("frmModal"));
+    EXPECT_EQ(desktop.activeChild(), nullptr);
 }
 
-TEST(Desktop, theActiveChildIsTheLastOneThatWasWorkedAndIsStillOpen) {
-    Talk talk;
-    talk.desktop.show("frmModal");
-    EXPECT_EQ(talk.desktop.activeChild()->name(), "frmModal");
-    talk.desktop.fire("frmWard.Activate", false);
-    EXPECT_EQ(talk.desktop.activeChild()->name(), "frmWard");
-    talk.desktop.hide("frmWard");
-    EXPECT_EQ(talk.desktop.activeChild()->name(), "frmModal");
-    EXPECT_TRUE(talk.desktop.unload("frmModal"));
-    EXPECT_EQ(talk.desktop.activeChild(), nullptr);
+TEST_F(Desktop, aNewScreenOfTheSameNameKnowsNothingOfWhatWasTypedInTheOldOne) {
+    say({R"({"set":"frmWard.txtEcho","to":"old"})", R"({"set":"frmWard.mayClose","to":true})",
+         R"({"fire":"frmWard.Unload"})"});
+    desktop.show("frmWard");
+    told();
+    ward().txtEcho.setText("old");
+    EXPECT_EQ(told(), R"({"changed":{"frmWard.txtEcho":{"text":"old"}}})");
 }
 
-TEST(Desktop, aNewScreenOfTheSameNameKnowsNothingOfWhatWasTypedInTheOldOne) {
-    Talk talk;
-    talk.say({R"({"set":"frmWard.txtEcho","to":"old"})", R"({"set":"frmWard.mayClose","to":true})",
-              R"({"fire":"frmWard.Unload"})"});
-    talk.desktop.show("frmWard");
-    events(talk);
-    talk.ward().txtEcho.setText("old");
-    EXPECT_EQ(events(talk), R"({"changed":{"frmWard.txtEcho":{"text":"old"}}})");
-}
-
-TEST(Desktop, aPageIsToldTheWholeStateWithAnOpenedScreen) {
-    Talk talk;
-    talk.desktop.setServesPage(true);
-    talk.desktop.show("frmModal");
-    EXPECT_NE(events(talk).find(R"("state":{"caption":"Modal")"), std::string::npos);
-    const json snapshot = talk.desktop.snapshot();
+TEST_F(Desktop, aPageIsToldTheWholeStateWithAnOpenedScreen) {
+    desktop.setServesPage(true);
+    desktop.show("frmModal");
+    EXPECT_NE(told().find(R"("state":{"caption":"Modal")"), std::string::npos);
+    const json snapshot = desktop.snapshot();
     EXPECT_EQ(snapshot["active"], "frmModal");
     EXPECT_EQ(snapshot["screens"][0]["name"], "frmWard");
     EXPECT_EQ(snapshot["screens"][0]["controls"]["cmdInside"]["holder"], "panel");
     EXPECT_EQ(snapshot["screens"][0]["controls"]["txtTab"]["tab"], json::parse(R"(["tabs",1])"));
 }
 
-TEST(Desktop, acknowledgedBoxesReturnAtOnceAndTheirGuardSeesThemFirst) {
-    Talk talk;
+TEST_F(Desktop, acknowledgedBoxesReturnAtOnceAndTheirGuardSeesThemFirst) {
     int seen = 0;
-    talk.desktop.setBeforeBox([&](const ui::Desktop::Question&) { ++seen; });
-    talk.desktop.setAcknowledges(true);
+    desktop.setBeforeBox([&](const ui::Desktop::Question&) { ++seen; });
+    desktop.setAcknowledges(true);
     bool rolledBack = false;
-    talk.desktop.setOnFailure([&] { rolledBack = seen == 0; });
-    const json reply = talk.say(R"({"fire":"frmWard.cmdFail"})");
+    desktop.setOnFailure([&] { rolledBack = seen == 0; });
+    const json reply = say(R"({"fire":"frmWard.cmdFail"})");
     EXPECT_EQ(reply["events"][0]["message"]["text"], "It broke");
     EXPECT_EQ(reply["waiting"], nullptr);
     EXPECT_EQ(seen, 1);
     EXPECT_TRUE(rolledBack);
 }
 
-TEST(Desktop, aSessionEndsWhenItsLastBoxWasRead) {
-    Talk talk;
-    const auto replies = talk.say(std::deque<std::string>{R"({"fire":"frmWard.cmdTellAndEnd"})", R"({"answer":"ok"})"});
+TEST_F(Desktop, aSessionEndsWhenItsLastBoxWasRead) {
+    const auto replies = say(std::deque<std::string>{R"({"fire":"frmWard.cmdTellAndEnd"})", R"({"answer":"ok"})"});
     ASSERT_EQ(replies.size(), 1U);
     EXPECT_EQ(replies[0]["waiting"]["text"], "Last");
-    EXPECT_EQ(talk.reason, "good bye");
+    EXPECT_EQ(reason, "good bye");
 }
 
-TEST(Desktop, aTimersBoxCoversNoQuestionAndShowsOnceHoweverOftenItComes) {
-    Talk talk;
+TEST_F(Desktop, aTimersBoxCoversNoQuestionAndShowsOnceHoweverOftenItComes) {
     std::vector<std::string> shown;
-    talk.loop.setBeforeWait([&] {
-        shown.push_back(talk.desktop.waiting()->text);
+    loop.setBeforeWait([&] {
+        shown.push_back(desktop.waiting()->text);
         const bool asked = shown.back() == "Sure?";
         if (shown.size() < 3)
-            talk.loop.post([&] { talk.desktop.message("News"); });
+            loop.post([&] { desktop.message("News"); });
         else
-            talk.loop.post([&, asked] { talk.desktop.answer(asked ? "no" : "ok"); });
+            loop.post([&, asked] { desktop.answer(asked ? "no" : "ok"); });
     });
-    EXPECT_FALSE(talk.desktop.askYesNo("Sure?", "Check"));
-    talk.loop.runUntil([&] { return talk.desktop.waiting() == nullptr; });
+    EXPECT_FALSE(desktop.askYesNo("Sure?", "Check"));
+    loop.runUntil([&] { return desktop.waiting() == nullptr; });
     EXPECT_EQ(shown, (std::vector<std::string>{"Sure?", "Sure?", "Sure?", "News"}));
 }
 
-TEST(Desktop, aUserReadsSentencesAndTheLogHearsOfTheErrorItself) {
-    Talk talk;
+TEST_F(Desktop, aUserReadsSentencesAndTheLogHearsOfTheErrorItself) {
     std::string heard;
-    talk.desktop.setOnError([&](const std::exception& error) { heard = error.what(); });
-    EXPECT_EQ(talk.desktop.describe(db::Error(db::Category::other, "It broke")), "It broke");
+    desktop.setOnError([&](const std::exception& error) { heard = error.what(); });
+    EXPECT_EQ(desktop.describe(db::Error(db::Category::other, "It broke")), "It broke");
     const std::filesystem::filesystem_error full("copy", "/secret/place",
                                                  std::make_error_code(std::errc::no_space_on_device));
-    EXPECT_EQ(talk.desktop.describe(full), "A file cannot be read or written: No space left on device.");
+    EXPECT_EQ(desktop.describe(full), "A file cannot be read or written: No space left on device.");
     EXPECT_EQ(heard, full.what());
-    EXPECT_EQ(talk.desktop.describe(std::bad_alloc()).find("bad_alloc"), std::string::npos);
-    EXPECT_EQ(talk.desktop.describe(std::runtime_error("vector::at")).find("vector"), std::string::npos);
+    EXPECT_EQ(desktop.describe(std::bad_alloc()).find("bad_alloc"), std::string::npos);
+    EXPECT_EQ(desktop.describe(std::runtime_error("vector::at")).find("vector"), std::string::npos);
 }
 
-TEST(EventLoop, timersTickByHandOrByTheLoopAndOnlyWhileTheyRun) {
-    Talk talk;
-    talk.desktop.tick("frmWard.tmrWatch");
-    talk.ward().tmrWatch.setRunning(false);
-    talk.desktop.tick("frmWard.tmrWatch");
-    EXPECT_EQ(talk.ward().ticks, 1);
-    EXPECT_THROW(talk.desktop.tick("frmWard.txtName"), ui::Refused);
-    talk.ward().tmrWatch.setRunning(true);
-    EXPECT_FALSE(talk.loop.runFor(20ms, [] { return false; }));
-    EXPECT_EQ(talk.ward().ticks, 1) << "a script's timers stand still";
-    talk.loop.setTimersRun(true);
-    talk.loop.setBeforeWait({});
-    EXPECT_TRUE(talk.loop.runFor(10s, [&] { return talk.ward().ticks >= 4; }));
+using EventLoop = test::Talk;
+
+TEST_F(EventLoop, timersTickByHandOrByTheLoopAndOnlyWhileTheyRun) {
+    desktop.tick("frmWard.tmrWatch");
+    ward().tmrWatch.setRunning(false);
+    desktop.tick("frmWard.tmrWatch");
+    EXPECT_EQ(ward().ticks, 1);
+    EXPECT_THROW(desktop.tick("frmWard.txtName"), ui::Refused);
+    ward().tmrWatch.setRunning(true);
+    EXPECT_FALSE(loop.runFor(20ms, [] { return false; }));
+    EXPECT_EQ(ward().ticks, 1) << "a script's timers stand still";
+    loop.setTimersRun(true);
+    loop.setBeforeWait({});
+    EXPECT_TRUE(loop.runFor(10s, [&] { return ward().ticks >= 4; }));
 }
 
-TEST(EventLoop, aTimerWhoseJobShowsABoxTicksNoSecondTimeMeanwhile) {
-    Talk talk;
+TEST_F(EventLoop, aTimerWhoseJobShowsABoxTicksNoSecondTimeMeanwhile) {
     int boxes = 0;
-    talk.loop.setTimersRun(true);
-    talk.loop.setBeforeWait({});
-    talk.ward().tmrWatch.on(ui::Event::timer, [&] {
+    loop.setTimersRun(true);
+    loop.setBeforeWait({});
+    ward().tmrWatch.on(ui::Event::timer, [&] {
         ++boxes;
-        talk.desktop.message("Look");
-        talk.ward().tmrWatch.setRunning(false);
+        desktop.message("Look");
+        ward().tmrWatch.setRunning(false);
     });
     std::thread nurse([&] {
         std::this_thread::sleep_for(40ms);
-        talk.loop.post([&] { talk.desktop.answer("ok"); });
+        loop.post([&] { desktop.answer("ok"); });
     });
-    talk.loop.runUntil([&] { return boxes > 0 && !talk.desktop.waiting(); });
+    loop.runUntil([&] { return boxes > 0 && !desktop.waiting(); });
     nurse.join();
     EXPECT_EQ(boxes, 1);
-    EXPECT_FALSE(talk.ward().tmrWatch.running());
+    EXPECT_FALSE(ward().tmrWatch.running());
 }
 
-TEST(EventLoop, tasksOfOtherThreadsRunInOrderOnTheLoopsThread) {
-    ui::EventLoop loop;
+TEST_F(EventLoop, tasksOfOtherThreadsRunInOrderOnTheLoopsThread) {
+    loop.setBeforeWait({});
     const auto self = std::this_thread::get_id();
     std::vector<int> order;
     std::thread other([&] {
@@ -173,11 +168,10 @@ TEST(EventLoop, tasksOfOtherThreadsRunInOrderOnTheLoopsThread) {
     EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
 }
 
-TEST(EventLoop, aWaitWithADeadlineLeavesTheScriptUnread) {
-    Talk talk;
-    talk.lines = {R"({"fire":"frmWard.cmdInside"})"};
-    EXPECT_FALSE(talk.loop.runFor(5ms, [] { return false; }));
-    EXPECT_EQ(talk.lines.size(), 1U);
+TEST_F(EventLoop, aWaitWithADeadlineLeavesTheScriptUnread) {
+    lines = {R"({"fire":"frmWard.cmdInside"})"};
+    EXPECT_FALSE(loop.runFor(5ms, [] { return false; }));
+    EXPECT_EQ(lines.size(), 1U);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -100,35 +102,35 @@ private:
 };
 
 /// A client's talk with a desktop: one request after the other, each when the loop waits.
-class Talk {
-public:
-    Talk() : conversation(desktop, [this](const std::string& line) { replies.push_back(json::parse(line)); }) {
+class Talk : public testing::Test {
+protected:
+    Talk() : conversation(desktop, [this](const std::string& line) { sent.push_back(json::parse(line)); }) {
         desktop.provide("frmWard", [this] { return std::make_unique<frmWard>(desktop); });
         desktop.provide("frmModal", [this] { return std::make_unique<frmModal>(desktop); });
         loop.setBeforeWait([this] { next(); });
         desktop.show("frmWard");
         desktop.flushChanges();
         conversation.flush();
-        replies.clear();
+        sent.clear();
     }
 
     /// Sends the lines and gives the replies to them; the reason is kept when they end the session.
     std::vector<json> say(std::deque<std::string> requests) {
         lines = std::move(requests);
-        replies.clear();
+        sent.clear();
         try {
             loop.run();
         } catch (const ui::SessionEnded& end) {
             reason = end.reason;
         }
-        return std::exchange(replies, {});
+        return std::exchange(sent, {});
     }
     json say(const std::string& request) { return say(std::deque{request}).at(0); }
     frmWard& ward() { return dynamic_cast<frmWard&>(*desktop.loaded("frmWard")); }
 
     ui::EventLoop loop;
     ui::Desktop desktop{loop, "Program"};
-    std::vector<json> replies;
+    std::vector<json> sent;  ///< what the conversation has sent since the last request
     std::deque<std::string> lines;
     std::string reason;
     ui::Conversation conversation;

@@ -19,7 +19,7 @@ Config read(const std::optional<std::filesystem::path>& file, const web::Environ
 
 /// The error's text, or "" where the configuration is read.
 std::string faultOf(const std::string& text, const web::Environment& environment = &noEnvironment) {
-    const webtest::Directory directory;
+    const test::TemporaryDirectory directory;
     const auto file = directory.write("vorel.toml", text);
     try {
         web::requireServable(read(file, environment));
@@ -67,7 +67,7 @@ TEST(Config, AddressesThatMayBeServedPlain) {
 }
 
 TEST(Config, EnvironmentWinsOverTheFile) {
-    const webtest::Directory directory;
+    const test::TemporaryDirectory directory;
     const auto file = directory.write(
         "vorel.toml", "port = 1\naddress = \"127.0.0.2\"\nproxies = [\"::ffff:10.0.0.1\"]\n[log]\nlevel = \"error\"\n");
     const std::map<std::string, std::string> variables{

@@ -286,21 +286,16 @@ TEST_F(HostTest, ChunkedBodiesCountEachByteOfTheirFraming) {
     RawClient whole(host.port());
     EXPECT_EQ(whole.ask(head + "1a;note=\"fine\"\r\n" + form + "\r\n0\r\nTrailer: fine\r\n").substr(9, 3), "303");
     const std::string long64K(65536, 'x');
+    const auto times = [](int count, const std::string& text) {
+        std::string all;
+        for (int i = 0; i < count; ++i) all += text;
+        return all;
+    };
     const std::pair<const char*, std::string> endless[] = {
         {"extension", "1;" + long64K},
         {"trailer", "0\r\nX: " + long64K},
-        {"trailers", "0\r\n" +
-                         [] {
-                             std::string lines;
-                             for (int i = 0; i < 5000; ++i) lines += "X: 123456\r\n";
-                             return lines;
-                         }()},
-        {"extensions",
-         [&] {
-             std::string chunks;
-             for (int i = 0; i < 20; ++i) chunks += "1;" + std::string(1000, 'x') + "\r\nu\r\n";
-             return chunks;
-         }()},
+        {"trailers", "0\r\n" + times(5000, "X: 123456\r\n")},
+        {"extensions", times(20, "1;" + std::string(1000, 'x') + "\r\nu\r\n")},
         {"size", "FFFFFFFFFFFFFFFF\r\n" + long64K},
         {"size without an end", long64K},
     };
@@ -371,15 +366,8 @@ TEST_F(HostTest, StoppingWaitsForNoSlowedSignIn) {
     host.stop();
 }
 
-TEST_F(HostTest, StoppingTellsThePages) {
-    const auto client = open(signIn());
-    host.stop();
-    const auto last = json::parse(client->readFrame());
-    EXPECT_TRUE(last["events"].back().contains("ended"));
-}
-
 /// Writes a key and a certificate of its own to the directory.
-void makeCertificate(const webtest::Directory& directory) {
+void makeCertificate(const test::TemporaryDirectory& directory) {
     const std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)> key(EVP_EC_gen("P-256"), &EVP_PKEY_free);
     const std::unique_ptr<X509, decltype(&X509_free)> certificate(X509_new(), &X509_free);
     X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -3600);
@@ -395,7 +383,7 @@ void makeCertificate(const webtest::Directory& directory) {
 }
 
 TEST(Host, OverTlsItServesThePageAndChoosesTheCipher) {
-    const webtest::Directory directory;
+    const test::TemporaryDirectory directory;
     makeCertificate(directory);
     auto config = testConfig();
     config.certificate = (directory.path() / "cert.pem").string();
@@ -430,15 +418,20 @@ TEST(Host, OverTlsItServesThePageAndChoosesTheCipher) {
 }
 
 TEST(Host, CannotServe) {
-    web::Host first(testConfig(), services(), &webtest::makeTestSeat);
+    const web::Host first(testConfig(), services(), &webtest::makeTestSeat);
     auto taken = testConfig();
     taken.port = first.port();
-    EXPECT_THROW(web::Host(taken, services(), &webtest::makeTestSeat), web::HostError);
+    try {
+        const web::Host second(taken, services(), &webtest::makeTestSeat);
+        ADD_FAILURE() << "two hosts at one port";
+    } catch (const web::HostError& error) {
+        EXPECT_EQ(error.what(), "127.0.0.1 port " + std::to_string(taken.port) + " is in use by another program");
+    }
     auto open = testConfig();
     open.address = "0.0.0.0";
     EXPECT_THROW(web::Host(open, services(), &webtest::makeTestSeat), web::ConfigError);
     auto broken = testConfig();
-    broken.certificate = broken.key = (webtest::sourceDirectory() / "README.md").string();
+    broken.certificate = broken.key = (test::sourceDirectory() / "README.md").string();
     EXPECT_THROW(web::Host(broken, services(), &webtest::makeTestSeat), web::HostError);
 }
 

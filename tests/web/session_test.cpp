@@ -195,49 +195,51 @@ TEST(Log, WhatAnybodyMayCauseIsWrittenSoOftenASecond) {
     web::setLogLevel(web::Level::off);
 }
 
-TEST(Sessions, OneUserHasSoManyAndTheOldestWhosePageIsAwayGoesFirst) {
-    web::setLogLevel(web::Level::off);
+class Sessions : public testing::Test {
+protected:
+    Sessions() { web::setLogLevel(web::Level::off); }
+    web::Sessions::Opened open(const char* user) { return sessions.open({user, "127.0.0.1"}); }
+    std::shared_ptr<TestPage> attachTo(const std::string& token) {
+        auto page = std::make_shared<TestPage>();
+        sessions.find(token)->attach(page);
+        return page;
+    }
     web::Config config;
+    web::Sessions sessions{config, &webtest::makeTestSeat};
+};
+
+using Result = web::Sessions::Opened::Result;
+
+TEST_F(Sessions, OneUserHasSoManyAndTheOldestWhosePageIsAwayGoesFirst) {
     config.mostSessionsOfUser = 2;
-    web::Sessions sessions(config, &webtest::makeTestSeat);
-    using enum web::Sessions::Opened::Result;
-    const auto openWithPage = [&](const std::shared_ptr<TestPage>& page) {
-        const auto opened = sessions.open({"nurse", "a"});
-        if (opened.result == open) sessions.find(opened.token)->attach(page);
-        return opened;
-    };
-    const auto pages = std::vector{std::make_shared<TestPage>(), std::make_shared<TestPage>()};
-    const auto first = openWithPage(pages[0]);
-    const auto second = openWithPage(pages[1]);
-    EXPECT_EQ(sessions.open({"nurse", "a"}).result, userFull) << "nobody's page is taken from her";
-    EXPECT_EQ(sessions.open({"other", "a"}).result, open);
-    sessions.find(second.token)->detach(*pages[1]);
-    sessions.find(first.token)->detach(*pages[0]);
-    const auto third = sessions.open({"nurse", "a"});
-    EXPECT_EQ(third.result, open);
-    EXPECT_EQ(sessions.find(first.token), nullptr);
-    EXPECT_NE(sessions.find(second.token), nullptr);
-    for (int i = 0; i < 20; ++i) EXPECT_EQ(sessions.open({"nurse", "a"}).result, open);
+    const std::string first = open("nurse").token;
+    const auto firstPage = attachTo(first);
+    const std::string second = open("nurse").token;
+    const auto secondPage = attachTo(second);
+    EXPECT_EQ(open("nurse").result, Result::userFull) << "nobody's page is taken from her";
+    EXPECT_EQ(open("other").result, Result::open);
+    sessions.find(second)->detach(*secondPage);
+    sessions.find(first)->detach(*firstPage);
+    EXPECT_EQ(open("nurse").result, Result::open);
+    EXPECT_EQ(sessions.find(first), nullptr);
+    EXPECT_NE(sessions.find(second), nullptr);
+    for (int i = 0; i < 20; ++i) EXPECT_EQ(open("nurse").result, Result::open);
     EXPECT_EQ(sessions.users(), (std::set<std::string>{"nurse", "other"}));
     sessions.closeOf("nurse", "Elsewhere");
     EXPECT_EQ(sessions.users(), std::set<std::string>{"other"});
     sessions.closeAll({});
 }
 
-TEST(Sessions, OnesWithoutAPageExpireAndOneThatCannotStartEnds) {
-    web::setLogLevel(web::Level::off);
-    web::Config config;
+TEST_F(Sessions, OnesWithoutAPageExpireAndOneThatCannotStartEnds) {
     config.sessionWaitMinutes = 0;
     config.mostSessions = 2;
-    web::Sessions sessions(config, &webtest::makeTestSeat);
-    const std::string token = sessions.open({"nurse", "a"}).token;
-    const auto page = std::make_shared<TestPage>();
-    sessions.find(token)->attach(page);
+    const std::string token = open("nurse").token;
+    const auto page = attachTo(token);
     page->next();
     sessions.tend();
     EXPECT_NE(sessions.find(token), nullptr) << "a session with a page stays";
-    EXPECT_NE(sessions.open({"nurse", "b"}).token, token);
-    EXPECT_EQ(sessions.open({"nurse", "c"}).token, "") << "no more than the host may have";
+    EXPECT_NE(open("nurse").token, token);
+    EXPECT_EQ(open("nurse").token, "") << "no more than the host may have";
 
     sessions.find(token)->detach(*page);
     EXPECT_TRUE(eventually([&] {
@@ -247,9 +249,9 @@ TEST(Sessions, OnesWithoutAPageExpireAndOneThatCannotStartEnds) {
     EXPECT_EQ(sessions.find(token), nullptr);
 
     config.sessionWaitMinutes = 10;
-    const std::string broken = sessions.open({"nobody", "a"}).token;
+    const std::string broken = open("nobody").token;
     EXPECT_TRUE(eventually([&] { return sessions.find(broken) == nullptr; }));
-    const std::string other = sessions.open({"nurse", "a"}).token;
+    const std::string other = open("nurse").token;
     EXPECT_NE(sessions.find(other), nullptr);
     sessions.closeAll("The end");
     EXPECT_EQ(sessions.find(other), nullptr);

@@ -2,7 +2,6 @@
 
 #include <condition_variable>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -13,6 +12,7 @@
 #include <vector>
 
 #include "db/error.h"
+#include "tests/support/directory.h"
 #include "tests/support/paths.h"
 #include "ui/controls.h"
 #include "ui/seat.h"
@@ -22,31 +22,6 @@
 namespace webtest {
 
 namespace fs = std::filesystem;
-
-using test::sourceDirectory;
-
-/// A directory that goes with the test.
-class Directory {
-public:
-    Directory() {
-        std::string name = (fs::temp_directory_path() / "vorel-web-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
-        path_ = name;
-    }
-    Directory(const Directory&) = delete;
-    Directory& operator=(const Directory&) = delete;
-    ~Directory() { fs::remove_all(path_); }
-
-    [[nodiscard]] const fs::path& path() const { return path_; }
-    fs::path write(const std::string& name, const std::string& text) const {
-        fs::create_directories((path_ / name).parent_path());
-        std::ofstream(path_ / name, std::ios::binary) << text;
-        return path_ / name;
-    }
-
-private:
-    fs::path path_;
-};
 
 /// A screen that does what a test needs to happen in a session.
 class frmTest : public ui::Screen {
@@ -111,7 +86,7 @@ public:
     [[nodiscard]] std::string hospitalName() const override { return "General & Co"; }
 
 private:
-    Directory directory_;
+    test::TemporaryDirectory directory_;
     ui::SaveNotes notes_;
     ui::Desktop desktop_;
 };

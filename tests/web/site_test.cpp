@@ -24,7 +24,7 @@ web::SignInDelays::Clock::time_point now;
 class SiteTest : public testing::Test {
 protected:
     const std::string script = std::string(5000, 'x') + "\n";
-    webtest::Directory root;
+    test::TemporaryDirectory root;
     web::Config config;
     std::vector<std::chrono::milliseconds> waits;
     web::Faults faults;
@@ -81,18 +81,28 @@ protected:
         if (!cookie.empty()) request.headers["cookie"] = cookie;
         return ask(request);
     }
-    Response signIn(const std::string& user, const std::string& password, const std::string& address = "10.0.0.1") {
+    /// A request whose body follows; its page is of no origin that it tells.
+    static Request post(const std::string& path, const std::string& cookie = {}) {
         Request request;
         request.method = "POST";
-        request.path = "/sign-in";
+        request.path = path;
+        request.headers["cookie"] = cookie;
+        return request;
+    }
+    static Request signingIn(const std::string& user, const std::string& password) {
+        Request request = post("/sign-in");
         request.body = "user=" + user + "&password=" + password;
+        return request;
+    }
+    Response signIn(const std::string& user, const std::string& password, const std::string& address = "10.0.0.1") {
+        Request request = signingIn(user, password);
         request.address = address;
         return ask(request);
     }
     std::string signedIn() { return cookieOf(signIn("nurse", "secret")); }
 
-    /// The session of a cookie, with a page and what came of the requests that it made.
-    std::shared_ptr<web::NurseSession> work(const std::string& cookie, std::initializer_list<const char*> requests) {
+    /// Opens the page of a cookie's session, which makes these requests.
+    void work(const std::string& cookie, std::initializer_list<const char*> requests) {
         const auto session = sessions->find(cookie.substr(cookie.find('=') + 1));
         const auto page = std::make_shared<webtest::TestPage>();
         session->attach(page);
@@ -101,7 +111,6 @@ protected:
             EXPECT_TRUE(session->receive(*page, request));
             page->next();
         }
-        return session;
     }
 
     static std::string headerOf(const Response& response, const std::string& name) {
@@ -128,11 +137,7 @@ TEST_F(SiteTest, OnlyTheSignedInReachTheirSession) {
         EXPECT_NE(get(path, "vorel_session=").status, 200) << path;
         EXPECT_NE(get(path, cookie + "0").status, 200) << path;
     }
-    Request out;
-    out.method = "POST";
-    out.path = "/sign-out";
-    out.headers["cookie"] = cookie;
-    EXPECT_EQ(headerOf(ask(out), "Location"), "/sign-in");
+    EXPECT_EQ(headerOf(ask(post("/sign-out", cookie)), "Location"), "/sign-in");
     EXPECT_EQ(headerOf(get("/", cookie), "Location"), "/sign-in");
 }
 
@@ -146,10 +151,7 @@ TEST_F(SiteTest, CookiesAndHeadersAreStrict) {
     EXPECT_EQ(cookieOf(response).size(), std::string("vorel_session=").size() + 64);
     EXPECT_NE(cookieOf(response), signedIn());
 
-    Request secure;
-    secure.method = "POST";
-    secure.path = "/sign-in";
-    secure.body = "user=nurse&password=secret";
+    Request secure = signingIn("nurse", "secret");
     secure.secure = true;
     const Response overTls = ask(secure);
     EXPECT_NE(headerOf(overTls, "Set-Cookie").find("; Secure"), std::string::npos);
@@ -439,9 +441,7 @@ TEST(SignInDelays, NamesWithoutEndFillNoMemoryAndFreeNobody) {
 TEST_F(SiteTest, AUserAtHerLimitMayEndHerOtherSessions) {
     config.mostSessionsOfUser = 1;
     const std::string first = signedIn();
-    const auto page = std::make_shared<webtest::TestPage>();
-    sessions->find(first.substr(first.find('=') + 1))->attach(page);
-    page->next();
+    work(first, {});
     const Response full = signIn("nurse", "secret");
     EXPECT_EQ(full.status, 409);
     EXPECT_NE(full.body.find("End my other sessions"), std::string::npos);
@@ -453,10 +453,8 @@ TEST_F(SiteTest, AUserAtHerLimitMayEndHerOtherSessions) {
 
 TEST_F(SiteTest, ABodyIsReadForWhoMaySendIt) {
     const auto admits = [&](const std::string& path, const std::string& cookie, const std::string& origin) {
-        Request request;
-        request.method = "POST";
-        request.path = path;
-        request.headers = {{"host", "vorel:8080"}, {"origin", origin}, {"cookie", cookie}};
+        Request request = post(path, cookie);
+        request.headers.insert({{"host", "vorel:8080"}, {"origin", origin}});
         return site->admitBody(request);
     };
     const auto statusOf = [](const auto& admitted) { return std::get<Response>(admitted).status; };

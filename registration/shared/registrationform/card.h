@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "registration/shared/part.h"
+#include "core/forms/part.h"
 #include "registration/shared/registrationform/stage.h"
 
 namespace registration {
 
 /// A patient's card: its number, for whom it is, and how long it holds.
-class Card : public Part {
+class Card : public core::Part {
 public:
     Card(core::Workplace& place, ui::Screen& screen, const Stage& stage);
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "core/forms/part.h"
 #include "core/rows/cells.h"
-#include "registration/shared/part.h"
 #include "registration/shared/registrationform/stage.h"
 
 namespace registration {
 
 /// What a new patient owes from an older account, in naira: it is entered before he is saved, and kept with him.
-class CarriedDebt : public Part {
+class CarriedDebt : public core::Part {
 public:
     CarriedDebt(core::Workplace& place, ui::Screen& screen, const Stage& stage);
 

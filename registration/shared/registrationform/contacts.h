@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "registration/shared/part.h"
+#include "core/forms/part.h"
 
 namespace registration {
 
 /// Where a patient is reached, what else is known of him, his kin, and who of the staff introduced him.
-class Contacts : public Part {
+class Contacts : public core::Part {
 public:
     Contacts(core::Workplace& place, ui::Screen& screen);
 

@@ -12,7 +12,11 @@ using namespace db::literals;
 
 PatientFinder::PatientFinder(core::Workplace& place, ui::Screen& screen, ui::DataGrid& grid, SearchKind numberSearch,
                              Statements statements)
-    : SearchBox(place, screen, numberSearch, [this](SearchKind kind) { show(kind); }),
+    : SearchBox(place, screen, numberSearch,
+                [this](SearchKind kind) {
+                    stop();
+                    show(kind);
+                }),
       grid_(grid),
       statements_(statements),
       title_(screen.caption()) {
@@ -36,15 +40,22 @@ void PatientFinder::showAgain() {
     show(SearchKind::name);
 }
 
+void PatientFinder::stop() {
+    ++turn_;
+    grid_.setSearching(false);
+}
+
 /// Digits of a number fire no search by name, and each keystroke starts the wait anew. A limit of 0 is none.
 void PatientFinder::searchWhileTyping() {
-    const int turn = ++turn_;
+    stop();
+    const int turn = turn_;
     const auto& text = txtName.text();
     if (text.empty()) {
         grid_.clear();
         return lblFound.setCaption("0 Records Found");
     }
     if (db::characterCount(text) < 3 || text.find_first_of("10") != std::string::npos) return;
+    grid_.setSearching(true);
     const std::chrono::milliseconds wait(session().gSearchWaitTime);
     core::WaitWithEvents(place(), wait, {[&] { return turn != turn_; }});
     if (turn != turn_) return;
@@ -52,6 +63,7 @@ void PatientFinder::searchWhileTyping() {
     place().desktop.showProgress();
     core::trapped(place(), [this] { show(SearchKind::name, settingNumber(session().gSearchValue) != db::Value(0)); });
     screen().setCaption(title_);
+    grid_.setSearching(false);
 }
 
 }  // namespace registration

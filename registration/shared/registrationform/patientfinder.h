@@ -20,7 +20,7 @@ public:
     /// Searches by the name that stands in the box, or shows today's.
     void showAgain();
     /// Drops a search that waits for the nurse to stop typing.
-    void stop() noexcept { ++turn_; }
+    void stop();
 
 private:
     void show(SearchKind kind, bool limited = false);

@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "registration/shared/part.h"
+#include "core/forms/part.h"
 #include "registration/shared/registrationform/stage.h"
 
 namespace registration {
 
 /// Who a patient is: the names, the sex, and the birth date with the age in words.
-class Person : public Part {
+class Person : public core::Part {
 public:
     Person(core::Workplace& place, ui::Screen& screen, const Stage& stage);
 

@@ -46,9 +46,9 @@ public:
     Photograph photograph{place(), *this};
     Contacts contacts{place(), *this};
     VisitEntry visit;
-    ui::Button cmdPatDep{*this, "cmdPatDep", "Depen&dant"};
-    ui::Button cmdPlan{*this, "cmdPlan", "&Plan..."};
-    ui::Button cmdANC{*this, "cmdANC", "Ante&natal"};
+    ui::Button cmdPatDep{*this, "cmdPatDep", "Dependant"};
+    ui::Button cmdPlan{*this, "cmdPlan", "Plan..."};
+    ui::Button cmdANC{*this, "cmdANC", "Antenata&l"};
     ui::Button cmdComm{*this, "cmdComm", "C&onsultations"};
 
     void load() override;

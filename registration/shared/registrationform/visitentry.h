@@ -3,16 +3,16 @@
 #include <string>
 #include <vector>
 
+#include "core/forms/part.h"
 #include "core/rows/cells.h"
 #include "registration/shared/clientpick.h"
-#include "registration/shared/part.h"
 #include "registration/shared/purposes.h"
 #include "registration/shared/registrationform/stage.h"
 
 namespace registration {
 
 /// The visit that is taken along with a registration: its clinic, its purpose, an appointment; and the past ones.
-class VisitEntry : public Part {
+class VisitEntry : public core::Part {
 public:
     /// What hangs on the picks of a visit. What throws from the pick of a clinic takes the pick back.
     class Follower {
@@ -35,7 +35,7 @@ public:
     };
     VisitEntry(core::Workplace& place, ui::Screen& screen, const Stage& stage, Follower& follower, const Ways& ways);
 
-    ui::CheckBox chkReg{screen(), "chkReg", "Automatic &Attendance"};
+    ui::CheckBox chkReg{screen(), "chkReg", "Auto&matic Attendance"};
     ui::Picture fraAttd{screen(), "fraAttd"};
     ui::ComboBox cboClin{screen(), "cboClin", ui::ComboBox::Style::listOnly};
     ui::ComboBox cboPurpose{screen(), "cboPurpose"};

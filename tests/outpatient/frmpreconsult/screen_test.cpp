@@ -67,6 +67,10 @@ TEST_F(PreConsult, APickShowsThePatient) {
     EXPECT_EQ(shown({"Label5"}), "Vital Signs");
 }
 
+TEST_F(PreConsult, ADeleteNeedsARow) {
+    fire("cmdDel", {"Please select a record from the list"});
+}
+
 TEST_F(PreConsult, KeyFiltersLetNumbersThrough) {
     fire("cmdAdd");
     for (const char* number : {"txtTemp", "txtPressure", "txtPause", "txtResp", "txtHt", "txtWt"}) {

@@ -62,7 +62,6 @@ std::vector<Setting> settingsOf(Config& config) {
         {"log.level", Text{&config.logLevel, &levelFault}},
         {"web.root", Text{&config.webRoot}},
         {"web.layouts", Text{&config.layoutRoot}},
-        {"web.bootstrap", Text{&config.bootstrapRoot}},
         {"web.chart", Text{&config.chartRoot}},
     };
 }

@@ -43,9 +43,8 @@ struct Config {
 
     std::string logLevel = "info";
 
-    std::string webRoot = ownWebRoot();        ///< holds client/
+    std::string webRoot = ownWebRoot();        ///< holds client/, as the build bundles it, and program/
     std::string layoutRoot = ownLayoutRoot();  ///< holds the screens' layouts, NAME.json
-    std::string bootstrapRoot = "/usr/share/javascript/bootstrap5";
     std::string chartRoot = "/usr/share/javascript/chart.js";
 
     /// Where users have signed in before is kept here; no key: whoever starts the host sets it. Empty keeps it nowhere.

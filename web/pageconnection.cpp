@@ -25,7 +25,8 @@ public:
         socket_.set_option(Option{std::chrono::seconds(30), std::chrono::seconds(60), true});
         socket_.set_option(beast::websocket::stream_base::decorator(
             [](beast::websocket::response_type& response) { response.erase(beast::http::field::server); }));
-        socket_.auto_fragment(false);  // a line is a frame
+        socket_.set_option(compression(request));
+        socket_.auto_fragment(false);  // a line that is not compressed is a frame
         socket_.read_message_max(0);   // what is too long is thrown away as it comes, and answered
         socket_.async_accept(request, [self = shared_from_this()](error_code error) {
             if (error) return self->gone();
@@ -64,6 +65,26 @@ private:
     static constexpr std::size_t mostLines = 2000;
     static constexpr std::size_t mostBytes = std::size_t{32} * 1024 * 1024;
     static constexpr std::size_t readAtOnce = std::size_t{16} * 1024;
+    // A page says at most so many times what a message may have before it is let go: some bytes of a compressed one
+    // could keep the host busy for long.
+    static constexpr std::size_t mostOverlong = 16;
+
+    /// Lines are compressed one after the other, each with what the last ones said: windows of 4 KiB hold the names and
+    /// shapes that come again and take some 30 KiB of a page, its own messages 1 KiB where its browser lets itself be
+    /// told (the others want the standard's 32). What is shorter than a packet goes as it is. A page keeps nothing from
+    /// one message to the next, so that a secret in one is never beside what another says.
+    static beast::websocket::permessage_deflate compression(const UpgradeRequest& request) {
+        const auto offer = request[beast::http::field::sec_websocket_extensions];
+        beast::websocket::permessage_deflate option;
+        option.server_enable = true;
+        option.server_max_window_bits = 12;
+        option.client_max_window_bits = offer.find("client_max_window_bits") == beast::string_view::npos ? 15 : 10;
+        option.client_no_context_takeover = true;
+        option.compLevel = 3;
+        option.memLevel = 4;
+        option.msg_size_threshold = 256;
+        return option;
+    }
 
     void read() {
         socket_.async_read_some(buffer_, readAtOnce, [self = shared_from_this()](error_code error, std::size_t) {
@@ -75,7 +96,9 @@ private:
     void received() {
         if (overlong_ || buffer_.size() > longestMessage_) {
             overlong_ = true;
+            thrownAway_ += buffer_.size();
             buffer_.consume(buffer_.size());
+            if (thrownAway_ > mostOverlong * longestMessage_) return drop("message without an end");
         }
         if (socket_.is_message_done()) {
             // The reader of requests refuses what is too long by its length alone.
@@ -83,6 +106,7 @@ private:
                 overlong_ ? std::string(ui::longestRequest + 1, ' ') : beast::buffers_to_string(buffer_.data());
             buffer_.clear();
             overlong_ = false;
+            thrownAway_ = 0;
             // The page's further lines wait in the network until the session has worked some off.
             if (!session_->receive(*this, std::move(line))) return;
         }
@@ -141,6 +165,7 @@ private:
     std::size_t longestMessage_;
     beast::flat_buffer buffer_;
     bool overlong_ = false;
+    std::size_t thrownAway_ = 0;     ///< bytes of the message that is too long
     std::deque<std::string> lines_;  ///< the first one is being written
     std::size_t bytes_ = 0;
     bool closing_ = false;

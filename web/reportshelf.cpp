@@ -115,14 +115,14 @@ std::shared_ptr<const KeptReport> ReportShelf::find(std::uint64_t id) const {
     return found == reports_.end() ? nullptr : *found;
 }
 
-std::string reportPage(const KeptReport& report) {
+std::string reportPage(const KeptReport& report, const std::string& style, const std::string& script) {
     const std::string heading = htmlEscaped(report.title);
     const std::string count = report.rows.size() == 1 ? "1 row" : std::to_string(report.rows.size()) + " rows";
     std::string html =
         "<!doctype html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + heading +
         "</title>\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-        "<link rel=\"stylesheet\" href=\"/static/client/report.css\">\n"
-        "<script type=\"module\" src=\"/static/client/report.js\"></script>\n</head>\n<body class=\"report" +
+        "<link rel=\"stylesheet\" href=\"" +
+        style + "\">\n<script type=\"module\" src=\"" + script + "\"></script>\n</head>\n<body class=\"report" +
         (liesAcross(report) ? " across" : "") +
         "\">\n"
         "<header class=\"report-head\">\n<p>" +

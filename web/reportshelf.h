@@ -45,8 +45,8 @@ private:
     std::size_t bytes_ = 0;
 };
 
-/// A page made for printing.
-std::string reportPage(const KeptReport& report);
+/// A page made for printing, with the addresses of its style and its script.
+std::string reportPage(const KeptReport& report, const std::string& style, const std::string& script);
 /// Comma-separated values as spreadsheets read them; a text that one would take for a formula gets an apostrophe.
 std::string reportCsv(const KeptReport& report);
 

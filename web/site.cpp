@@ -14,6 +14,7 @@ namespace web {
 namespace {
 
 constexpr std::size_t longestForm = 4096;
+constexpr const char* clientPath = "/static/client/";
 
 /// Over TLS a cookie that no other host and no plain page can set.
 const char* cookieName(const Request& request) {
@@ -65,7 +66,8 @@ Site::Site(const Config& config, Sessions& sessions, Later later, SignInDelays::
       sessions_(sessions),
       later_(std::move(later)),
       delays_(config, now),
-      known_(config.knownPlaces) {}
+      known_(config.knownPlaces),
+      client_(std::filesystem::path(config.webRoot) / "client") {}
 
 void Site::handle(const Request& request, const Answer& answer) {
     static constexpr Route routes[] = {
@@ -73,8 +75,7 @@ void Site::handle(const Request& request, const Answer& answer) {
         {"GET", "/sign-in", &Site::showSignIn},
         {"POST", "/sign-in", &Site::signIn},
         {"POST", "/sign-out", &Site::signOut},
-        {"GET", "/static/client/", &Site::clientFile},
-        {"GET", "/static/bootstrap/", &Site::bootstrapFile},
+        {"GET", clientPath, &Site::clientFile},
         {"GET", "/static/chart/", &Site::chartFile},
         {"GET", "/layouts/", &Site::layout},
         {"GET", "/reports/", &Site::report},
@@ -148,12 +149,26 @@ bool Site::sameOrigin(const Request& request) const {
     return origin == own || std::find(config_.origins.begin(), config_.origins.end(), origin) != config_.origins.end();
 }
 
-Response Site::signInPage(int status, const std::string& message, const std::string& user) const {
-    auto html = readFile(std::filesystem::path(config_.webRoot) / "client" / "signin.html");
+std::string Site::clientAddress(const std::string& name) {
+    return clientPath + name + files_.version(client_, name);
+}
+
+/// A page as it lies there, with the addresses of what it names: "{{app.js}}".
+std::optional<std::string> Site::clientPage(const std::string& name) {
+    auto html = readFile(client_ / name);
+    if (!html) return std::nullopt;
+    for (const char* file : {"icon.svg", "app.css", "app.js", "signin.css", "signin.js"})
+        replaceAll(*html, "{{" + std::string(file) + "}}", clientAddress(file));
+    return html;
+}
+
+/// Never compressed: it holds what was typed.
+Response Site::signInPage(int status, const std::string& message, const std::string& user) {
+    auto html = clientPage("signin.html");
     if (!html) return plainText(500, "The sign-in page is missing\n");
+    replaceAll(*html, "{{host}}", runToken());
     replaceAll(*html, "{{message}}", htmlEscaped(message));
     replaceAll(*html, "{{user}}", htmlEscaped(user));
-    replaceAll(*html, "{{host}}", runToken());
     return page(status, std::move(*html));
 }
 
@@ -169,8 +184,8 @@ Response Site::cookieRedirect(const Request& request, const std::string& token, 
 
 void Site::home(const Request& request, std::string_view, const Answer& answer) {
     if (!sessionOf(request)) return answer(redirect("/sign-in"));
-    Response response = serveFile(std::filesystem::path(config_.webRoot) / "client", "index.html", request, "no-store");
-    answer(std::move(response));
+    auto html = clientPage("index.html");
+    answer(html ? page(200, std::move(*html)) : plainText(500, "The page is missing\n"));
 }
 
 void Site::showSignIn(const Request& request, std::string_view, const Answer& answer) {
@@ -242,20 +257,16 @@ void Site::signOut(const Request& request, std::string_view, const Answer& answe
 }
 
 void Site::clientFile(const Request& request, std::string_view rest, const Answer& answer) {
-    answer(serveFile(std::filesystem::path(config_.webRoot) / "client", rest, request));
-}
-
-void Site::bootstrapFile(const Request& request, std::string_view rest, const Answer& answer) {
-    answer(serveFile(config_.bootstrapRoot, rest, request, "max-age=86400"));
+    answer(files_.serve(client_, rest, request));
 }
 
 void Site::chartFile(const Request& request, std::string_view rest, const Answer& answer) {
-    answer(serveFile(config_.chartRoot, rest, request, "max-age=86400"));
+    answer(files_.serve(config_.chartRoot, rest, request, "max-age=86400"));
 }
 
 void Site::layout(const Request& request, std::string_view rest, const Answer& answer) {
     if (!rest.ends_with(".json")) return answer(plainText(404, "Not found\n"));
-    answer(serveFile(config_.layoutRoot, rest, request));
+    answer(files_.serve(config_.layoutRoot, rest, request));
 }
 
 void Site::report(const Request& request, std::string_view rest, const Answer& answer) {
@@ -265,7 +276,7 @@ void Site::report(const Request& request, std::string_view rest, const Answer& a
     if (csv) rest.remove_suffix(4);
     const auto kept = session->reports().find(numberIn(rest));
     if (!kept) return answer(plainText(404, "This report is no longer kept. Open it again from the menu.\n"));
-    if (!csv) return answer(page(200, reportPage(*kept)));
+    if (!csv) return answer(page(200, reportPage(*kept, clientAddress("report.css"), clientAddress("report.js"))));
     Response response{
         200, {{"Content-Type", "text/csv; charset=utf-8"}, {"Cache-Control", "no-store"}}, reportCsv(*kept)};
     const std::string name =
@@ -289,7 +300,7 @@ void Site::programFile(const Request& request, std::string_view rest, const Answ
     if (!session) return answer(plainText(401, "Not signed in\n"));
     if (!rest.ends_with(".wav") || rest.find('/') != std::string_view::npos)
         return answer(plainText(404, "Not found\n"));
-    answer(serveFile(session->programDirectory(), rest, request, "private, no-cache"));
+    answer(files_.serve(session->programDirectory(), rest, request, "private, no-cache"));
 }
 
 void Site::upload(const Request& request, std::string_view, const Answer& answer) {

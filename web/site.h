@@ -12,6 +12,7 @@
 #include "web/knownplaces.h"
 #include "web/sessions.h"
 #include "web/signindelays.h"
+#include "web/staticfiles.h"
 
 namespace web {
 
@@ -49,7 +50,10 @@ private:
     [[nodiscard]] std::shared_ptr<NurseSession> sessionOf(const Request& request) const;
     [[nodiscard]] bool sameOrigin(const Request& request) const;
     [[nodiscard]] static std::optional<Response> uploadFault(const std::shared_ptr<NurseSession>& session);
-    [[nodiscard]] Response signInPage(int status, const std::string& message, const std::string& user) const;
+    /// A file of the client by an address that changes with its content.
+    [[nodiscard]] std::string clientAddress(const std::string& name);
+    [[nodiscard]] std::optional<std::string> clientPage(const std::string& name);
+    [[nodiscard]] Response signInPage(int status, const std::string& message, const std::string& user);
     [[nodiscard]] Response cookieRedirect(const Request& request, const std::string& token,
                                           const std::string& to) const;
 
@@ -61,7 +65,6 @@ private:
     void openSession(const Request& request, const Attempt& attempt, const std::string& user, const Answer& answer);
     void signOut(const Request& request, std::string_view rest, const Answer& answer);
     void clientFile(const Request& request, std::string_view rest, const Answer& answer);
-    void bootstrapFile(const Request& request, std::string_view rest, const Answer& answer);
     void chartFile(const Request& request, std::string_view rest, const Answer& answer);
     void layout(const Request& request, std::string_view rest, const Answer& answer);
     void report(const Request& request, std::string_view rest, const Answer& answer);
@@ -75,6 +78,8 @@ private:
     Later later_;
     SignInDelays delays_;
     KnownPlaces known_;
+    StaticFiles files_;
+    std::filesystem::path client_;  ///< the files of the page
 };
 
 }  // namespace web

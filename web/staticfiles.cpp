@@ -1,8 +1,17 @@
 #include "web/staticfiles.h"
 
+#include <openssl/evp.h>
+
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <fstream>
+#include <span>
 #include <sstream>
+#include <stdexcept>
+
+#include "web/compression.h"
+#include "web/token.h"
 
 namespace web {
 
@@ -15,38 +24,71 @@ bool isPlain(char c) {
            c == '.';
 }
 
-const char* contentType(const fs::path& file) {
-    struct Type {
-        std::string_view extension;
-        const char* type;
-    };
-    static constexpr std::array<Type, 13> types{{{".html", "text/html; charset=utf-8"},
-                                                 {".css", "text/css; charset=utf-8"},
-                                                 {".js", "text/javascript; charset=utf-8"},
-                                                 {".mjs", "text/javascript; charset=utf-8"},
-                                                 {".json", "application/json"},
-                                                 {".map", "application/json"},
-                                                 {".svg", "image/svg+xml"},
-                                                 {".png", "image/png"},
-                                                 {".ico", "image/x-icon"},
-                                                 {".jpg", "image/jpeg"},
-                                                 {".wav", "audio/wav"},
-                                                 {".webmanifest", "application/manifest+json"},
-                                                 {".woff2", "font/woff2"}}};
+struct Type {
+    std::string_view extension;
+    const char* name;
+    bool compressible;
+};
+
+const Type& typeOf(const fs::path& file) {
+    static constexpr std::array<Type, 13> types{{{".html", "text/html; charset=utf-8", true},
+                                                 {".css", "text/css; charset=utf-8", true},
+                                                 {".js", "text/javascript; charset=utf-8", true},
+                                                 {".mjs", "text/javascript; charset=utf-8", true},
+                                                 {".json", "application/json", true},
+                                                 {".map", "application/json", true},
+                                                 {".svg", "image/svg+xml", true},
+                                                 {".png", "image/png", false},
+                                                 {".ico", "image/x-icon", false},
+                                                 {".jpg", "image/jpeg", false},
+                                                 {".wav", "audio/wav", false},
+                                                 {".webmanifest", "application/manifest+json", true},
+                                                 {".woff2", "font/woff2", false}}};
+    static constexpr Type unknown{"", "application/octet-stream", false};
     const std::string extension = file.extension().string();
-    for (const auto& entry : types) {
-        if (entry.extension == extension) return entry.type;
-    }
-    return "application/octet-stream";
+    const auto* const found =
+        std::find_if(types.begin(), types.end(), [&](const Type& type) { return type.extension == extension; });
+    return found == types.end() ? unknown : *found;
 }
 
-std::string entityTag(const fs::path& file, std::error_code& error) {
-    const auto size = fs::file_size(file, error);
-    if (error) return {};
-    const auto changed = fs::last_write_time(file, error).time_since_epoch().count();
-    std::ostringstream tag;
-    tag << '"' << std::hex << size << '-' << changed << '"';
-    return tag.str();
+/// Half of a SHA-256: nobody finds two contents with the same.
+std::string hashOf(std::string_view content) {
+    std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
+    if (EVP_Digest(content.data(), content.size(), digest.data(), nullptr, EVP_sha256(), nullptr) != 1)
+        throw std::runtime_error("no digest");
+    return hexadecimal(std::span(digest).first(16));
+}
+
+/// Takes the part of the list up to the separator off it, without the blanks around.
+std::string_view takePart(std::string_view& list, char separator) {
+    const auto end = list.find(separator);
+    std::string_view part = list.substr(0, end);
+    list.remove_prefix(end == std::string_view::npos ? list.size() : end + 1);
+    while (!part.empty() && part.front() == ' ') part.remove_prefix(1);
+    while (!part.empty() && part.back() == ' ') part.remove_suffix(1);
+    return part;
+}
+
+bool sameName(std::string_view text, std::string_view lowerName) {
+    return std::equal(text.begin(), text.end(), lowerName.begin(), lowerName.end(),
+                      [](unsigned char a, char b) { return std::tolower(a) == b; });
+}
+
+/// Whether an Accept-Encoding takes a coding: by its name, or by "*" where it is not named, unless with the weight 0.
+bool accepts(std::string_view list, std::string_view coding) {
+    bool byStar = false;
+    while (!list.empty()) {
+        std::string_view parameters = takePart(list, ',');
+        const std::string_view name = takePart(parameters, ';');
+        bool taken = true;
+        while (!parameters.empty()) {
+            std::string_view weight = takePart(parameters, ';');
+            if (sameName(takePart(weight, '='), "q")) taken = weight.find_first_not_of(" 0.") != std::string_view::npos;
+        }
+        if (sameName(name, coding)) return taken;
+        if (name == "*") byStar = taken;
+    }
+    return byStar;
 }
 
 }  // namespace
@@ -60,31 +102,83 @@ bool isPlainPath(std::string_view path) {
     return !atStart;
 }
 
-Response serveFile(const fs::path& root, std::string_view path, const Request& request, const char* caching) {
-    if (!isPlainPath(path)) return plainText(404, "Not found\n");
-    const fs::path file = root / path;
-    std::error_code error;
-    if (!fs::is_regular_file(file, error)) return plainText(404, "Not found\n");
-    const std::string tag = entityTag(file, error);
-    if (error) return plainText(404, "Not found\n");
-    Response response{200, {{"ETag", tag}, {"Cache-Control", caching}}, {}};
-    if (request.header("if-none-match") == tag) {
-        response.status = 304;
-        return response;
-    }
-    auto content = readFile(file);
-    if (!content) return plainText(404, "Not found\n");
-    response.headers.emplace_back("Content-Type", contentType(file));
-    response.body = std::move(*content);
-    return response;
-}
-
 std::optional<std::string> readFile(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream) return std::nullopt;
     std::ostringstream content;
     content << stream.rdbuf();
     return std::move(content).str();
+}
+
+Response StaticFiles::serve(const fs::path& root, std::string_view path, const Request& request, const char* caching) {
+    const auto copy = find(root, path);
+    if (!copy) return plainText(404, "Not found\n");
+    const auto& type = typeOf(path);
+    const std::string_view codings = request.header("accept-encoding");
+    const bool brotli = !copy->brotli.empty() && accepts(codings, "br");
+    const bool gzip = !brotli && !copy->gzip.empty() && accepts(codings, "gzip");
+    const std::string tag = '"' + copy->hash + (brotli ? "-br" : gzip ? "-gzip" : "") + '"';
+    const bool named = request.query == "v=" + copy->hash;
+    Response response{
+        200, {{"ETag", tag}, {"Cache-Control", named ? "public, max-age=31536000, immutable" : caching}}, {}};
+    if (type.compressible) response.headers.emplace_back("Vary", "Accept-Encoding");
+    if (request.header("if-none-match") == tag) {
+        response.status = 304;
+        return response;
+    }
+    response.headers.emplace_back("Content-Type", type.name);
+    if (brotli || gzip) response.headers.emplace_back("Content-Encoding", brotli ? "br" : "gzip");
+    response.body = brotli ? copy->brotli : gzip ? copy->gzip : copy->plain;
+    return response;
+}
+
+std::string StaticFiles::version(const fs::path& root, std::string_view path) {
+    const auto copy = find(root, path);
+    return copy ? "?v=" + copy->hash : std::string();
+}
+
+std::shared_ptr<const StaticFiles::Copy> StaticFiles::find(const fs::path& root, std::string_view path) {
+    if (!isPlainPath(path)) return nullptr;
+    const fs::path file = root / path;
+    const auto stamp = stampOf(file);
+    const auto known = copies_.find(file.string());
+    if (stamp && known != copies_.end() && known->second->stamp == *stamp) return known->second;
+    if (known != copies_.end()) forget(known);
+    if (!stamp) return nullptr;
+    auto content = readFile(file);
+    if (!content) return nullptr;
+    auto copy = std::make_shared<Copy>();
+    copy->stamp = *stamp;
+    copy->hash = hashOf(*content);
+    copy->plain = std::move(*content);
+    keep(file, copy);
+    return copy;
+}
+
+/// What does not get smaller is little or a picture, and lies in the system's own cache. A copy takes three times its
+/// file at most.
+void StaticFiles::keep(const fs::path& file, const std::shared_ptr<Copy>& copy) {
+    if (!typeOf(file).compressible || bytes_ + 3 * copy->plain.size() > mostBytes_) return;
+    const auto ifSmaller = [&](std::string compressed) {
+        return compressed.size() < copy->plain.size() ? std::move(compressed) : std::string();
+    };
+    copy->gzip = ifSmaller(gzipped(copy->plain));
+    copy->brotli = ifSmaller(brotlied(copy->plain));
+    bytes_ += copy->bytes();
+    copies_.insert_or_assign(file.string(), copy);
+}
+
+void StaticFiles::forget(Copies::iterator known) {
+    bytes_ -= known->second->bytes();
+    copies_.erase(known);
+}
+
+std::optional<StaticFiles::Stamp> StaticFiles::stampOf(const fs::path& file) {
+    std::error_code error;
+    if (!fs::is_regular_file(file, error)) return std::nullopt;
+    Stamp stamp{fs::file_size(file, error), {}};
+    if (!error) stamp.changed = fs::last_write_time(file, error);
+    return error ? std::nullopt : std::optional(stamp);
 }
 
 }  // namespace web

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 #include <openssl/pem.h>
+#include <sys/resource.h>
 
 #include <atomic>
 
+#include "tests/web/deflate.h"
 #include "tests/web/rawclient.h"
 #include "tests/web/site_fixture.h"
 #include "web/host.h"
@@ -112,6 +114,91 @@ TEST_F(HostTest, BadFramesAreAnsweredAndTheSessionGoesOn) {
         EXPECT_TRUE(reply["events"].back().contains("error")) << row.name;
     }
     EXPECT_EQ(send(*client, R"({"get":"frmTest.txtName"})")["state"]["text"], "");
+}
+
+/// A page whose browser compresses.
+class CompressingPage {
+public:
+    CompressingPage(int port, const std::string& cookie, const std::string& parameters = "; client_max_window_bits")
+        : client_(port) {
+        answer = client_.upgrade(cookie, "http://vorel",
+                                 "Sec-WebSocket-Extensions: permessage-deflate" + parameters + "\r\n");
+    }
+    /// The next line; discarded where the connection ends.
+    json read() {
+        std::string content;
+        sent = 0;
+        wasCompressed = false;
+        do {
+            const std::string frame = client_.readFrame();
+            if (frame.empty()) return json(json::value_t::discarded);
+            wasCompressed |= (client_.frameHead & RawClient::compressed) != 0;
+            sent += frame.size();
+            content += frame;
+        } while ((client_.frameHead & RawClient::last) == 0);
+        return json::parse(wasCompressed ? inflate_(content + std::string("\0\0\xff\xff", 4)) : content);
+    }
+    json send(const std::string& text) { return sendBytes(webtest::deflated(text)); }
+    json sendBytes(const std::string& bytes) {
+        client_.sendFrame(RawClient::text | RawClient::compressed, bytes);
+        return read();
+    }
+
+    std::string answer;          ///< to the handshake
+    std::size_t sent = 0;        ///< bytes of the last line as it came
+    bool wasCompressed = false;  ///< the last line
+
+private:
+    RawClient client_;
+    webtest::Inflater inflate_{webtest::Inflater::raw};
+};
+
+TEST_F(HostTest, LongLinesAreCompressedForAPageThatOffersIt) {
+    CompressingPage page(host.port(), signIn());
+    EXPECT_NE(page.answer.find("server_max_window_bits=12; client_max_window_bits=10\r\n"), std::string::npos)
+        << page.answer;
+    const json first = page.read();
+    EXPECT_EQ(first["snapshot"]["active"], "frmTest");
+    EXPECT_TRUE(page.wasCompressed);
+    EXPECT_LT(page.sent, first.dump().size() / 2);
+    const std::string name(100'000, 'n');
+    EXPECT_EQ(page.send(json{{"set", "frmTest.txtName"}, {"to", name}}.dump())["reply"], 1);
+    EXPECT_FALSE(page.wasCompressed) << "shorter than a packet";
+    EXPECT_EQ(page.send(R"({"get":"frmTest.txtName"})")["state"]["text"], name);
+    EXPECT_LT(page.sent, 2000U);
+    CompressingPage other(host.port(), signIn(), "");
+    EXPECT_NE(other.answer.find("permessage-deflate"), std::string::npos) << "a browser that cannot be told its window";
+    EXPECT_EQ(other.read()["received"], 0);
+    EXPECT_EQ(RawClient(host.port()).upgrade(signIn(), "http://vorel").find("permessage-deflate"), std::string::npos);
+}
+
+TEST_F(HostTest, AFewBytesThatStandForManyCostTheirConnectionAndNoMemory) {
+    const std::string cookie = signIn();
+    const auto mostMemory = [] {
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss;  // KiB
+    };
+    const std::string tooLong = webtest::deflated(std::string(1 << 20, ' '), 10);
+    const std::string endless = webtest::deflated(std::string(1 << 20, ' '), 200);
+    const auto before = mostMemory();
+    {
+        CompressingPage page(host.port(), cookie);
+        page.read();
+        const auto reply = page.sendBytes(tooLong);
+        EXPECT_EQ(reply["reply"], 1);
+        EXPECT_TRUE(reply["events"].back().contains("error")) << "too long, and answered as any other";
+        EXPECT_EQ(page.send(R"({"set":"frmTest.txtName","to":"Ada"})")["reply"], 2);
+        EXPECT_TRUE(page.sendBytes(endless).is_discarded());
+    }
+    {
+        CompressingPage page(host.port(), cookie);
+        EXPECT_EQ(page.read()["received"], 2);
+        EXPECT_TRUE(page.sendBytes("\xff\xff\xff no deflate").is_discarded());
+    }
+    EXPECT_LT(mostMemory() - before, 64 * 1024);
+    open(cookie);
+    EXPECT_EQ(greeting["snapshot"]["screens"][0]["controls"]["txtName"]["text"], "Ada");
 }
 
 TEST_F(HostTest, ATextFrameThatIsNoTextCostsTheConnectionAndNotTheSession) {

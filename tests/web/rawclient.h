@@ -63,17 +63,19 @@ public:
         return answer + readBytes(std::stoul(answer.substr(at + 16)));
     }
 
-    /// Opens the session's WebSocket; the answer's head.
-    std::string upgrade(const std::string& cookie, const std::string& origin) {
+    /// Opens the session's WebSocket, with further lines of the head; the answer's head.
+    std::string upgrade(const std::string& cookie, const std::string& origin, const std::string& more = {}) {
         return ask(
             "GET /session HTTP/1.1\r\nHost: vorel\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
             "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\nOrigin: " +
-            origin + "\r\nCookie: " + cookie + "\r\n");
+            origin + "\r\nCookie: " + cookie + "\r\n" + more);
     }
 
     static constexpr unsigned char text = 0x81;
     static constexpr unsigned char binary = 0x82;
-    static constexpr unsigned char pong = 0x8A;  ///< means nothing, and shows whether the connection stands
+    static constexpr unsigned char compressed = 0x40;  ///< beside the kind
+    static constexpr unsigned char last = 0x80;        ///< of a message's frames
+    static constexpr unsigned char pong = 0x8A;        ///< means nothing, and shows whether the connection stands
 
     /// A masked frame (with the mask 0, which changes nothing).
     bool sendFrame(unsigned char kind, const std::string& content) const {
@@ -106,6 +108,7 @@ public:
         }
         const std::string content = readBytes(size);
         if ((head[0] & 0x0F) == 9) return readFrame();  // a ping
+        frameHead = static_cast<unsigned char>(head[0]);
         if ((head[0] & 0x0F) != 8) return content;
         closeCode = content.size() < 2
                         ? 0
@@ -114,6 +117,7 @@ public:
     }
 
     int closeCode = -1;
+    unsigned char frameHead = 0;  ///< first byte of the last frame
 
     /// Everything until the other side closes.
     std::string readAll() {

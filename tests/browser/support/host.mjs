@@ -55,6 +55,7 @@ async function startProxy(port) {
     const lines = new Set();
     let open = true;
     let lost = "";
+    let told = 0;
     const server = net.createServer((client) => {
         if (!open) return client.destroy();
         const host = net.connect(proxy.hostPort, "127.0.0.1");
@@ -64,7 +65,10 @@ async function startProxy(port) {
             socket.on("close", () => lines.delete(socket));
         }
         client.on("data", (bytes) => lost === "pages" || host.write(bytes));
-        host.on("data", (bytes) => lost === "host" || client.write(bytes));
+        host.on("data", (bytes) => {
+            told += bytes.length;
+            return lost === "host" || client.write(bytes);
+        });
         client.on("close", () => host.destroy());
         host.on("close", () => client.destroy());
         return undefined;
@@ -74,6 +78,10 @@ async function startProxy(port) {
     const proxy = {
         port: server.address().port,
         hostPort: port,
+        /** The bytes that the pages were sent so far, with all that HTTP and the WebSocket add. */
+        get told() {
+            return told;
+        },
         /** From now on nothing arrives of what the "host" or the "pages" say. */
         lose(side) {
             lost = side;
@@ -94,11 +102,11 @@ async function startProxy(port) {
     return proxy;
 }
 
-/** `environment` adds to the program's own: settings of the host. */
-export async function startHost(environment = {}) {
+/** `environment` adds to the program's own: settings of the host. `options` are those of its command. */
+export async function startHost(environment = {}, options = ["--samples"]) {
     const data = mkdtempSync(path.join(tmpdir(), "vorel-browser-"));
     makeHospital(data);
-    const serve = () => spawn(program, ["serve", "--data", data, "--port", "0", "--samples"],
+    const serve = () => spawn(program, ["serve", "--data", data, "--port", "0", ...options],
                               {cwd: root, env: {...process.env, ...environment}, stdio: ["ignore", "pipe", "ignore"]});
     let child = serve();
     const proxy = await startProxy(await addressOf(child));

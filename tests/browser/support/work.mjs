@@ -12,10 +12,10 @@ const flags = ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-ru
                "--disable-component-update", "--disable-sync"];
 
 /** One host and one browser for the tests of a file. */
-export function useHost(environment) {
+export function useHost(environment, options) {
     const house = {};
     before(async () => {
-        house.host = await startHost(environment);
+        house.host = await startHost(environment, options);
         house.browser = await chromium.launch({executablePath: "/usr/bin/chromium", headless: true, args: flags});
     });
     after(async () => {

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -28,6 +29,13 @@ namespace fs = std::filesystem;
 using db::operator""_sql;
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
+
+/// What this thread has worked so far, whatever else the machine does.
+Seconds worked() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
 
 constexpr int patients = 1'000'000;
 
@@ -79,10 +87,9 @@ public:
     frmMillion(ui::Desktop& desktop, Hospital& hospital)
         : Screen(desktop, "frmMillion", "Every patient"), hospital_(hospital) {}
     void load() override {
-        for (auto rows = hospital_.connection().read("select Name, PNo from BenchNames"_sql); !rows.eof();
-             rows.moveNext())
-            cboPatient.add(core::entryText(rows.value(rows.row(), 0).textOr(), rows.value(rows.row(), 1).textOr()),
-                           rows.value(rows.row(), 1).textOr());
+        core::addEntries(
+            cboPatient, hospital_.connection(), "select Name, PNo from BenchNames"_sql,
+            [](const db::Recordset& row) { return core::entryText(row["Name"].textOr(), row["PNo"].textOr()); });
     }
     ui::ComboBox cboPatient{*this, "cboPatient", ui::ComboBox::Style::listOnly};
 
@@ -102,6 +109,7 @@ double residentMB() {
 
 void millionEntries(benchmark::State& state) {
     Hospital hospital;
+    Seconds opening{};
     Seconds keystroke{};
     std::size_t sent = 0;
     double held = 0;
@@ -118,22 +126,25 @@ void millionEntries(benchmark::State& state) {
             conversation.flush();
         };
         sent = 0;
-        auto start = Clock::now();
+        const auto start = Clock::now();
+        auto begin = worked();
         desktop.show("frmMillion");
         conversation.flush();
         ask(R"({"list":"frmMillion.cboPatient"})");
         state.SetIterationTime(Seconds(Clock::now() - start).count());
-        const std::size_t opening = sent;
-        start = Clock::now();
+        opening = worked() - begin;
+        const std::size_t openingBytes = sent;
+        begin = worked();
         ask(R"({"list":"frmMillion.cboPatient","holds":"or obi"})");
-        keystroke = Clock::now() - start;
-        sent = opening;
+        keystroke = worked() - begin;
+        sent = openingBytes;
         hospital.idle();
         held = residentMB() - before;
     }
     state.counters["sentBytes"] = static_cast<double>(sent);
     state.counters["heldMB"] = held;
-    state.counters["keystrokeMs"] = keystroke.count() * 1e3;
+    state.counters["openCpuMs"] = opening.count() * 1e3;
+    state.counters["keystrokeCpuMs"] = keystroke.count() * 1e3;
 }
 BENCHMARK(millionEntries)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
 

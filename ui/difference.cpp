@@ -23,7 +23,7 @@ public:
             std::vector<int> reached(2 * static_cast<std::size_t>(changes) + 1);
             for (int diagonal = -changes; diagonal <= changes; diagonal += 2) {
                 const int x = along(diagonal, start(changes, diagonal));
-                reached[static_cast<std::size_t>(diagonal + changes)] = x;
+                reached[slot(changes, diagonal)] = x;
                 if (x < size(before_) || diagonal != size(before_) - size(after_)) continue;
                 rounds_.push_back(std::move(reached));
                 return true;
@@ -50,10 +50,15 @@ public:
 
 private:
     static int size(Sequence sequence) { return static_cast<int>(sequence.size()); }
+    /// Where a round keeps a diagonal: from the lowest on.
+    static std::size_t slot(int changes, int diagonal) {
+        const int place = changes + diagonal;
+        return static_cast<std::size_t>(place);
+    }
     /// Beyond both sequences there is nothing to reach.
     [[nodiscard]] int at(int changes, int diagonal) const {
         if (diagonal < -changes || diagonal > changes) return -1;
-        return rounds_[static_cast<std::size_t>(changes)][static_cast<std::size_t>(diagonal + changes)];
+        return rounds_[static_cast<std::size_t>(changes)][slot(changes, diagonal)];
     }
     /// Whether the last change on the way to a diagonal puts one in.
     [[nodiscard]] bool inserts(int changes, int diagonal) const {

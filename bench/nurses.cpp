@@ -69,7 +69,9 @@ private:
     }
     int visits() {
         const auto state = page_.request({{"get", "frmPreConsult.cboVehNo"}});
-        return std::max(1, static_cast<int>(state["state"]["items"].size()) - 1);
+        const auto& items = state["state"]["items"];
+        const int entries = items.is_array() ? static_cast<int>(items.size()) : items["count"].get<int>();
+        return std::max(1, entries - 1);
     }
 
     void enter(const std::string& path, const json& content) { tell({{"set", path}, {"to", content}}); }

@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -205,7 +206,17 @@ public:
     void show(const std::string& screen) { place_.desktop.show(screen); }
     void fire(const std::string& path) { place_.desktop.fire(path, false); }
     void set(const std::string& path, const nlohmann::json& content) { place_.desktop.set(path, content, false); }
-    [[nodiscard]] std::size_t entries(const std::string& path) { return place_.desktop.get(path)["items"].size(); }
+    [[nodiscard]] std::size_t entries(const std::string& path) {
+        const auto items = place_.desktop.get(path)["items"];
+        return items.is_array() ? items.size() : items["count"].get<std::size_t>();
+    }
+    [[nodiscard]] std::size_t rows(const std::string& path) { return place_.desktop.get(path)["rows"].size(); }
+    /// From now on the client is a page; counts the bytes of what it is told.
+    void servePage(std::size_t& bytes) {
+        place_.desktop.setServesPage(true);
+        place_.desktop.setSink([&bytes](const nlohmann::json& event) { bytes += event.dump().size(); });
+    }
+    void flushChanges() { place_.desktop.flushChanges(); }
 
     /// Saves through the screen, then writes the same on the bare engine: what each took.
     std::pair<Seconds, Seconds> save(const std::string& button) {
@@ -294,17 +305,44 @@ void registration(benchmark::State& state) {
 }
 BENCHMARK(registration)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
 
+void takeSigns(std::size_t number) {
+    hospital().fire("frmPreConsult.cmdAdd");
+    hospital().set("frmPreConsult.chkAll", true);
+    const auto waiting = hospital().entries("frmPreConsult.cboVehNo") - 1;
+    hospital().set("frmPreConsult.cboVehNo", {{"row", number % waiting + 1}});
+    hospital().set("frmPreConsult.CboRef", {{"row", 1}});
+    fill("frmPreConsult", bench::readings);
+}
+
 void vitalSigns(benchmark::State& state) {
-    saves(state, "frmPreConsult", [](std::size_t number) {
-        hospital().fire("frmPreConsult.cmdAdd");
-        hospital().set("frmPreConsult.chkAll", true);
-        const auto waiting = hospital().entries("frmPreConsult.cboVehNo") - 1;
-        hospital().set("frmPreConsult.cboVehNo", {{"row", number % waiting + 1}});
-        hospital().set("frmPreConsult.CboRef", {{"row", 1}});
-        fill("frmPreConsult", bench::readings);
-    });
+    saves(state, "frmPreConsult", takeSigns);
 }
 BENCHMARK(vitalSigns)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// What goes to a page by a save while the list has 2,500 rows.
+void bytesOfASave(benchmark::State& state) {
+    constexpr std::size_t rows = 2500;
+    std::size_t bytes = 0;
+    hospital().servePage(bytes);
+    hospital().show("frmPreConsult");
+    for (std::size_t number = 0; number % 100 != 0 || hospital().rows("frmPreConsult.grdData") < rows; ++number) {
+        takeSigns(number);
+        hospital().fire("frmPreConsult.OKButton");
+    }
+    double most = 0;
+    std::size_t number = 0;
+    for (auto _ : state) {
+        takeSigns(number++);
+        hospital().flushChanges();
+        bytes = 0;
+        hospital().fire("frmPreConsult.OKButton");
+        hospital().flushChanges();
+        most = std::max(most, static_cast<double>(bytes));
+    }
+    state.counters["rows"] = static_cast<double>(hospital().rows("frmPreConsult.grdData"));
+    state.counters["bytes"] = most;
+}
+BENCHMARK(bytesOfASave)->Iterations(10)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -83,6 +83,22 @@ Value Recordset::value(std::size_t row, std::size_t column) const {
     return state_->stored(row, column);
 }
 
+std::uint64_t Recordset::rowHash(std::size_t row) const {
+    if (row >= state_->count()) noCurrentRow();
+    if (!state_->written(row)) return state_->rows.hash(row);
+    RowBuffer written;  // it reads as what was set, and not as what the engine gave
+    for (std::size_t column = 0; column < fields().size(); ++column) {
+        written.addColumn({}, RowBuffer::Reading::plain);
+        const auto value = state_->stored(row, column);
+        const auto* bytes = std::get_if<Bytes>(&value.content());
+        if (bytes)
+            written.addBytes({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
+        else
+            written.addText(value.textOr());
+    }
+    return written.hash(0);
+}
+
 void Recordset::addNew() {
     if (state_->anythingPending()) otherRowPending();
     state_->rowBeforeNew = state_->current;

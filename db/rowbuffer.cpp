@@ -1,7 +1,9 @@
 #include "db/rowbuffer.h"
 
+#include <bit>
 #include <cmath>
 #include <cstring>
+#include <functional>
 
 #include "db/letters.h"
 
@@ -26,6 +28,13 @@ Value momentOrText(std::string_view text) {
 bool isMoment(RowBuffer::Reading reading) noexcept {
     using Reading = RowBuffer::Reading;
     return reading == Reading::date || reading == Reading::time || reading == Reading::datetime;
+}
+
+/// A hash with one more number in it.
+std::uint64_t mixed(std::uint64_t hash, std::uint64_t number) noexcept {
+    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15U;
+    hash = (hash ^ number) * odd;
+    return hash ^ hash >> 32U;
 }
 
 }  // namespace
@@ -62,6 +71,28 @@ Value RowBuffer::value(std::size_t row, std::size_t column) const {
             break;
     }
     return Null{};
+}
+
+/// Texts and bytes of a row lie side by side in the arena: one pass over them, and one over the cells.
+std::uint64_t RowBuffer::hash(std::size_t row) const noexcept {
+    const auto* cells = cells_.data() + row * width();
+    std::uint64_t hash = 0;
+    const Cell* first = nullptr;
+    const Cell* last = nullptr;
+    for (std::size_t column = 0; column < columnCount(); ++column) {
+        const auto& cell = cells[column];
+        const bool inArena = cell.kind == Kind::text || cell.kind == Kind::bytes;
+        if (inArena && !first) first = &cell;
+        if (inArena) last = &cell;
+        const auto form = static_cast<std::uint64_t>(cell.kind) << 8U | static_cast<std::uint64_t>(readings_[column]);
+        const auto content = cell.kind == Kind::number ? std::bit_cast<std::uint64_t>(cell.content.number)
+                                                       : static_cast<std::uint64_t>(cell.content.integer);
+        hash = mixed(mixed(hash, form), inArena ? cell.size : content);
+    }
+    if (!first) return hash;
+    const auto from = first->content.offset;
+    const auto texts = std::string_view(arena_).substr(from, last->content.offset + last->size - from);
+    return mixed(hash, std::hash<std::string_view>()(texts));
 }
 
 }  // namespace db

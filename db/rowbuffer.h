@@ -60,6 +60,8 @@ public:
     [[nodiscard]] std::size_t anyColumn(std::string_view name) const noexcept;
     [[nodiscard]] std::size_t width() const noexcept { return names_.size() + hidden_.size(); }
     [[nodiscard]] Value value(std::size_t row, std::size_t column) const;
+    /// A hash of all cells of a row but the hidden ones: rows of the same hash read the same.
+    [[nodiscard]] std::uint64_t hash(std::size_t row) const noexcept;
     /// The table that all columns come from, or "": what an update of the result set writes to.
     std::string table;
 

@@ -41,7 +41,8 @@ std::vector<std::string_view> CheckList::properties() const {
 }
 
 nlohmann::json CheckList::property(std::string_view name) const {
-    return name == "checked" ? nlohmann::json(checked_) : ItemControl::property(name);
+    if (name == "checked") return checked_;
+    return name == "items" ? allItems() : ItemControl::property(name);
 }
 
 void CheckList::take(const nlohmann::json& content) {

@@ -7,7 +7,8 @@
 namespace ui {
 
 /// A list whose items carry a tick each. Events: ItemCheck (a user changed a tick; `index()` is its item), Click (an
-/// item was picked), DblClick. What the screen ticks itself raises nothing.
+/// item was picked), DblClick. What the screen ticks itself raises nothing. However long it is, a client is told all of
+/// it: its ticks are by number.
 class CheckList : public ItemControl {
 public:
     CheckList(Screen& screen, std::string name) : ItemControl(screen, std::move(name)) {}

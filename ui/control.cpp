@@ -42,6 +42,10 @@ bool Control::reachable() const noexcept {
     return !tabs_ || tabs_->reachable();
 }
 
+bool Control::shown() const noexcept {
+    return visible_ && (!holder_ || holder_->shown()) && (!tabs_ || tabs_->shown());
+}
+
 void Control::on(Event event, Handler handler) {
     handlers_.insert_or_assign(event, std::move(handler));
 }

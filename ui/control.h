@@ -42,6 +42,8 @@ public:
     void setEnabled(bool enabled);
     /// Visible and enabled, as is everything that holds it: what a user can work.
     [[nodiscard]] virtual bool reachable() const noexcept;
+    /// Visible, as is everything that holds it: what a user can see, if it turns to its page.
+    [[nodiscard]] bool shown() const noexcept;
     /// Why the content was refused, shown beside it; "" where nothing is wrong. It stands until a user changes the
     /// content.
     [[nodiscard]] const std::string& problem() const noexcept { return problem_; }

@@ -11,6 +11,8 @@
 #include "db/recordset.h"
 #include "db/value.h"
 #include "ui/control.h"
+#include "ui/itemlist.h"
+#include "ui/rows.h"
 
 namespace ui {
 
@@ -48,19 +50,18 @@ private:
     bool password_ = false;
 };
 
-/// A line of a list: its text, and a key that the screen may give it.
-struct ListItem {
-    std::string text;
-    std::string key;
-};
-
-/// What combo and list boxes share: items and the picked one.
+/// What combo and list boxes share: items and the picked one. A list of more than `longestTold` items stays here: a
+/// client is told how many there are, and asks for windows of those that it looks for.
 class ItemControl : public Control {
 public:
+    static constexpr std::size_t longestTold = 300;
+    /// Items in a window.
+    static constexpr std::size_t mostShown = 100;
+
     using Control::Control;
-    [[nodiscard]] const std::vector<ListItem>& items() const noexcept { return items_; }
-    void add(std::string text, std::string key = {});
-    void setItems(std::vector<ListItem> items);
+    [[nodiscard]] const ItemList& items() const noexcept { return items_; }
+    void add(std::string_view text, std::string_view key = {});
+    void setItems(const std::vector<ListItem>& items);
     /// Drops the items and the pick; a combo's text too.
     virtual void clear();
     /// The picked item from 0, or -1.
@@ -69,15 +70,25 @@ public:
     virtual void setIndex(int index);
     /// The picked item's key, or "".
     [[nodiscard]] std::string key() const;
+    /// The items that hold a text in any letter case, those that start with it first, from a place among them on: what
+    /// a client shows of a long list.
+    [[nodiscard]] nlohmann::json window(std::string_view wanted, std::size_t from) const;
 
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
 
 protected:
     void pick(int index);
+    /// The number of the item that a client picks by `{"row":N}`. Throws Refused, also where it names a text beside it
+    /// that is not that item's: the list was filled anew since it was shown.
+    [[nodiscard]] int pickedIn(const nlohmann::json& content) const;
+    [[nodiscard]] nlohmann::json allItems() const;
 
 private:
-    std::vector<ListItem> items_;
+    void refilled();
+
+    ItemList items_;
+    std::uint64_t filling_ = 0;  ///< changes with the items
     int index_ = -1;
 };
 
@@ -104,7 +115,6 @@ public:
     [[nodiscard]] std::string_view takes() const override { return "text"; }
 
 private:
-    [[nodiscard]] int find(std::string_view text) const;
     void show(std::string text);
     std::string text_;
     Style style_;
@@ -236,7 +246,7 @@ struct GridColumn {
 };
 
 /// A read-only view of a result set. Events: Click and RowChange (a row was picked), DblClick.
-class DataGrid : public Control {
+class DataGrid : public Control, public Rows {
 public:
     DataGrid(Screen& screen, std::string name);
     /// Shows the result set, which the grid keeps. The current row is the first, or that one of which `row` says the
@@ -246,6 +256,9 @@ public:
     void clear();
     [[nodiscard]] const db::Recordset& rows() const noexcept { return rows_; }
     [[nodiscard]] db::Recordset& rows() noexcept { return rows_; }
+    [[nodiscard]] std::size_t rowCount() const override { return rows_.rowCount(); }
+    [[nodiscard]] std::uint64_t rowHash(std::size_t row) const override { return rows_.rowHash(row); }
+    [[nodiscard]] nlohmann::json rowForm(std::size_t row) const override;
     /// The current row from 0, or -1 for none.
     [[nodiscard]] int row() const noexcept { return row_; }
     void setRow(int row);
@@ -274,10 +287,12 @@ private:
 };
 
 /// A grid of cells that the screen fills. Events: Click, DblClick.
-class FlexGrid : public Control {
+class FlexGrid : public Control, public Rows {
 public:
     FlexGrid(Screen& screen, std::string name, std::vector<std::string> columns);
-    [[nodiscard]] std::size_t rowCount() const noexcept { return cells_.size(); }
+    [[nodiscard]] std::size_t rowCount() const noexcept override { return cells_.size(); }
+    [[nodiscard]] std::uint64_t rowHash(std::size_t row) const override { return hashOf(cells_[row]); }
+    [[nodiscard]] nlohmann::json rowForm(std::size_t row) const override;
     void addRow(std::vector<std::string> cells);
     void removeRow(std::size_t row);
     void clear();
@@ -346,12 +361,14 @@ private:
 };
 
 /// Rows of a text and its sub-items, which may carry a check mark each. Events: ItemClick, ItemCheck, DblClick.
-class ListView : public Control {
+class ListView : public Control, public Rows {
 public:
     ListView(Screen& screen, std::string name, std::vector<std::string> columns, bool checkBoxes = false);
     void addRow(std::vector<std::string> cells);
     void clear();
-    [[nodiscard]] std::size_t rowCount() const noexcept { return rows_.size(); }
+    [[nodiscard]] std::size_t rowCount() const noexcept override { return rows_.size(); }
+    [[nodiscard]] std::uint64_t rowHash(std::size_t row) const override { return hashOf(rows_[row]); }
+    [[nodiscard]] nlohmann::json rowForm(std::size_t row) const override;
     [[nodiscard]] const std::string& cell(std::size_t row, std::size_t column) const;
     [[nodiscard]] bool checked(std::size_t row) const { return checked_.at(row); }
     void setChecked(std::size_t row, bool checked);

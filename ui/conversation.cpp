@@ -10,6 +10,8 @@ namespace {
 constexpr int deepestRequest = 16;
 /// Keys and values: a request has a handful, and a megabyte of brackets would take fifty in memory.
 constexpr int mostParts = 1000;
+/// Bytes of what is looked for in a list: nobody types as much.
+constexpr std::size_t longestWanted = 1000;
 
 nlohmann::json parse(std::string_view line) {
     if (line.size() > longestRequest) throw Refused{"the request is longer than 1 MiB"};
@@ -67,6 +69,7 @@ void Conversation::addShared() {
     add("set", [this](const json& request, json&) { desktop_.set(textOf(request, "set"), contentOf(request), false); },
         {"to"});
     add("answer", [this](const json& request, json&) { desktop_.answer(request["answer"]); });
+    add("list", [this](const json& request, json&) { browse(request); }, {"holds", "from"});
     add("get", [this](const json& request, json& reply) { reply["state"] = desktop_.get(textOf(request, "get")); });
 }
 
@@ -94,12 +97,21 @@ void Conversation::receive(std::string_view line) {
 }
 
 void Conversation::serve(const nlohmann::json& request, const std::string& key) {
-    if (desktop_.waiting() && key != "answer") throw Refused{"the open question has to be answered first"};
-    desktop_.noteActivity();
+    const bool looks = key == "list";  // it changes nothing, and a page may ask it by itself
+    if (desktop_.waiting() && key != "answer" && !looks) throw Refused{"the open question has to be answered first"};
+    if (!looks) desktop_.noteActivity();
     // A nested loop of the operation may send this reply and take further requests.
     const std::shared_ptr<Pending> pending = pending_;
     const Serve& serve = requests_.find(key)->second.serve;
     desktop_.attempt([&] { serve(request, pending->content); });
+}
+
+void Conversation::browse(const nlohmann::json& request) {
+    const std::string wanted = request.contains("holds") ? textOf(request, "holds") : std::string();
+    if (wanted.size() > longestWanted) throw Refused{"holds takes a text of up to 1000 bytes"};
+    const nlohmann::json from = request.value("from", nlohmann::json(0U));
+    if (!from.is_number_unsigned()) throw Refused{"from takes a place, counted from 0"};
+    desktop_.browse(textOf(request, "list"), wanted, from.get<std::size_t>());
 }
 
 std::string Conversation::keyOf(const nlohmann::json& request) const {

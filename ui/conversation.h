@@ -25,8 +25,8 @@ std::string textOf(const nlohmann::json& request, const char* key);
 const nlohmann::json& contentOf(const nlohmann::json& request);
 
 /// One client's talk with a session: JSON requests in, JSON replies out, one line each. It knows the requests that
-/// pages and scripts share (`fire`, `set`, `answer`, `get`); others are added by whoever serves them. All members run
-/// on the session's thread.
+/// pages and scripts share (`fire`, `set`, `answer`, `get`, `list`); others are added by whoever serves them. All
+/// members run on the session's thread.
 ///
 /// A reply goes out when the loop has nothing more to run: an operation that opened a box or a modal screen is
 /// answered with what happened so far, and the rest comes with the reply to the request that ended the wait.
@@ -74,6 +74,7 @@ private:
     };
     void addShared();
     void serve(const nlohmann::json& request, const std::string& key);
+    void browse(const nlohmann::json& request);
     [[nodiscard]] std::string keyOf(const nlohmann::json& request) const;
     void send(std::optional<std::uint64_t> number, const nlohmann::json& more);
 

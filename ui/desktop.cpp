@@ -105,7 +105,10 @@ void Desktop::open(Screen& screen, bool modal) {
     nlohmann::json event = {{"opened", screen.name()}, {"modal", modal}};
     flushChanges();
     impl_->entry(screen)->told = true;
-    if (servesPage_) event["state"] = screen.state();
+    if (servesPage_) {
+        event["state"] = screen.state();
+        rowsTold(screen);
+    }
     emit(std::move(event));
     if (isChild(screen)) activate(screen);
     if (const auto focus = std::exchange(impl_->entry(screen)->focus, {}); !focus.empty()) emit({{"focus", focus}});

@@ -164,6 +164,9 @@ public:
     void fire(std::string_view path, bool force);
     /// What a user's typing or picking does. Throws Refused.
     void set(std::string_view path, const nlohmann::json& content, bool force);
+    /// Tells a window of a list: the items that hold a text, from a place among them on. Runs nothing of the screen.
+    /// Throws Refused for what is no list, and for one that does not show.
+    void browse(std::string_view path, std::string_view wanted, std::size_t from);
     /// Runs a timer's job once if the timer runs. Throws Refused for what is no timer.
     void tick(std::string_view path);
     /// A control's or screen's state. Throws Refused.
@@ -185,6 +188,8 @@ private:
     void captionChanged(const Screen& screen);
     void forget(const Control& control) noexcept;
 
+    void rowsTold(const Screen& screen);
+    nlohmann::json changeOf(const Control& control, std::string_view property);
     nlohmann::json newsOf(const Control& control, const std::vector<std::string_view>& properties);
     void emit(nlohmann::json event);
     void emitBox(nlohmann::json event);

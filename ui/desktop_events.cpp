@@ -37,6 +37,21 @@ void Desktop::captionChanged(const Screen& screen) {
 void Desktop::forget(const Control& control) noexcept {
     impl_->changes.erase(&control);
     impl_->shown.erase(&control);
+    impl_->toldRows.erase(&control);
+}
+
+/// The page has the whole of a screen: from now on it hears of the rows that change.
+void Desktop::rowsTold(const Screen& screen) {
+    for (const Control* control : screen.controls())
+        if (const auto* rows = dynamic_cast<const Rows*>(control))
+            impl_->toldRows.insert_or_assign(control, ToldRows(*rows));
+}
+
+/// A property as a client hears that it changed; null where it did not.
+nlohmann::json Desktop::changeOf(const Control& control, std::string_view property) {
+    const auto told = property == "rows" ? impl_->toldRows.find(&control) : impl_->toldRows.end();
+    if (told == impl_->toldRows.end()) return valueOf(control, property);
+    return told->second.news(dynamic_cast<const Rows&>(control));
 }
 
 /// The properties by name, but for what the client shows already.
@@ -44,11 +59,12 @@ nlohmann::json Desktop::newsOf(const Control& control, const std::vector<std::st
     nlohmann::json news = nlohmann::json::object();
     const auto shown = impl_->shown.find(&control);
     for (const std::string_view property : properties) {
-        nlohmann::json value = valueOf(control, property);
+        nlohmann::json value = changeOf(control, property);
         if (shown != impl_->shown.end() && property == control.takes()) {
             if (shown->second == value) continue;
             shown->second = value;
         }
+        if (property == "rows" && value.is_null()) continue;
         news[std::string(property)] = std::move(value);
     }
     return news;

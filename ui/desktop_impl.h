@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ui/desktop.h"
+#include "ui/rows.h"
 
 namespace ui {
 
@@ -45,6 +46,8 @@ struct Desktop::Impl {
     std::unordered_set<const Screen*> renamed;                                  ///< screens with a new caption
     /// What a client shows for a property because it sent it itself: no echo is due while the content is the same.
     std::unordered_map<const Control*, nlohmann::json> shown;
+    /// The rows that a page shows.
+    std::unordered_map<const Control*, ToldRows> toldRows;
     std::deque<Question> told;  ///< boxes with OK only that wait for it, the first one showing
     /// The answer to the open question, once it has come.
     std::optional<nlohmann::json>* answer = nullptr;

@@ -78,11 +78,19 @@ void Desktop::believe(Control& control, const nlohmann::json& content) {
     const std::string_view property = control.takes();
     if (property.empty()) return;
     const nlohmann::json* shown = &content;
-    for (const char* key : {"row", "page"})
+    for (const std::string_view key : {std::string_view("row"), std::string_view("page"), property})
         if (content.is_object() && content.contains(key)) shown = &content[key];
     if (!shown->is_primitive()) return;
     impl_->shown[&control] = *shown;
     changed(control, property);
+}
+
+void Desktop::browse(std::string_view path, std::string_view wanted, std::size_t from) {
+    const Target at = target(path);
+    const auto* list = at.event.empty() ? dynamic_cast<const ItemControl*>(at.control) : nullptr;
+    if (!list) throw Refused{std::string(path) + " is no list"};
+    if (!at.screen->visible() || !list->shown()) throw Refused{list->path() + " is hidden"};
+    emit({{"changed", {{list->path(), {{"window", list->window(wanted, from)}}}}}});
 }
 
 void Desktop::tick(std::string_view path) {

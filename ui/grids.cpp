@@ -81,19 +81,19 @@ nlohmann::json DataGrid::property(std::string_view name) const {
     if (name == "caption") return caption_;
     if (name == "row") return row_;
     if (name == "searching") return searching_;
-    nlohmann::json list = nlohmann::json::array();
-    if (name == "columns") {
-        for (const std::string& field : rows_.fields())
-            list.push_back(
-                columnForm(field, std::find(hidden_.begin(), hidden_.end(), lowerName(field)) == hidden_.end()));
-        return list;
-    }
-    for (std::size_t row = 0; row < rows_.rowCount(); ++row) {
-        nlohmann::json& cells = list.emplace_back(nlohmann::json::array());
-        for (std::size_t column = 0; column < rows_.fields().size(); ++column)
-            cells.push_back(shownText(rows_.value(row, column)));
-    }
-    return list;
+    if (name == "rows") return rowsForm();
+    nlohmann::json columns = nlohmann::json::array();
+    for (const std::string& field : rows_.fields())
+        columns.push_back(
+            columnForm(field, std::find(hidden_.begin(), hidden_.end(), lowerName(field)) == hidden_.end()));
+    return columns;
+}
+
+nlohmann::json DataGrid::rowForm(std::size_t row) const {
+    nlohmann::json cells = nlohmann::json::array();
+    for (std::size_t column = 0; column < rows_.fields().size(); ++column)
+        cells.push_back(shownText(rows_.value(row, column)));
+    return cells;
 }
 
 void DataGrid::take(const nlohmann::json& content) {
@@ -159,10 +159,14 @@ std::vector<std::string_view> FlexGrid::properties() const {
 
 nlohmann::json FlexGrid::property(std::string_view name) const {
     if (name == "row") return row_;
-    if (name == "rows") return cells_;
+    if (name == "rows") return rowsForm();
     nlohmann::json columns = nlohmann::json::array();
     for (const GridColumn& column : columns_) columns.push_back(columnForm(column.name, column.visible));
     return columns;
+}
+
+nlohmann::json FlexGrid::rowForm(std::size_t row) const {
+    return cells_[row];
 }
 
 void FlexGrid::take(const nlohmann::json& content) {

@@ -33,15 +33,17 @@ db::Bytes photo() {
     return bytes;
 }
 
-/// Rows enough for three pages, with numbers and dates that sort otherwise than as texts.
-db::Recordset patients() {
+/// Rows enough for three pages, with numbers and dates that sort otherwise than as texts; whoever arrived since stands
+/// on top.
+db::Recordset patients(int arrivals = 0) {
     using Reading = db::RowBuffer::Reading;
     static constexpr std::array<const char*, 6> names = {"Ada Obi",   "Musa Bello",  "Ngozi Eze",
                                                          "Tunde Ojo", "Zainab Audu", "Chidi Nwosu"};
     db::RowBuffer rows;
     for (const char* column : {"PNo", "Name", "Age", "Seen", "consultID"})
         rows.addColumn(column, std::string_view(column) == "Seen" ? Reading::date : Reading::plain);
-    for (int row = 0; row < 25; ++row) {
+    for (int place = 0; place < 25 + arrivals; ++place) {
+        const int row = place < arrivals ? 24 + arrivals - place : place - arrivals;
         const std::string number = std::to_string(row + 1);
         rows.addText("P" + std::string(3 - number.size(), '0') + number);
         rows.addText(names.at(static_cast<std::size_t>(row) % names.size()));
@@ -50,6 +52,19 @@ db::Recordset patients() {
         rows.addText("C" + number);
     }
     return db::Recordset(std::move(rows));
+}
+
+/// More names than a page is sent at once: "ADEBAYO ADA [0001]" and so on.
+constexpr int namesInAll = 1000;
+std::string longListEntry(int number) {
+    static constexpr std::array<const char*, 10> surnames = {"ADEBAYO", "BELLO", "CHUKWU", "DANJUMA", "EZE",
+                                                             "FASHOLA", "GARBA", "IBEKWE", "LAWAL",   "OKAFOR"};
+    static constexpr std::array<const char*, 10> firstNames = {"ADA",    "BOLA", "CHIDI", "EFE",   "FUNKE",
+                                                               "HALIMA", "MUSA", "NGOZI", "TUNDE", "ZAINAB"};
+    const auto at = static_cast<std::size_t>(number);
+    const std::string digits = std::to_string(number + 1);
+    return std::string(surnames.at(at / 100)) + " " + firstNames.at(at / 10 % 10) + " [" +
+           std::string(4 - digits.size(), '0') + digits + "]";
 }
 
 /// What a modal screen is.
@@ -93,6 +108,7 @@ private:
     TextBox txtNote{*this, "txtNote"};
     ComboBox cboDrug{*this, "cboDrug"};
     ComboBox cboWard{*this, "cboWard", ComboBox::Style::listOnly};
+    ComboBox cboPatient{*this, "cboPatient", ComboBox::Style::listOnly};
     DatePicker dtVisit{*this, "dtVisit"};
     DatePicker dtTime{*this, "dtTime", DatePicker::Format::time};
     CheckBox chkFasting{*this, "chkFasting", "&Fasting"};
@@ -103,7 +119,9 @@ private:
     TabStrip tabPages{*this, "tabPages", {"&Grid", "&Lists", "&Order", "T&rend"}};
     DataGrid grdData{*this, "grdData"};
     ListBox lstBeds{*this, "lstBeds"};
+    ListBox lstNames{*this, "lstNames"};
     TreeView treeUnits{*this, "treeUnits"};
+    Button cmdArrival{*this, "cmdArrival", "A patient arrives", [this] { grdData.bind(patients(++arrivals_)); }};
     CheckList lstSigns{*this, "lstSigns"};
     ListView lvwTests{*this, "lvwTests", {"Test", "Result"}, true};
     FlexGrid OrderGrid{*this, "OrderGrid", {"Line", "Item", "Price"}};
@@ -132,16 +150,19 @@ private:
     Button cmdReport{*this, "cmdReport", "Report", [this] { report(); }};
     Button cmdDelete{*this, "cmdDelete", "Fail", [] { throw db::Error(db::Category::other, "Nothing to delete"); }};
     Button cmdClose{*this, "cmdClose", "&Close", [this] { desktop().unload(name()); }};
+    int arrivals_ = 0;
 };
 
 frmSamples::frmSamples(Desktop& desktop) : Screen(desktop, "frmSamples", "Samples") {
     txtPulse.setMaxLength(3);
     txtPassword.setPassword(true);
     txtHeld.heldBy(picHolder);
-    for (Control* control : {static_cast<Control*>(&lstBeds), static_cast<Control*>(&treeUnits),
-                             static_cast<Control*>(&lstSigns), static_cast<Control*>(&lvwTests)})
+    for (Control* control :
+         {static_cast<Control*>(&lstBeds), static_cast<Control*>(&lstNames), static_cast<Control*>(&treeUnits),
+          static_cast<Control*>(&lstSigns), static_cast<Control*>(&lvwTests)})
         control->onPage(tabPages, 1);
     grdData.onPage(tabPages, 0);
+    cmdArrival.onPage(tabPages, 0);
     for (Control* control :
          {static_cast<Control*>(&OrderGrid), static_cast<Control*>(&cmdAddLine), static_cast<Control*>(&cmdRemoveLine)})
         control->onPage(tabPages, 2);
@@ -170,12 +191,14 @@ void frmSamples::fillChoices() {
          {"Amoxicillin 500 mg", "Artemether", "Ibuprofen 400 mg", "Paracetamol 500 mg", "Paracetamol syrup"})
         cboDrug.add(drug);
     for (const char* ward : {"Children", "Female", "Male", "Maternity"}) cboWard.add(ward);
+    for (int number = 0; number < namesInAll; ++number) cboPatient.add(longListEntry(number));
 }
 
 void frmSamples::fillLists() {
     grdData.bind(patients());
     grdData.hideColumn("consultID");
     for (int bed = 1; bed <= 12; ++bed) lstBeds.add("Bed " + std::to_string(bed));
+    for (int number = 0; number < namesInAll; ++number) lstNames.add(longListEntry(number));
     const int wards = treeUnits.add("Wards");
     const int male = treeUnits.add("Male", {}, wards);
     treeUnits.add("Room 1", {}, male);
@@ -207,6 +230,7 @@ void frmSamples::bindTexts() {
 void frmSamples::bindChoices() {
     cboDrug.on(Event::click, [this] { says("Drug: " + cboDrug.text()); });
     cboWard.on(Event::click, [this] { says("Ward: " + cboWard.text()); });
+    cboPatient.on(Event::click, [this] { says("Chosen: " + cboPatient.text()); });
     dtVisit.on(Event::change, [this] { says(dtVisit.value() ? "Visit: " + dtVisit.value()->isoDate() : "No visit"); });
     chkFasting.on(Event::click, [this] { says(chkFasting.checked() ? "Fasting" : "Not fasting"); });
     optMale.on(Event::click, [this] { says("Male"); });
@@ -218,6 +242,7 @@ void frmSamples::bindLists() {
     grdData.on(Event::rowChange, [this] { says("Patient: " + grdData.text("PNo")); });
     grdData.on(Event::dblClick, [this] { says("Opened: " + grdData.text("PNo") + " " + grdData.text("consultID")); });
     lstBeds.on(Event::click, [this] { says(lstBeds.text()); });
+    lstNames.on(Event::click, [this] { says("Name: " + lstNames.text()); });
     lstBeds.on(Event::dblClick, [this] { says("Opened: " + lstBeds.text()); });
     treeUnits.on(Event::nodeClick,
                  [this] { says("Unit: " + treeUnits.nodes().at(static_cast<std::size_t>(treeUnits.index())).text); });

@@ -100,12 +100,16 @@ std::vector<std::string_view> ListView::properties() const {
 
 nlohmann::json ListView::property(std::string_view name) const {
     if (name == "row") return row_;
-    if (name == "rows") return rows_;
+    if (name == "rows") return rowsForm();
     if (name == "checked") return checked_;
     nlohmann::json columns = nlohmann::json::array();
     for (const std::string& column : columns_)
         columns.push_back({{"name", column}, {"caption", columnCaption(column)}, {"visible", true}});
     return columns;
+}
+
+nlohmann::json ListView::rowForm(std::size_t row) const {
+    return rows_[row];
 }
 
 void ListView::take(const nlohmann::json& content) {

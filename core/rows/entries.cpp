@@ -1,7 +1,5 @@
 #include "core/rows/entries.h"
 
-#include <algorithm>
-
 #include "core/texts/texts.h"
 
 namespace core {
@@ -32,18 +30,15 @@ void addColumn(ui::ItemControl& list, db::Connection& connection, const db::Sql&
 }
 
 int itemWithKey(const ui::ItemControl& list, std::string_view key) {
-    const auto& items = list.items();
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [&](const ui::ListItem& item) { return entryOf(item.text).key == key; });
-    return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+    for (std::size_t at = 0; at < list.items().size(); ++at)
+        if (entryOf(list.items().text(at)).key == key) return static_cast<int>(at);
+    return -1;
 }
 
 void showEntry(ui::ComboBox& list, const std::string& text) {
     list.clearText();
     if (text.empty()) return;
-    const auto& items = list.items();
-    if (std::none_of(items.begin(), items.end(), [&](const ui::ListItem& item) { return item.text == text; }))
-        list.add(text);
+    if (list.items().find(text) < 0) list.add(text);
     list.setText(text);
 }
 

@@ -4,7 +4,7 @@ import assert from "node:assert/strict";
 import test from "node:test";
 
 import {colleague} from "./support/host.mjs";
-import {box, focused, openPage, picture, signIn, useHost} from "./support/work.mjs";
+import {box, focused, input, openPage, picture, says, signIn, useHost} from "./support/work.mjs";
 
 const house = useHost();
 const station = "frmPreConsult";
@@ -123,6 +123,22 @@ test("vital signs half typed come back after a fall, are saved once, and leave n
     await fall(page);
     assert.doesNotMatch(await page.locator("#kept").textContent(), /Vital/);
     assert.deepEqual(page.problems, []);
+});
+
+test("a pick of a list that stays with the host comes back by its text", async () => {
+    const page = await openPage(house);
+    await signIn(page);
+    await input(page, "cboPatient").fill("lawal musa [0864");
+    await page.keyboard.press("Enter");
+    await says(page, "Chosen: LAWAL MUSA \\[0864\\]");
+    await settled(page);
+    await fall(page);
+    await signInAgain(page);
+    await offer(page).waitFor();
+    await bringBack(page);
+    await page.reload();  // the session has it
+    await input(page, "cboPatient").waitFor();
+    assert.equal(await input(page, "cboPatient").inputValue(), "LAWAL MUSA [0864]");
 });
 
 test("a save that was stored before its reply says so, and is not typed again", async () => {

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
-import {atWork, box, control, focused, input, picture, says, turnTo, useHost} from "./support/work.mjs";
+import {atWork, box, control, focused, input, openPage, picture, says, signIn, turnTo, useHost} from "./support/work.mjs";
 
 const house = useHost();
 let page;
@@ -55,6 +55,100 @@ test("a combo narrows as one types and is picked by keyboard; a list-only one ta
     await input(page, "cboWard").fill("nowhere");
     await page.keyboard.press("Tab");
     assert.equal(await input(page, "cboWard").inputValue(), "Maternity");
+});
+
+test("a long list stays with the host: typing narrows it, Enter takes the marked or the only match", async () => {
+    const patient = input(page, "cboPatient");
+    const shown = () => control(page, "cboPatient", "[role=option]");
+    const remark = (text) => control(page, "cboPatient", ".v-popup-more").filter({hasText: text}).waitFor();
+    await patient.click();
+    await remark("900 more: type to narrow");
+    assert.equal(await shown().count(), 100);
+    await patient.pressSequentially("lawal mu");
+    await shown().filter({hasText: "LAWAL MUSA [0861]"}).waitFor();
+    await page.waitForFunction(() => document.querySelectorAll("[data-control='frmSamples.cboPatient'] [role=option]").length === 10);
+    await page.keyboard.press("ArrowDown");
+    await page.keyboard.press("Enter");
+    await says(page, "Chosen: LAWAL MUSA \\[0862\\]");
+    await patient.fill("[0123]");
+    await page.keyboard.press("Enter");  // before the host has answered
+    await says(page, "Chosen: BELLO CHIDI \\[0123\\]");
+    await patient.fill("okafor zainab [1000");
+    await page.keyboard.press("Tab");
+    await says(page, "Chosen: OKAFOR ZAINAB \\[1000\\]");
+    await patient.fill("nobody");
+    await remark("No entry");
+    await page.keyboard.press("Tab");
+    assert.equal(await patient.inputValue(), "OKAFOR ZAINAB [1000]");
+    await page.reload();
+    await patient.click();
+    await remark("900 more");
+    assert.equal(await patient.inputValue(), "OKAFOR ZAINAB [1000]");
+});
+
+test("a slow host is waited for in words, and its answer to an older question is none", async () => {
+    let held = null;
+    const slow = await openPage(house);
+    await slow.routeWebSocket("**/session", (socket) => {
+        const host = socket.connectToServer();
+        host.onMessage((line) => (held ? held.push(() => socket.send(line)) : socket.send(line)));
+    });
+    await signIn(slow);
+    const patient = input(slow, "cboPatient");
+    await patient.click();
+    await control(slow, "cboPatient", "[role=option]").first().waitFor();
+    held = [];
+    await patient.pressSequentially("garba", {delay: 120});
+    await control(slow, "cboPatient", ".v-popup-more").filter({hasText: "Searching …"}).waitFor();
+    await patient.fill("eze t");
+    await slow.waitForTimeout(300);
+    const [last, ...older] = held.toReversed();
+    for (const tell of older.toReversed()) tell();
+    assert.equal(await control(slow, "cboPatient", "[role=option]").count(), 0);
+    last();
+    await control(slow, "cboPatient", "[role=option]").first().filter({hasText: "EZE TUNDE [0481]"}).waitFor();
+    await slow.context().close();
+});
+
+test("a long list box shows a hundred at a time, by the keyboard and by its buttons", async () => {
+    await turnTo(page, "Lists");
+    const list = control(page, "lstNames", "[role=listbox]");
+    const counted = (text) => control(page, "lstNames", ".v-count").filter({hasText: text}).waitFor();
+    await counted("1 to 100 of 1000");
+    await list.focus();
+    await page.keyboard.press("ArrowDown");
+    await says(page, "Name: ADEBAYO ADA \\[0001\\]");
+    await page.keyboard.press("End");
+    await says(page, "Name: OKAFOR ZAINAB \\[1000\\]");
+    await counted("901 to 1000 of 1000");
+    await page.keyboard.press("Home");
+    await says(page, "Name: ADEBAYO ADA \\[0001\\]");
+    await page.keyboard.type("gar");
+    await says(page, "Name: GARBA ADA \\[0601\\]");
+    await counted("601 to 700 of 1000");
+    await page.getByRole("button", {name: "Previous entries"}).click();
+    await counted("501 to 600 of 1000");
+    await control(page, "lstNames", "[role=option]").first().click();
+    await says(page, "Name: FASHOLA ADA \\[0501\\]");
+    await page.reload();
+    await counted("501 to 600 of 1000");
+    await picture(page, "samples-longlist");
+});
+
+test("a grid takes in the rows that came and stays as it is sorted and narrowed", async () => {
+    const rows = control(page, "grdData", "tbody tr");
+    const count = (text) => control(page, "grdData", ".v-count").filter({hasText: text}).waitFor();
+    await control(page, "cmdArrival", "button").click();
+    await count("26 rows");
+    assert.equal(await rows.first().locator("td").first().textContent(), "P026");
+    await control(page, "grdData", ".v-filter").fill("ada");
+    await page.getByRole("button", {name: "Age"}).click();
+    await control(page, "cmdArrival", "button").click();
+    await count("of 27 rows");
+    const ages = await rows.locator("td:nth-child(3)").allTextContents();
+    assert.deepEqual(ages, ages.toSorted((one, other) => one - other));
+    await rows.last().click();
+    await says(page, `Patient: ${await rows.last().locator("td").first().textContent()}`);
 });
 
 test("a date is set, cleared and blank", async () => {

@@ -18,6 +18,11 @@ export class ControlLink {
         return this.screen.state.controls[this.name];
     }
 
+    /** Whether a user sees it, if she turns to its page: the session tells nothing of lists that are hidden. */
+    get shows() {
+        return this.screen.work.model.worked(this.path).visible;
+    }
+
     /** An event may come late, from an element of a screen that is gone: nothing handles it. */
     handles(event) {
         return this.screen.state?.controls[this.name].events?.includes(event) ?? false;
@@ -32,6 +37,11 @@ export class ControlLink {
     /** Tells the session what the user typed or picked. The view is brought up to date when the session has answered. */
     set(content) {
         this.session.send({set: this.path, to: content}, this.state.password === true);
+    }
+
+    /** Asks for the entries of a long list that hold a text, from a place among them on; they come as `state.window`. */
+    look(holds, from) {
+        if (this.screen.state) this.session.send({list: this.path, holds, from});
     }
 
     /** What the user gave and the session has not confirmed yet, as `{to}`, or nothing. */

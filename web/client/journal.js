@@ -6,6 +6,7 @@ import {labelFromName} from "./field.js";
 import {dropKept, journalKey, putAside, readKept, stored} from "./kept.js";
 import {split} from "./model.js";
 import {asInput} from "./render/date.js";
+import {isLong} from "./render/entries.js";
 
 /** Characters; beyond them the screen that was left alone longest is given up. */
 const mostKept = 200_000;
@@ -14,8 +15,9 @@ const mostTold = 50;
 /** Kinds that are filled in, as against rows and pages that are only looked at. */
 const fields = new Set(["textBox", "comboBox", "checkBox", "optionButton", "datePicker"]);
 
-/** The rows that a content `{row}` counts, each as the text that it is known by again. */
+/** The rows that a content `{row}` counts, each as the text that it is known by again; none of a list that the host has. */
 export function rowsOf({items, nodes, rows}) {
+    if (isLong(items)) return [];
     return (items ?? nodes)?.map(({text}) => text) ?? rows.map((cells) => cells.join("\t"));
 }
 
@@ -113,7 +115,7 @@ export class Journal {
 
     #given(n, {set, to}, secret) {
         const control = this.work.model.control(set);
-        const row = to?.row === undefined ? undefined : rowsOf(control)[to.row];
+        const row = to?.row === undefined ? undefined : (to.text ?? rowsOf(control)[to.row]);
         const field = fields.has(control.kind) || to?.checked !== undefined;
         this.#add({n, request: secret ? {set} : {set, to}, row, field, secret});
     }

@@ -41,7 +41,7 @@ export class Model {
         const control = this.control(path);
         const property = control && !control.password && taken[control.kind];
         if (!property) return;
-        if (control.kind === "comboBox" && typeof content === "object") control.text = control.items[content.row].text;
+        if (control.kind === "comboBox" && typeof content === "object") control.text = content.text;
         else control[property] = content?.row ?? content?.page ?? content;
     }
 
@@ -50,8 +50,20 @@ export class Model {
         const [screen, name] = split(path);
         const state = this.screens.get(screen);
         const target = name ? state?.controls[name] : state;
-        if (target) Object.assign(target, properties);
+        if (!target) return;
+        const {rows} = properties;
+        Object.assign(target, properties, rows?.splices && {rows: spliced(target.rows, rows.splices)});
     }
+}
+
+/** Rows of which some went and others came: `from` counts them as they were. */
+function spliced(before, splices) {
+    const parts = splices.map(({from, come}, place) => {
+        const last = splices[place - 1];
+        return [before.slice(last ? last.from + last.gone : 0, from), come];
+    });
+    const {from, gone} = splices.at(-1);
+    return [...parts, [before.slice(from + gone)]].flat(2);
 }
 
 /** The property that a kind's content goes to: the session tells it only where it ended otherwise than sent. */

@@ -4,6 +4,7 @@
 import {labelFromName} from "./field.js";
 import {rowsOf} from "./journal.js";
 import {split} from "./model.js";
+import {isLong} from "./render/entries.js";
 
 export class Replay {
     #hears = null;
@@ -59,7 +60,7 @@ export class Replay {
 
     /** @returns {string} why going on might put one patient's data to another, or nothing */
     async #again(step, {screen, told}) {
-        const request = this.#requestOf(step);
+        const request = await this.#requestOf(step);
         if (request === undefined) return `${this.#label(step.request.set)}: ${step.row.replaceAll("\t", " ")} is not in the list any more`;
         if (request) await this.pass(request, {answers: step.answers, told});
         const shows = this.work.journal.shows(screen);
@@ -68,13 +69,22 @@ export class Replay {
     }
 
     /** Null where there is nothing to do. A row is found by its text, wherever it stands now; undefined where it is gone. */
-    #requestOf({request, row, secret, open}) {
+    async #requestOf({request, row, secret, open}) {
         const control = request?.set && this.work.model.control(request.set);
         if (!request || secret || (request.fire ? open : !control)) return null;
         if (row === undefined) return request;
-        const rows = rowsOf(control);
+        const rows = isLong(control.items) ? await this.#hostsRows(request.set, row) : rowsOf(control);
         const at = rows[request.to.row] === row ? request.to.row : rows.indexOf(row);
         return at < 0 ? undefined : {...request, to: {...request.to, row: at}};
+    }
+
+    /** The rows of a long list that this text is part of, each in its place. */
+    async #hostsRows(path, row) {
+        await this.pass({list: path, holds: row});
+        const {window} = this.work.model.control(path) ?? {};
+        const rows = [];
+        for (const {row: at, text} of window?.holds === row ? window.items : []) rows[at] = text;
+        return rows;
     }
 
     /** What cannot be done for her. */

@@ -1,7 +1,9 @@
 import {h, newId, setAttribute} from "../dom.js";
+import {Entries, mostShown} from "./entries.js";
 import {writeText} from "./text.js";
 
-const mostShown = 100;
+/** Milliseconds; an answer that takes longer is waited for in words. */
+const patience = 400;
 
 /** A text with a list of entries. Typing narrows the list; an entry's full text picks it. */
 export function comboBox(link) {
@@ -10,14 +12,22 @@ export function comboBox(link) {
 
 class Combo {
     #open = false;
+    /** What the list shows, as `{row, text}`, and how many match; null while the host is asked for it. */
     #shown = [];
+    #count = 0;
     #mark = -1;
+    /** The marked entry's text: where the list was filled anew, the mark goes with it. */
+    #marked = null;
     #filter = "";
+    #slow = 0;
     /** What is typed to find an entry of a list that takes nothing else; null where nothing is. */
     #search = null;
+    /** What was typed when Enter or Tab came before the host's answer: the entry that it finds is taken. */
+    #taking = null;
 
     constructor(link) {
         this.link = link;
+        this.entries = new Entries(link);
         this.listOnly = link.state.listOnly;
         const id = newId("list");
         this.input = h("input", {
@@ -39,18 +49,18 @@ class Combo {
         this.list.addEventListener("mousedown", (event) => {
             event.preventDefault();
             const option = event.target.closest("[data-at]");
-            if (option) this.#pick(Number(option.dataset.at));
+            if (option) this.#pick({row: Number(option.dataset.at), text: option.textContent});
         });
     }
 
     /** A pick that the session has not confirmed counts. */
     get #text() {
-        const row = this.link.pending?.to?.row;
-        return row === undefined ? this.link.text : (this.link.state.items[row]?.text ?? "");
+        return this.link.pending?.to?.text ?? this.link.text;
     }
 
     update() {
         if (this.#search === null) writeText(this.input, this.#text);
+        if (this.#taking !== null) this.#takeFound();
         if (this.#open) this.#show(true);
     }
 
@@ -62,7 +72,8 @@ class Combo {
     #typed() {
         if (this.listOnly) this.#search = this.input.value;
         else this.link.set(this.input.value);
-        this.#mark = -1;
+        this.#unmark();
+        this.#taking = null;
         this.#filter = this.input.value;
         this.#show(true);
     }
@@ -75,36 +86,59 @@ class Combo {
 
     /** Opens or closes the list, narrowed to the entries that hold what was typed. */
     #show(open) {
+        if (open && !this.#open) this.entries.forget();
+        const opens = open && !this.#open;
         this.#open = open;
         if (!open) this.#filter = "";
         this.input.setAttribute("aria-expanded", String(open));
         this.list.hidden = !open;
         if (!open) return this.input.removeAttribute("aria-activedescendant");
-        this.#shown = matching(this.link.state.items, this.#filter);
-        if (this.#mark < 0 || this.#mark >= this.#shown.length) this.#mark = this.#startMark();
-        this.list.replaceChildren(...this.#shown.slice(0, mostShown).map((at, place) => this.#option(at, place)),
-                                  ...this.#remark());
+        const found = this.entries.matching(this.#filter);
+        this.#shown = found?.items ?? null;
+        this.#count = found?.count ?? 0;
+        clearTimeout(this.#slow);
+        if (found) this.#draw();
+        else if (opens) this.#drawSearching();
+        else this.#slow = setTimeout(() => this.#drawSearching(), patience);
+        return undefined;
+    }
+
+    #draw() {
+        if (this.#shown[this.#mark]?.text !== this.#marked) this.#mark = this.#shown.findIndex(({text}) => text === this.#marked);
+        if (this.#mark < 0) this.#mark = this.#startMark();
+        this.list.replaceChildren(...this.#shown.map((entry, place) => this.#option(entry, place)), ...this.#remark());
         this.#showMark();
+    }
+
+    #drawSearching() {
+        this.list.replaceChildren(remark("Searching …"));
+        this.input.removeAttribute("aria-activedescendant");
+    }
+
+    #unmark() {
+        this.#mark = -1;
+        this.#marked = null;
     }
 
     #startMark() {
         if (this.#filter !== "") return this.listOnly && this.#shown.length > 0 ? 0 : -1;
-        return this.#shown.indexOf(this.link.state.index);
+        return this.#shown.findIndex(({row}) => row === this.link.state.index);
     }
 
-    #option(at, place) {
-        return h("li", {id: `${this.list.id}-${place}`, role: "option", "data-at": at,
-                        "aria-selected": String(at === this.link.state.index)}, this.link.state.items[at].text);
+    #option({row, text}, place) {
+        return h("li", {id: `${this.list.id}-${place}`, role: "option", "data-at": row,
+                        "aria-selected": String(row === this.link.state.index)}, text);
     }
 
     #remark() {
-        const more = this.#shown.length - mostShown;
-        if (more > 0) return [h("li", {class: "v-popup-more", role: "presentation"}, `${more} more: type to narrow`)];
-        return this.#shown.length > 0 ? [] : [h("li", {class: "v-popup-more", role: "presentation"}, "No entry")];
+        const more = this.#count - mostShown;
+        if (more > 0) return [remark(`${more} more: type to narrow`)];
+        return this.#shown.length > 0 ? [] : [remark("No entry")];
     }
 
     #showMark() {
         for (const option of this.list.querySelectorAll(".v-marked")) option.classList.remove("v-marked");
+        this.#marked = this.#shown[this.#mark]?.text ?? null;
         const option = this.list.querySelector(`[id="${this.list.id}-${this.#mark}"]`);
         setAttribute(this.input, "aria-activedescendant", option?.id);
         option?.classList.add("v-marked");
@@ -113,8 +147,8 @@ class Combo {
 
     #move(step) {
         if (!this.#open) return this.#show(true);
-        const last = Math.min(this.#shown.length, mostShown) - 1;
-        this.#mark = Math.max(0, Math.min(last, this.#mark + step));
+        if (!this.#shown) return;
+        this.#mark = Math.max(0, Math.min(this.#shown.length - 1, this.#mark + step));
         this.#showMark();
     }
 
@@ -130,38 +164,44 @@ class Combo {
         } else if (event.key === "Escape" && this.#open) {
             event.preventDefault();
             event.stopPropagation();
-            this.#search = null;
+            this.#search = this.#taking = null;
             this.#show(false);
             writeText(this.input, this.#text);
-        } else if (event.key === "Tab" && this.#open && this.#mark >= 0 && this.listOnly) {
-            this.#pick(this.#shown[this.#mark]);
+        } else if (event.key === "Tab" && this.#open && this.listOnly) {
+            if (!this.#shown) this.#takeWhenFound();
+            else if (this.#shown[this.#mark]) this.#pick(this.#shown[this.#mark]);
         }
     }
 
     /** Enter takes the marked entry, or the only one that is left; else it opens the list. It never saves. */
     #enter() {
         if (!this.#open) return this.#show(true);
-        if (this.#mark >= 0) return this.#pick(this.#shown[this.#mark]);
-        if (this.#filter !== "" && this.#shown.length === 1) return this.#pick(this.#shown[0]);
+        if (!this.#shown) return this.#takeWhenFound();
+        if (this.#shown[this.#mark]) return this.#pick(this.#shown[this.#mark]);
+        if (this.#filter !== "" && this.#count === 1) return this.#pick(this.#shown[0]);
         return this.#show(this.#shown.length > 0);
     }
 
-    #pick(at) {
-        const {text} = this.link.state.items[at];
-        this.#search = null;
-        this.#mark = -1;
+    #takeWhenFound() {
+        if (this.#filter.trim() === "") return;
+        this.#taking = this.#filter;
+        this.entries.hurry();
+    }
+
+    #takeFound() {
+        const found = this.entries.matching(this.#taking);
+        if (!found) return;
+        this.#taking = null;
+        if (found.count === 1 || (this.listOnly && found.count > 0)) this.#pick(found.items[0]);
+    }
+
+    #pick({row, text}) {
+        this.#search = this.#taking = null;
+        this.#unmark();
         writeText(this.input, text);
         this.#show(false);
-        this.link.set({row: at});
+        this.link.set({row, text});
     }
 }
 
-/** The places of the entries that hold a text, those that start with it first. */
-export function matching(items, filter) {
-    const places = items.map((_, place) => place);
-    const wanted = filter.trim().toLowerCase();
-    if (wanted === "") return places;
-    const starts = places.filter((place) => items[place].text.toLowerCase().startsWith(wanted));
-    const holds = places.filter((place) => items[place].text.toLowerCase().indexOf(wanted) > 0);
-    return [...starts, ...holds];
-}
+const remark = (text) => h("li", {class: "v-popup-more", role: "presentation"}, text);

@@ -1,9 +1,8 @@
-import {TypeAhead, h, isTyping, newId, setAttribute} from "../dom.js";
+import {TypeAhead, h, isTyping, newId, setAttribute, showText} from "../dom.js";
+import {Entries, isLong, mostShown} from "./entries.js";
 
 /** A list of entries with one picked. */
-export function listBox(link) {
-    return new RowList(link, {rows: () => link.state.items.map((item) => [item.text]), current: () => link.state.index});
-}
+export const listBox = (link) => new EntryList(link);
 
 /** Rows of several cells, with a check mark each where the screen wants it. */
 export function listView(link) {
@@ -13,6 +12,8 @@ export function listView(link) {
 /** Rows of cells with one picked, and a mark each where `isChecked` says so. */
 export class RowList {
     group = true;
+    /** The number of the first row that is drawn. */
+    first = 0;
     #typeAhead = new TypeAhead();
     #enabled = true;
 
@@ -38,10 +39,10 @@ export class RowList {
         this.head.hidden = !columns;
         this.head.replaceChildren(...(columns ?? []).map((column) => h("span", {}, column.caption ?? column)));
         this.cells = this.source.rows();
-        this.rows.replaceChildren(...this.cells.map((cells, row) => this.#row(cells, row)));
+        this.rows.replaceChildren(...this.cells.map((cells, place) => this.#row(cells, this.first + place)));
         if (this.cells.length === 0)
             this.rows.append(h("div", {class: "v-empty"}, this.link.item.empty ?? "Nothing to show"));
-        const current = this.rows.children[this.current];
+        const current = this.rows.children[this.current - this.first];
         setAttribute(this.rows, "aria-activedescendant", current?.id);
         current?.scrollIntoView?.({block: "nearest", inline: "nearest"});
     }
@@ -56,7 +57,8 @@ export class RowList {
         const mark = checked === undefined ? null
             : h("span", {class: "v-check", "data-check": row, "aria-hidden": "true"}, checked ? "☑" : "☐");
         return h("div", {id: `${this.rows.id}-${row}`, role: "option", class: "v-list-row", "data-row": row,
-                         "aria-selected": String(row === this.current), "aria-checked": checked?.toString()},
+                         "aria-selected": String(row === this.current), "aria-checked": checked?.toString(),
+                         "aria-posinset": row + 1, "aria-setsize": this.size},
                  ...cells.map((cell, place) => h("span", {}, place === 0 ? mark : null, cell)));
     }
 
@@ -72,16 +74,25 @@ export class RowList {
         const row = event.target.closest("[data-row]");
         if (!row) return;
         if (event.target.closest("[data-check]") || this.ticksAnywhere) this.check(Number(row.dataset.row));
-        else this.#choose(Number(row.dataset.row));
+        else this.choose(Number(row.dataset.row));
     }
 
     #opened(event) {
         if (this.#enabled && !event.target.closest("[data-check]")) this.link.fire("DblClick");
     }
 
-    #choose(row) {
-        if (this.cells.length === 0) return;
-        this.link.set({row: Math.max(0, Math.min(row, this.cells.length - 1))});
+    /** How many rows there are, drawn or not. */
+    get size() {
+        return this.cells.length;
+    }
+
+    /** Picks a row, or the nearest that there is. */
+    choose(row) {
+        if (this.size > 0) this.pick(Math.max(0, Math.min(row, this.size - 1)));
+    }
+
+    pick(row) {
+        this.link.set({row});
         this.update();
     }
 
@@ -104,17 +115,135 @@ export class RowList {
         if (!this.#enabled) return;
         if (this.ownKey(event)) return event.preventDefault();
         const at = this.current;
-        const rows = {ArrowDown: at + 1, ArrowUp: at - 1, PageDown: at + 8, PageUp: at - 8, Home: 0, End: this.cells.length - 1};
-        if (event.key in rows) this.#choose(rows[event.key]);
+        const rows = {ArrowDown: at + 1, ArrowUp: at - 1, PageDown: at + 8, PageUp: at - 8, Home: 0, End: this.size - 1};
+        if (event.key in rows) this.choose(rows[event.key]);
         else if (event.key === " " && this.isChecked(at) !== undefined && !this.#typeAhead.goesOn) this.check(at);
         else if (event.key === "Enter" && this.link.handles("DblClick")) this.link.fire("DblClick");
-        else if (isTyping(event)) this.#typed(event.key);
+        else if (isTyping(event)) this.typed(event.key);
         else return undefined;
         return event.preventDefault();
     }
 
-    #typed(character) {
+    typed(character) {
         const row = this.#typeAhead.find(character, this.cells.map((cells) => cells[0]), this.current);
-        if (row >= 0) this.#choose(row);
+        if (row >= 0) this.choose(row);
+    }
+}
+
+/** Entries, of which a long list shows a hundred at a time: the host has the others. */
+class EntryList extends RowList {
+    /** A row to be picked as soon as the host has told its text, and the filling of the list that it counts in. */
+    #wanted = null;
+    #filling = null;
+    /** What is typed to find an entry, and when the last key came; `#sought` as long as the host looks for it. */
+    #text = "";
+    #typedAt = -Infinity;
+    #sought = null;
+    /** Where the nurse has turned to by the buttons, until another row is picked; null where she has not. */
+    #turned = null;
+    #shownCurrent = -1;
+    #texts = [];
+
+    constructor(link) {
+        super(link, {rows: () => this.#texts.map((text) => [text]), current: () => link.state.index});
+        this.entries = new Entries(link);
+        this.count = h("span", {class: "v-count", role: "status"});
+        this.back = this.#button("‹", "Previous entries", -mostShown);
+        this.forward = this.#button("›", "Next entries", mostShown);
+        this.bar = h("div", {class: "v-grid-bar", hidden: true}, this.count, this.back, this.forward);
+        this.element.prepend(this.bar);
+    }
+
+    #button(sign, name, by) {
+        return h("button", {type: "button", class: "btn btn-sm btn-outline-secondary", "aria-label": name, title: name,
+                            onclick: () => this.#turn(by)}, sign);
+    }
+
+    #turn(by) {
+        this.#turned = this.first + by;
+        this.update();
+    }
+
+    get size() {
+        return this.entries.count;
+    }
+
+    /** A list that was hidden has yet to be asked for. */
+    setEnabled(enabled) {
+        super.setEnabled(enabled);
+        if (this.#isLong && this.#texts.length === 0) this.update();
+    }
+
+    get #isLong() {
+        return isLong(this.link.state.items);
+    }
+
+    update() {
+        if (this.#isLong) this.#fetch();
+        else this.#show(0, this.link.state.items.map(({text}) => text));
+        super.update();
+        this.#drawBar();
+        if (this.#wanted !== null && this.#textOf(this.#wanted) !== undefined) this.pick(this.#wanted);
+    }
+
+    #show(first, texts) {
+        this.first = first;
+        this.#texts = texts;
+    }
+
+    /** One question at a time: what was typed comes first, then the rows around the one that is looked at. */
+    #fetch() {
+        const {filling} = this.link.state.items;
+        if (this.#filling !== filling) [this.#filling, this.#wanted] = [filling, null];
+        if (this.#sought !== null && !this.#takeSought()) return;
+        if (this.#shownCurrent !== this.current) [this.#shownCurrent, this.#turned] = [this.current, null];
+        const at = this.#turned ?? this.#wanted ?? Math.max(0, this.current);
+        const first = Math.floor(Math.min(at, this.size - 1) / mostShown) * mostShown;
+        const found = this.entries.matching("", first);
+        this.searching = !found;
+        if (found) this.#show(first, found.items.map(({text}) => text));
+    }
+
+    #drawBar() {
+        this.bar.hidden = !this.#isLong;
+        const last = this.first + this.#texts.length;
+        showText(this.count, this.searching ? "Searching …" : `${this.first + 1} to ${last} of ${this.size}`);
+        this.back.disabled = this.first === 0;
+        this.forward.disabled = last >= this.size;
+    }
+
+    #textOf(row) {
+        return this.#texts[row - this.first];
+    }
+
+    pick(row) {
+        const text = this.#textOf(row);
+        if (text === undefined) this.#turned = null;
+        this.#wanted = text === undefined ? row : null;
+        if (text !== undefined) this.link.set({row, text});
+        this.update();
+    }
+
+    typed(character) {
+        if (!this.#isLong) return super.typed(character);
+        const now = performance.now();
+        this.#text = now - this.#typedAt > 1000 ? character : this.#text + character;
+        this.#typedAt = now;
+        this.#sought = this.#text;
+        return this.update();
+    }
+
+    /** Picks the next entry that starts with what was typed. @returns {boolean} whether the host has answered */
+    #takeSought() {
+        const found = this.entries.matching(this.#sought);
+        this.searching = !found;
+        if (!found) return false;
+        const text = this.#sought.toLowerCase();
+        const from = this.current + (text.length === 1 ? 1 : 0);
+        const starting = found.items.filter((entry) => entry.text.toLowerCase().startsWith(text));
+        const entry = starting.find(({row}) => row >= from) ?? starting[0];
+        this.#sought = null;
+        if (entry) this.link.set(entry);
+        return true;
     }
 }

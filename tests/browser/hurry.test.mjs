@@ -3,6 +3,7 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
+import {Screen, boxSays, openFromMenu, yes} from "./support/screen.mjs";
 import {atWork, box, control, focused, input, openPage, signIn, useHost} from "./support/work.mjs";
 
 const house = useHost();
@@ -12,25 +13,22 @@ test.afterEach(async () => {
     await page.context().close();
 });
 
-const field = (name, part = "input") => page.locator(`[data-control="frmPreConsult.${name}"] ${part}`).first();
-const note = (name) => field(name, ".v-note");
-
+/** The nurse's station, in `page` from then on. */
 async function atStation(options) {
     page = await openPage(house, options);
     await signIn(page);
-    await page.locator("#work:not([hidden])").waitFor();
-    const menu = page.getByRole("button", {name: "☰ Menu"});
-    if (await menu.isVisible()) await menu.click();
-    await page.locator(".v-menu [data-name=mnuVitSigns]").click();
-    await field("cmdAdd", "button").waitFor();
+    const station = new Screen(page, "frmPreConsult");
+    await openFromMenu(page, "mnuVitSigns");
+    await station.part("cmdAdd", "button").waitFor();
+    return station;
 }
 
-async function addReadings(place = 1) {
+async function addReadings(options) {
+    const station = await atStation(options);
     await page.keyboard.press("Alt+a");
-    await field("cboVehNo", "input:enabled").focus();
-    await page.keyboard.press("Alt+ArrowDown");
-    await field("cboVehNo", `[data-at='${place}']`).click();
+    await station.pickAt("cboVehNo", 1);
     await page.locator(".v-banner").filter({hasText: "Age"}).waitFor();
+    return station;
 }
 
 test("a box that opens under typing takes none of it, and no key until the keyboard is quiet", async () => {
@@ -53,32 +51,29 @@ test("a box that opens under typing takes none of it, and no key until the keybo
 });
 
 test("readings show what is usual for the age, mark what is not and what cannot be, and stop nothing", async () => {
-    await atStation();
-    await addReadings();
-    await field("txtTemp").focus();
+    const station = await addReadings();
+    await station.field("txtTemp").focus();
     for (const [typed, level, says] of [["375", "impossible", /impossible/], ["39,5", "high", /high: 36.1–38/], ["35", "low", /low/], ["37", null, /36.1–38/]]) {
         await page.keyboard.press("Control+A");
         await page.keyboard.type(typed);
-        assert.equal(await field("txtTemp").getAttribute("data-level"), level, typed);
-        assert.match(await note("txtTemp").textContent(), says);
+        assert.equal(await station.field("txtTemp").getAttribute("data-level"), level, typed);
+        assert.match(await station.part("txtTemp", ".v-note").textContent(), says);
     }
-    await field("txtPressure").focus();
+    await station.field("txtPressure").focus();
     await page.keyboard.type("130/85");
-    assert.deepEqual([await focused(page), await field("txtPressure").inputValue(), await field("txtPressure2").inputValue()],
+    assert.deepEqual([await focused(page), await station.field("txtPressure").inputValue(), await station.field("txtPressure2").inputValue()],
                      ["frmPreConsult.txtPressure2", "130", "85"]);
-    await field("txtHt").fill("1.70");
-    await field("txtWt").fill("70");
-    assert.equal(await note("txtWt").textContent(), "BMI 24.2");
+    await station.field("txtHt").fill("1.70");
+    await station.field("txtWt").fill("70");
+    assert.equal(await station.part("txtWt", ".v-note").textContent(), "BMI 24.2");
     // Readings that stay when another patient is picked say whose they are.
     const first = await page.locator(".v-banner-name").textContent();
-    await field("cboVehNo").focus();
-    await page.keyboard.press("Alt+ArrowDown");
-    await field("cboVehNo", "[data-at='3']").click();
+    await station.pickAt("cboVehNo", 3);
     await page.locator(".v-banner-warning:visible").filter({hasText: `typed for ${first}`}).waitFor();
 });
 
 test("a full set of vital signs takes at most 60 keys and no mouse", async () => {
-    await atStation();
+    const station = await atStation();
     let keys = 0;
     const press = async (...names) => {
         for (const name of names) await page.keyboard.press(name);
@@ -89,7 +84,7 @@ test("a full set of vital signs takes at most 60 keys and no mouse", async () =>
         keys += text.length;
     };
     await press("Alt+a");
-    await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmPreConsult.cboVehNo");
+    await station.has("cboVehNo");
     await press("ArrowDown", "ArrowDown", "ArrowDown", "Enter", "Tab");
     await page.locator(".v-banner").filter({hasText: "Age"}).waitFor();
     for (const reading of ["36.8", "120/80", "72", "18", "1.70", "68", "98", "5.6"]) {
@@ -102,35 +97,28 @@ test("a full set of vital signs takes at most 60 keys and no mouse", async () =>
         await press("Tab");
     }
     await press("ArrowDown", "ArrowDown", "ArrowDown", "Enter", "Alt+s");
-    await box(page).filter({hasText: "Are you sure to save"}).waitFor();
-    await press("Alt+y");
-    await box(page).filter({hasText: "Record Succesfully saved"}).waitFor();
-    await press("Enter");
-    await box(page).waitFor({state: "hidden"});
+    await yes(page);
+    await boxSays(page, "Record Succesfully saved");
+    keys += 2;  // the answers
     assert.ok(keys <= 60, `${keys} keys`);
 });
 
 test("a refused save marks the field, Esc asks before it throws readings away, and Cancel does not", async () => {
-    await atStation();
-    await addReadings();
-    await field("txtPressure2").focus();
+    const station = await addReadings();
+    await station.field("txtPressure2").focus();
     await page.keyboard.type("80");
     await page.keyboard.press("Enter");
-    await box(page).filter({hasText: "please specify Name of Doctor"}).waitFor();
-    await page.keyboard.press("Enter");
-    await box(page).waitFor({state: "hidden"});
+    await boxSays(page, "please specify Name of Doctor");
     assert.equal(await focused(page), "frmPreConsult.CboRef");
-    assert.equal(await field("CboRef").getAttribute("aria-invalid"), "true");
+    assert.equal(await station.field("CboRef").getAttribute("aria-invalid"), "true");
     await page.keyboard.press("Escape");
     await box(page).filter({hasText: "Throw it away?"}).waitFor();
     await page.keyboard.press("Enter");
-    assert.equal(await field("txtPressure2").inputValue(), "80");
-    await field("CboRef").focus();
-    await page.keyboard.press("Alt+ArrowDown");
-    await field("CboRef", "[data-at='1']").click();
+    assert.equal(await station.field("txtPressure2").inputValue(), "80");
+    await station.pickAt("CboRef", 1);
     await page.waitForFunction(() => !document.querySelector(`[data-control="frmPreConsult.CboRef"] [aria-invalid]`));
-    await field("cmdCancel", "button").click();
-    await field("cmdAdd", "button").waitFor();
+    await station.part("cmdCancel", "button").click();
+    await station.part("cmdAdd", "button").waitFor();
     assert.equal(await box(page).count(), 0);
 });
 
@@ -158,13 +146,13 @@ test("a host that does not answer is told of after a second", async () => {
 test("at 200 % zoom and on a phone the page scrolls as one document and nothing lies over a field", async () => {
     for (const viewport of [{width: 683, height: 384}, {width: 342, height: 192}, {width: 390, height: 844}]) {
         await page?.context().close();
-        await atStation({viewport});
+        const station = await atStation({viewport});
         await page.keyboard.press("Alt+a");
-        await field("cboVehNo", "input:enabled").waitFor();
+        await station.part("cboVehNo", "input:enabled").waitFor();
         assert.ok(await page.evaluate(() => document.documentElement.scrollHeight > innerHeight && document.documentElement.scrollWidth <= innerWidth));
         for (const name of ["txtTemp", "txtSugar", "cboType"]) {
-            await field(name).focus();
-            const covered = await field(name).evaluate((element) => {
+            await station.field(name).focus();
+            const covered = await station.field(name).evaluate((element) => {
                 const {left, top, width, height} = element.getBoundingClientRect();
                 const there = document.elementFromPoint(left + width / 2, top + height / 2);
                 return element.contains(there) ? "" : (there?.outerHTML.slice(0, 100) ?? `out of sight at ${top}`);

@@ -4,51 +4,31 @@ import assert from "node:assert/strict";
 import test from "node:test";
 
 import {colleague} from "./support/host.mjs";
+import {Screen, asked, boxSays, openFromMenu} from "./support/screen.mjs";
 import {box, focused, input, openPage, picture, says, signIn, useHost} from "./support/work.mjs";
 
 const house = useHost();
-const station = "frmPreConsult";
-const field = (page, name, part = "input") => page.locator(`[data-control="${station}.${name}"] ${part}`).first();
+const at = (page) => new Screen(page, "frmPreConsult");
 const readings = {txtTemp: "36.8", txtPressure: "120", txtPressure2: "80", txtPause: "72", txtResp: "18", txtHt: "1.70", txtWt: "68"};
 const offer = (page) => page.getByRole("dialog", {name: "Your work from before"});
 
-async function press(page, name) {
-    await field(page, name, "button").focus();
-    await page.keyboard.press("Enter");
-}
-
-async function openFromMenu(page, entry) {
-    await page.locator(`.v-menu [data-name=${entry}]`).focus();
-    await page.keyboard.press("Enter");
-}
-
 async function openStation(page) {
     await openFromMenu(page, "mnuVitSigns");
-    await field(page, "cmdAdd", "button").waitFor();
-}
-
-/** Picks the first entry of a list that is none but blank. */
-async function pickFirst(page, name) {
-    await field(page, name, "input:enabled").focus();
-    await page.keyboard.press("Alt+ArrowDown");
-    await field(page, name, "[data-at='1']").click();
+    await at(page).part("cmdAdd", "button").waitFor();
 }
 
 /** Takes the vital signs of the first patient who waits, up to the save. @returns the visit's number */
 async function takeVitals(page) {
     await openStation(page);
-    await press(page, "cmdAdd");
-    await pickFirst(page, "cboVehNo");
-    await page.locator(`[data-control="frmPreConsult.lblBill"]`).filter({hasText: /001\d{9}/}).waitFor();
-    for (const [name, text] of Object.entries(readings)) {
-        await field(page, name).focus();
-        await page.keyboard.type(text);
-        await page.keyboard.press("Tab");
-    }
-    await pickFirst(page, "CboRef");
-    await field(page, "txtResp").focus();
+    const station = at(page);
+    await station.press("cmdAdd");
+    await station.pickAt("cboVehNo", 1);
+    await station.part("lblBill").filter({hasText: /001\d{9}/}).waitFor();
+    for (const [name, text] of Object.entries(readings)) await station.type(name, text);
+    await station.pickAt("CboRef", 1);
+    await station.field("txtResp").focus();
     await settled(page);
-    return page.locator(`[data-control="frmPreConsult.lblBill"]`).textContent();
+    return station.part("lblBill").textContent();
 }
 
 /** Waits until the session has answered everything. */
@@ -64,8 +44,8 @@ function untilStored(visit) {
 
 /** Presses Save; the "yes", or its reply, is lost on the way. */
 async function saveInto(page, lostSide) {
-    await press(page, "OKButton");
-    await box(page).filter({hasText: "Are you sure to save"}).waitFor();
+    await at(page).press("OKButton");
+    await asked(page);
     house.host.proxy.lose(lostSide);
     await page.keyboard.press("Alt+y");
     await box(page).waitFor({state: "hidden"});
@@ -91,8 +71,8 @@ async function bringBack(page) {
 }
 
 async function save(page) {
-    await press(page, "OKButton");
-    await box(page).filter({hasText: "Are you sure to save"}).waitFor();
+    await at(page).press("OKButton");
+    await asked(page);
     await page.keyboard.press("Alt+y");
 }
 
@@ -100,7 +80,7 @@ test("vital signs half typed come back after a fall, are saved once, and leave n
     const page = await openPage(house);
     await signIn(page);
     const visit = await takeVitals(page);
-    const patient = await field(page, "cboVehNo").inputValue();
+    const patient = await at(page).field("cboVehNo").inputValue();
     await fall(page);
     const told = await page.locator("#kept").textContent();
     assert.match(told, /The host was started anew.*Vital Signs: 9 fields/);
@@ -110,14 +90,13 @@ test("vital signs half typed come back after a fall, are saved once, and leave n
     await offer(page).filter({hasText: "Vital Signs was not saved"}).waitFor();
     await picture(page, "comeback-offer");
     await bringBack(page);
-    assert.equal(await field(page, "cboVehNo").inputValue(), patient);
-    for (const [name, text] of Object.entries(readings)) assert.equal(await field(page, name).inputValue(), text, name);
-    assert.equal(await focused(page), `${station}.txtResp`);
+    assert.equal(await at(page).field("cboVehNo").inputValue(), patient);
+    for (const [name, text] of Object.entries(readings)) assert.equal(await at(page).field(name).inputValue(), text, name);
+    assert.equal(await focused(page), "frmPreConsult.txtResp");
     await picture(page, "comeback-back");
     assert.deepEqual(rowsFor(visit), []);
     await save(page);
-    await box(page).filter({hasText: "Record Succesfully saved"}).waitFor();
-    await page.keyboard.press("Enter");
+    await boxSays(page, "Record Succesfully saved");
     await settled(page);
     assert.equal(rowsFor(visit).length, 1);
     await fall(page);
@@ -171,7 +150,7 @@ test("a save that never arrived says so, and comes back unsaved", async () => {
     await offer(page).filter({hasText: "The save of Vital Signs was not stored."}).waitFor();
     await bringBack(page);
     assert.equal(await box(page).count(), 0);
-    assert.equal(await field(page, "txtTemp").inputValue(), "36.8");
+    assert.equal(await at(page).field("txtTemp").inputValue(), "36.8");
     assert.deepEqual(rowsFor(visit), []);
 });
 
@@ -183,9 +162,7 @@ test("a save whose reply the line lost leaves nothing to bring back", async () =
     untilStored(visit);
     house.host.proxy.cut();
     house.host.proxy.mend();
-    await box(page).filter({hasText: "Record Succesfully saved"}).waitFor();
-    await page.keyboard.press("Enter");
-    await box(page).waitFor({state: "hidden"});
+    await boxSays(page, "Record Succesfully saved");
     await settled(page);
     await fall(page);
     assert.doesNotMatch(await page.locator("#kept").textContent(), /Vital/);
@@ -202,7 +179,7 @@ test("readings of a patient who waits no more are told and typed nowhere", async
     await bringBack(page);
     const told = await page.locator(".v-notice").textContent();
     assert.match(told, new RegExp(`${visit}\\] is not in the list any more.*Temperature: 36\\.8`));
-    assert.equal(await field(page, "txtTemp").inputValue(), "");
+    assert.equal(await at(page).field("txtTemp").inputValue(), "");
     await picture(page, "comeback-gone");
     await page.getByRole("treeitem", {name: "Log Off nurse"}).last().click();
     await page.getByRole("heading", {name: "The session has ended"}).waitFor();
@@ -211,17 +188,16 @@ test("readings of a patient who waits no more are told and typed nowhere", async
 
 test("a registration that carries its patient's name tells it neither where the session ended nor to whoever comes by", async () => {
     const [{FullName: name}] = house.host.query("select top 1 FullName from vwhpatients where FullName like 'OLA%'");
-    const form = "frmPatientsNew";
-    const part = (control, inner = "input") => page.locator(`[data-control="${form}.${control}"] ${inner}`).first();
     const page = await openPage(house);
+    const form = new Screen(page, "frmPatientsNew");
     await signIn(page);
     await openFromMenu(page, "mnuPatReg");
-    await part("txtName").focus();
+    await form.field("txtName").focus();
     await page.keyboard.type(name.slice(0, 12));
-    await part("grdData", `tbody tr[data-row]:has-text("${name}")`).focus();
+    await form.part("grdData", `tbody tr[data-row]:has-text("${name}")`).focus();
     await page.keyboard.press("Enter");
     await page.getByRole("tab", {name}).waitFor();
-    await part("txtfirstNAme").fill("AYO");
+    await form.field("txtfirstNAme").fill("AYO");
     await settled(page);
     await fall(page);
     const told = await page.locator("#kept").textContent();

@@ -1,8 +1,9 @@
 #include <algorithm>
-#include <sstream>
+#include <fstream>
 
 #include "core/session/session.h"
 #include "tests/shell/mainwindow.h"
+#include "tests/support/paths.h"
 #include "ui/captions.h"
 #include "ui/control.h"
 
@@ -40,90 +41,12 @@ protected:
     }
 };
 
-/// Name, what a nurse sees of it, what it does.
-constexpr const char* documentedMenu = R"(
-mnuServList hidden opens frmSchedDoctor
-mnuSI shown opens frmWards
-mnuPatAttnd hidden opens frmRecords
-mnuPatReg shown opens frmPatientsNew
-mnuRDef shown reads
-mnuDash shown nothing
-mnuAuto hidden nothing
-mnuPrint hidden nothing
-mnuRsts hidden opens frmRests
-mnuVitSigns shown opens frmPreConsult
-mnuDial hidden opens frmDialysis
-mnuRegis hidden opens frmPatientsNewNur
-mnuImmune shown opens frmImmune
-mnuPresc hidden opens frmInjectionEntryForAdm
-mnuInj shown opens frmNurseInjection
-mnuORE shown opens frmNurseNote
-mnuDress hidden opens frmNurseDressing
-mnuDashImm shown nothing
-mnuSERP shown opens frmPatientsNew
-mnuSIss shown opens frmAdmission
-mnuGPFA shown opens frmReferalEdit
-mnudash1 shown nothing
-mnuAllergy shown opens frmAllergy
-mnuConHistQ shown opens frmPatList
-mnuCOnHist2 hidden opens frmPatList
-mnuDTC shown opens frmPreConsultAdm
-mnuAS hidden says This information is already in the system
-mnuMC shown opens frmMedChart
-mnuFC shown opens frmFluidChart
-mnuNH hidden opens frmNursingHist
-mnuNCP hidden opens frmNursingHist
-mnuMDTR hidden nothing
-mnuNDRS hidden nothing
-mnuDPC hidden nothing
-mnuDSAR shown opens frmDischargeForNuse
-mnuDashRpt shown nothing
-mnuNNote shown opens frmNurseNote
-mnuNDR shown opens frmNurseDaily
-mnuRecall shown nothing
-mnuOLFD shown says This Action requires Management Permission to Discharge Patient on Discharge Overdue List
-mnuRecover shown opens frmRecover
-mnuPO shown opens frmANCAndDelv
-mnuDIN hidden nothing
-mnuDC hidden opens frmDocNotes
-mnuDisch hidden opens frmDischarge
-mnuOpr hidden opens frmSurgery
-mnuGenBill hidden opens frmBillService
-mnuDAN hidden nothing
-mnuBillCorp hidden nothing
-mnuVerify hidden nothing
-mnuPI hidden nothing
-mnuCollate hidden nothing
-mnuReceipt hidden nothing
-mnuDashBill hidden nothing
-mnuSIE hidden opens frmStockItems
-mnuSPE hidden opens frmDrugPrice
-mnuDrugs hidden opens frmDrugPriceHMO
-mnuInv hidden opens frmLabPriceHMO
-mnuServ hidden opens frmServPriceHMO
-mnuEditFind hidden nothing
-mnuVSII hidden nothing
-mnuRemnd hidden opens frmReminder
-mnuPCOA shown says No Patient on Admission
-mnuVit shown says No Patient at Nursing Station
-mnuConDetl shown opens rptPanelCon
-mnuRptSI hidden says No new Babies delivered Today
-mnuRptSB shown says No Patient Admission to clinic For Today
-mnuDischT shown says No Patient discharged from clinic Today
-mnuLab shown opens FrmRptSummQRV
-mnuDashInc shown nothing
-mnuANCAD shown opens rptPanelNursing
-mnuMRpts shown opens rptPanelWardRound
-mnuChg shown opens frmChngPwd
-mnuWindowTV shown arranges {"MdiVorel.ChildArea":{"arrangement":"tileVertical"}}
-mnuWindowTH shown arranges {"MdiVorel.ChildArea":{"arrangement":"tileHorizontal"}}
-mnuWindowCascade shown arranges {"MdiVorel.ChildArea":{"arrangement":"cascade"}}
-)";
-
 TEST_F(MenuTest, EveryEntryDoesWhatItsRowSays) {
-    std::istringstream rows(documentedMenu + 1);
+    std::ifstream rows(sourceDirectory() / "tests/shell/menu.txt");
     std::size_t entries = 1;  // mnuEPE ends the session: see the leaves
-    for (std::string row; std::getline(rows, row); ++entries) {
+    for (std::string row; std::getline(rows, row);) {
+        if (row.starts_with('#')) continue;
+        ++entries;
         const auto name = row.substr(0, row.find(' '));
         if (const auto says = row.find("says "); says != std::string::npos)
             hospital.expectMessage(row.substr(says + 5));

@@ -15,7 +15,8 @@ TextIndex readTextIndex(std::string_view statement) {
     if (sameName(index.view, "dbo") && tokens.accept(".")) index.view = tokens.name();
     if (creates) {
         tokens.expect("(");
-        index.column = tokens.name();
+        do index.columns.push_back(tokens.name());
+        while (tokens.accept(","));
         for (const auto* word : {")", "key", "index"}) tokens.expect(word);
         index.key = tokens.name();
     }

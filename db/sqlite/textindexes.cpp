@@ -7,8 +7,9 @@
 #include "db/sqlite/writer.h"
 
 // A full-text index answers "COLUMN like '%part%'" without reading every row. It consists of a table with each row's
-// key and folded text, and over that the engine's own index of all runs of three letters (fts5.html, section 4.3.4),
-// which finds a longer part exactly. Triggers on the table behind the view keep both in step.
+// key and folded texts, a column each ("text0", ...), and over that the engine's own index of all runs of three letters
+// (fts5.html, section 4.3.4), which finds a longer part exactly. Triggers on the table behind the view keep both in
+// step.
 
 namespace db::sqlite {
 namespace {
@@ -29,21 +30,43 @@ private:
 constexpr const char* registry = "vorel_textindex";
 constexpr const char* events[] = {"insert", "update", "delete"};
 
+std::string textColumn(std::size_t place) {
+    return "text" + std::to_string(place);
+}
+
+/// Something of every column, one after the other: "text0, text1".
+template <class Spelling>
+std::string eachColumn(const TextIndex& index, const Spelling& spelling) {
+    std::string list;
+    for (std::size_t place = 0; place < index.columns.size(); ++place)
+        list += (place > 0 ? ", " : "") + spelling(place);
+    return list;
+}
+
+std::string textColumns(const TextIndex& index) {
+    return eachColumn(index, textColumn);
+}
+
+/// The columns as they are searched: folded.
+std::string searched(const TextIndex& index) {
+    return eachColumn(index, [&](std::size_t place) { return "tsql_lower(" + quotedName(index.columns[place]) + ")"; });
+}
+
 /// Takes a row out of the index; `key` is an expression.
-std::string removal(const Names& names, const std::string& key) {
-    return "insert into " + names.runs + " (" + names.runs + ", rowid, text) select 'delete', id, text from " +
-           names.texts + " where key = " + key + ";\ndelete from " + names.texts + " where key = " + key + ";\n";
+std::string removal(const Names& names, const TextIndex& index, const std::string& key) {
+    return "insert into " + names.runs + " (" + names.runs + ", rowid, " + textColumns(index) +
+           ") select 'delete', id, " + textColumns(index) + " from " + names.texts + " where key = " + key +
+           ";\ndelete from " + names.texts + " where key = " + key + ";\n";
 }
 
 std::string rows(const TextIndex& index) {
-    return "select " + quotedName(index.key) + ", tsql_lower(" + quotedName(index.column) + ") from " +
-           quotedName(index.view);
+    return "select " + quotedName(index.key) + ", " + searched(index) + " from " + quotedName(index.view);
 }
 
 std::string addition(const Names& names, const TextIndex& index, const std::string& key) {
-    return "insert into " + names.texts + " (key, text) " + rows(index) + " where " + quotedName(index.key) + " = " +
-           key + ";\ninsert into " + names.runs + " (rowid, text) select id, text from " + names.texts +
-           " where key = " + key + ";\n";
+    return "insert into " + names.texts + " (key, " + textColumns(index) + ") " + rows(index) + " where " +
+           quotedName(index.key) + " = " + key + ";\ninsert into " + names.runs + " (rowid, " + textColumns(index) +
+           ") select id, " + textColumns(index) + " from " + names.texts + " where key = " + key + ";\n";
 }
 
 /// An insert looks for a row of before too: a table's other triggers may have changed the new row already.
@@ -54,12 +77,29 @@ std::string triggers(const Names& names, const TextIndex& index, const std::stri
         return "create trigger " + names.trigger(event) + " after " + event + " on " + table + when + " begin\n" +
                work + "end;\n";
     };
-    const auto changed = " when " + before + " <> " + now + " or (select text from " + names.texts +
-                         " where key = " + now + ") is not (select tsql_lower(" + quotedName(index.column) + ") from " +
+    const auto changed = " when " + before + " <> " + now + " or (select " + textColumns(index) + " from " +
+                         names.texts + " where key = " + now + ") is not (select " + searched(index) + " from " +
                          quotedName(index.view) + " where " + quotedName(index.key) + " = " + now + ")";
-    return on("insert", "", removal(names, now) + addition(names, index, now)) +
-           on("update", changed, removal(names, before) + addition(names, index, now)) +
-           on("delete", "", removal(names, before));
+    return on("insert", "", removal(names, index, now) + addition(names, index, now)) +
+           on("update", changed, removal(names, index, before) + addition(names, index, now)) +
+           on("delete", "", removal(names, index, before));
+}
+
+/// The names of columns as the registry keeps them, and back.
+std::string listed(const std::vector<std::string>& names) {
+    std::string list;
+    for (const auto& name : names) list += (list.empty() ? "" : ",") + name;
+    return list;
+}
+
+std::vector<std::string> unlisted(std::string_view list) {
+    std::vector<std::string> names;
+    for (std::size_t from = 0; from <= list.size();) {
+        const auto end = std::min(list.find(',', from), list.size());
+        names.emplace_back(list.substr(from, end - from));
+        from = end + 1;
+    }
+    return names;
 }
 
 /// Whether the index gives what a pattern asks for: "%part%" with three characters or more, none of them special.
@@ -81,12 +121,13 @@ void SqliteEngine::createTextIndex(const TextIndex& index) {
     whole([&] {
         line_.run((std::string("create table if not exists ") + registry +
                    " (view text primary key collate nocase, searched text not null, key text not null);\ninsert into " +
-                   registry + " values (" + textLiteral(index.view) + ", " + textLiteral(index.column) + ", " +
+                   registry + " values (" + textLiteral(index.view) + ", " + textLiteral(listed(index.columns)) + ", " +
                    textLiteral(index.key) + ");\ncreate table " + names.texts +
-                   " (id integer primary key, key text not null unique collate VTEXT, text text collate VTEXT);\n"
-                   "insert into " +
-                   names.texts + " (key, text) " + rows(index) + ";\ncreate virtual table " + names.runs +
-                   " using fts5(text, content=" + names.texts +
+                   " (id integer primary key, key text not null unique collate VTEXT, " +
+                   eachColumn(index, [](std::size_t place) { return textColumn(place) + " text collate VTEXT"; }) +
+                   ");\ninsert into " + names.texts + " (key, " + textColumns(index) + ") " + rows(index) +
+                   ";\ncreate virtual table " + names.runs + " using fts5(" + textColumns(index) +
+                   ", content=" + names.texts +
                    ", content_rowid=id, tokenize='trigram case_sensitive 1');\ninsert into " + names.runs + " (" +
                    names.runs + ") values ('rebuild');\n" + triggers(names, index, quotedName(table), quotedName(key)))
                       .c_str(),
@@ -116,7 +157,7 @@ const std::vector<TextIndex>& SqliteEngine::textIndexes() {
         return std::string(reinterpret_cast<const char*>(sqlite3_column_text(ready.statement.get(), column)));
     };
     while ((code = sqlite3_step(ready.statement.get())) == SQLITE_ROW)
-        textIndexes_->push_back({field(0), field(1), field(2)});
+        textIndexes_->push_back({field(0), unlisted(field(1)), field(2)});
     line_.check(code, "read the full-text indexes");
     return *textIndexes_;
 }
@@ -126,19 +167,23 @@ void SqliteEngine::addIndexed(Prepared& fresh, const dialect::Translated& transl
     const auto& search = translated.search;
     if (search.column.empty()) return;
     const auto& indexes = textIndexes();
-    const auto index = std::find_if(indexes.begin(), indexes.end(), [&](const auto& known) {
-        return sameName(known.view, translated.object) && sameName(quotedName(known.column), search.column);
-    });
+    const auto index = std::find_if(indexes.begin(), indexes.end(),
+                                    [&](const auto& known) { return sameName(known.view, translated.object); });
+    if (index == indexes.end()) return;
+    const auto column = std::find_if(index->columns.begin(), index->columns.end(),
+                                     [&](const auto& known) { return sameName(quotedName(known), search.column); });
     const auto place = translated.text.find(search.condition);
-    if (index == indexes.end() || translated.text.find(search.condition, place + 1) != std::string::npos) return;
+    if (column == index->columns.end() || translated.text.find(search.condition, place + 1) != std::string::npos)
+        return;
     const Names names(index->view);
-    const auto first = search.limit.empty() ? "" : " order by t.text" + search.limit;
-    auto text = translated.text;
-    text.replace(place, search.condition.size(),
-                 "(" + search.condition + " and " + quotedName(index->key) + " in (select t.key from " + names.runs +
-                     " r join " + names.texts + " t on t.id = r.rowid where r.text match tsql_phrase(" + search.place +
-                     ")" + first + "))");
-    fresh.indexed = std::make_unique<Prepared>(prepareWithViews(text));
+    const auto text = textColumn(static_cast<std::size_t>(column - index->columns.begin()));
+    const auto first = search.limit.empty() ? "" : " order by t." + text + search.limit;
+    auto indexed = translated.text;
+    indexed.replace(place, search.condition.size(),
+                    "(" + search.condition + " and " + quotedName(index->key) + " in (select t.key from " + names.runs +
+                        " r join " + names.texts + " t on t.id = r.rowid where r." + text + " match tsql_phrase(" +
+                        search.place + ")" + first + "))");
+    fresh.indexed = std::make_unique<Prepared>(prepareWithViews(indexed));
     fresh.indexed->object = fresh.object;
     fresh.pattern = std::stoul(search.place.substr(1)) - 1;
 }

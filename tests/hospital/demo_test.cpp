@@ -66,9 +66,10 @@ TEST(Demonstration, KeepsTheRulesThatScreensRelyOn) {
         test::DemonstrationFiles house(patients);
         std::ifstream rules(test::sourceDirectory() / "tests/hospital/demorules.sql");
         int count = 0;
-        for (std::string rule; std::getline(rules, rule); ++count)
-            if (!rule.starts_with("--"))
-                EXPECT_EQ(house.count(hospital::scriptSql(rule)), 0U) << patients << ": " << rule;
+        for (std::string rule; std::getline(rules, rule); ++count) {
+            if (rule.starts_with("--")) continue;
+            EXPECT_EQ(house.count(hospital::scriptSql(rule)), 0U) << patients << ": " << rule;
+        }
         EXPECT_GT(count, 30);
         EXPECT_EQ(house.count("select PNo from hPatients"_sql), static_cast<std::size_t>(patients));
         EXPECT_GE(house.count("select username from vwUsers where loginrole='NURSING' and AccountStatus='ENABLED'"_sql),

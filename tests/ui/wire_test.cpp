@@ -106,33 +106,33 @@ TEST(Rows, hashesTellEveryDifferenceOfACell) {
 }
 
 /// What a page makes of the rows that it is told of.
-class GridPage {
-public:
+class GridPage : public Talk {
+protected:
     GridPage() {
-        talk.desktop.setServesPage(true);
-        talk.ward().grdData.bind(rowsOf({{"Ada", 1}, {"Bola", 2}, {"Chidi", 3}}));
-        talk.desktop.show("frmWard");
+        desktop.setServesPage(true);
+        desktop.hide("frmWard");
+        ward().grdData.bind(rowsOf({{"Ada", 1}, {"Bola", 2}, {"Chidi", 3}}));
+        desktop.show("frmWard");
         hear();
     }
     /// The `rows` that were told, and what the page shows then.
     json bind(const std::vector<std::pair<std::string, int>>& rows) {
-        talk.ward().grdData.bind(rowsOf(rows));
+        ward().grdData.bind(rowsOf(rows));
         return hear();
     }
     json hear() {
-        talk.conversation.flush();
+        conversation.flush();
         json told;
-        for (const json& reply : std::exchange(talk.replies, {}))
+        for (const json& reply : std::exchange(sent, {}))
             for (const json& event : reply["events"]) {
                 if (event.contains("state")) shown = event["state"]["controls"]["grdData"]["rows"];
                 const json change = event.value("/changed/frmWard.grdData"_json_pointer, json());
                 if (change.contains("rows")) apply(told = change["rows"]);
             }
-        EXPECT_EQ(shown, talk.ward().grdData.state()["rows"]);
+        EXPECT_EQ(shown, ward().grdData.state()["rows"]);
         return told;
     }
 
-    Talk talk;
     json shown;
 
 private:
@@ -153,28 +153,28 @@ private:
     }
 };
 
-TEST(Rows, aPageHearsOfThoseThatChangedAndOfAllWhereItKnowsNone) {
-    GridPage page;
+TEST_F(GridPage, hearsOfTheRowsThatChangedAndOfAllWhereItKnowsNone) {
     EXPECT_EQ(
-        page.bind({{"Zainab", 9}, {"Ada", 1}, {"Bola", 2}, {"Chidi", 4}}).dump(),
+        bind({{"Zainab", 9}, {"Ada", 1}, {"Bola", 2}, {"Chidi", 4}}).dump(),
         R"({"splices":[{"come":[["Zainab","9"]],"from":0,"gone":0},{"come":[["Chidi","4"]],"from":2,"gone":1}]})");
-    EXPECT_TRUE(page.bind({{"Zainab", 9}, {"Ada", 1}, {"Bola", 2}, {"Chidi", 4}}).is_null());
-    EXPECT_EQ(page.bind({{"Ada", 1}}).dump(),
+    EXPECT_TRUE(bind({{"Zainab", 9}, {"Ada", 1}, {"Bola", 2}, {"Chidi", 4}}).is_null());
+    EXPECT_EQ(bind({{"Ada", 1}}).dump(),
               R"({"splices":[{"come":[],"from":0,"gone":1},{"come":[],"from":2,"gone":2}]})");
-    EXPECT_EQ(page.bind({}).dump(), "[]");
-    EXPECT_EQ(page.bind({{"Ada", 1}, {"Bola", 2}}).size(), 2U);
-    page.talk.desktop.hide("frmWard");
-    page.talk.ward().grdData.bind(rowsOf({{"Musa", 3}, {"Bola", 2}}));
-    page.hear();
-    page.talk.desktop.show("frmWard");
-    page.hear();
-    EXPECT_EQ(page.bind({{"Musa", 3}})["splices"].size(), 1U) << "the opened screen brought its rows";
+    EXPECT_EQ(bind({}).dump(), "[]");
+    EXPECT_EQ(bind({{"Ada", 1}, {"Bola", 2}}).size(), 2U);
+    desktop.hide("frmWard");
+    ward().grdData.bind(rowsOf({{"Musa", 3}, {"Bola", 2}}));
+    hear();
+    desktop.show("frmWard");
+    hear();
+    EXPECT_EQ(bind({{"Musa", 3}})["splices"].size(), 1U) << "the opened screen brought its rows";
+}
 
-    Talk script;
+TEST_F(Talk, ofAScriptHearsWholeRows) {
     for (const int number : {1, 2}) {
-        script.ward().grdData.bind(rowsOf({{"Ada", number}, {"Bola", 2}}));
-        script.conversation.flush();
-        EXPECT_TRUE(script.replies.back()["events"][0]["changed"]["frmWard.grdData"]["rows"].is_array());
+        ward().grdData.bind(rowsOf({{"Ada", number}, {"Bola", 2}}));
+        conversation.flush();
+        EXPECT_TRUE(sent.back()["events"][0]["changed"]["frmWard.grdData"]["rows"].is_array());
     }
 }
 
@@ -201,22 +201,19 @@ TEST(ItemList, findsTextsInAnyLetterCaseThoseThatStartFirst) {
     EXPECT_EQ(all, "Bola Ada|ADA OBI|Ọláyíwọlá||adamu|Ça va|obI|last|");
 }
 
-class LongList : public testing::Test {
+class LongList : public Talk {
 protected:
     LongList() { fill(1000); }
     void fill(int count, const std::string& name = "Ward ") {
         ward().cboWard.clear();
         for (int number = 0; number < count; ++number) ward().cboWard.add(name + std::to_string(number));
-        talk.conversation.flush();
-        talk.replies.clear();
+        conversation.flush();
+        sent.clear();
     }
-    test::frmWard& ward() { return talk.ward(); }
     json window(const std::string& request) {
-        return talk.say(request)["events"].at(0)["changed"]["frmWard.cboWard"]["window"];
+        return say(request)["events"].at(0)["changed"]["frmWard.cboWard"]["window"];
     }
-    std::string error(const std::string& request) { return talk.say(request)["events"].at(0).value("error", ""); }
-
-    Talk talk;
+    std::string error(const std::string& request) { return say(request)["events"].at(0).value("error", ""); }
 };
 
 TEST_F(LongList, staysWithTheHostWhichTellsWindowsOfIt) {
@@ -233,14 +230,14 @@ TEST_F(LongList, staysWithTheHostWhichTellsWindowsOfIt) {
     EXPECT_EQ(window(R"({"list":"frmWard.cboWard"})")["items"].size(), ui::ItemControl::mostShown);
 
     ward().cboWard.setItems({{"Male", "M"}});
-    talk.conversation.flush();
-    EXPECT_EQ(talk.replies.back()["events"][0]["changed"]["frmWard.cboWard"]["items"].dump(), R"([{"text":"Male"}])");
+    conversation.flush();
+    EXPECT_EQ(sent.back()["events"][0]["changed"]["frmWard.cboWard"]["items"].dump(), R"([{"text":"Male"}])");
     fill(301);
     EXPECT_NE(ward().cboWard.state()["items"]["filling"], items["filling"]);
 }
 
 TEST_F(LongList, isPickedByNumberAndTextAndNeverByThoseOfAnOlderFilling) {
-    const auto reply = talk.say(R"({"set":"frmWard.cboWard","to":{"row":990,"text":"Ward 990"}})");
+    const auto reply = say(R"({"set":"frmWard.cboWard","to":{"row":990,"text":"Ward 990"}})");
     EXPECT_EQ(reply["events"][0]["changed"]["frmWard.cboWard"].dump(), R"({"index":990})") << "no echo of its text";
     fill(995, "Bed ");
     for (const char* to :
@@ -248,22 +245,22 @@ TEST_F(LongList, isPickedByNumberAndTextAndNeverByThoseOfAnOlderFilling) {
         EXPECT_EQ(error(std::string(R"({"set":"frmWard.cboWard","to":)") + to + "}"),
                   "the list of frmWard.cboWard has changed: pick again");
     EXPECT_EQ(ward().cboWard.index(), -1);
-    talk.say(R"({"set":"frmWard.cboWard","to":{"row":990}})");
+    say(R"({"set":"frmWard.cboWard","to":{"row":990}})");
     EXPECT_EQ(ward().cboWard.text(), "Bed 990");
     ward().cboWard.add("\xFF bytes");
-    talk.conversation.flush();
-    talk.say(R"({"set":"frmWard.cboWard","to":{"row":995,"text":")"
-             "\xEF\xBF\xBD"
-             R"( bytes"}})");
+    conversation.flush();
+    say(R"({"set":"frmWard.cboWard","to":{"row":995,"text":")"
+        "\xEF\xBF\xBD"
+        R"( bytes"}})");
     EXPECT_EQ(ward().cboWard.index(), 995) << "what is no UTF-8 is known by how it was shown";
 }
 
 TEST_F(LongList, isAskedForWithoutRunningAnythingAndOnlyWhereItShows) {
     const std::string ask = R"({"list":"frmWard.cboWard","holds":"x"})";
-    const auto activity = talk.desktop.lastActivity();
+    const auto activity = desktop.lastActivity();
     EXPECT_EQ(window(ask)["count"], 0);
-    EXPECT_EQ(talk.desktop.lastActivity(), activity) << "a page asks by itself when a list changes";
-    const auto replies = talk.say(std::deque<std::string>{R"({"fire":"frmWard.cmdAsk"})", ask, R"({"answer":"no"})"});
+    EXPECT_EQ(desktop.lastActivity(), activity) << "a page asks by itself when a list changes";
+    const auto replies = say(std::deque<std::string>{R"({"fire":"frmWard.cmdAsk"})", ask, R"({"answer":"no"})"});
     EXPECT_TRUE(replies.at(1)["events"][0].contains("changed")) << "a box covers no list";
     EXPECT_EQ(replies.at(1)["waiting"]["text"], "Sure?");
     EXPECT_EQ(error(R"({"list":"frmWard.cboWard","holds":7})"), "holds takes a text");
@@ -275,15 +272,15 @@ TEST_F(LongList, isAskedForWithoutRunningAnythingAndOnlyWhereItShows) {
     EXPECT_EQ(error(R"({"list":"frmWard.txtName"})"), "frmWard.txtName is no list");
     EXPECT_EQ(error(R"({"list":"frmWard.cboWard","most":5})"), "list has a key that it does not take");
     ward().cboWard.setEnabled(false);
-    talk.conversation.flush();
+    conversation.flush();
     EXPECT_EQ(window(ask)["count"], 0) << "a list may be looked at";
     ward().cboWard.heldBy(ward().panel);
     ward().panel.setVisible(false);
-    talk.conversation.flush();
+    conversation.flush();
     EXPECT_EQ(error(ask), "frmWard.cboWard is hidden");
     ward().panel.setVisible(true);
-    talk.desktop.hide("frmWard");
-    talk.conversation.flush();
+    desktop.hide("frmWard");
+    conversation.flush();
     EXPECT_EQ(error(ask), "frmWard.cboWard is hidden");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#define ZLIB_CONST  // what is compressed is only read
 #include <zlib.h>
 
 #include <stdexcept>
@@ -20,10 +21,10 @@ public:
     Inflater& operator=(const Inflater&) = delete;
     ~Inflater() { inflateEnd(&stream_); }
 
-    std::string operator()(std::string compressed) {
+    std::string operator()(const std::string& compressed) {
         std::string text;
         std::string piece(65536, '\0');
-        stream_.next_in = reinterpret_cast<Bytef*>(compressed.data());
+        stream_.next_in = reinterpret_cast<const Bytef*>(compressed.data());
         stream_.avail_in = static_cast<uInt>(compressed.size());
         do {
             stream_.next_out = reinterpret_cast<Bytef*>(piece.data());
@@ -40,14 +41,14 @@ private:
 };
 
 /// A message as a browser compresses it, whose window is 1 KiB: the text so many times.
-inline std::string deflated(std::string text, int times = 1) {
+inline std::string deflated(const std::string& text, int times = 1) {
     z_stream stream{};
     if (deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, -10, MAX_MEM_LEVEL, Z_DEFAULT_STRATEGY) != Z_OK)
         throw std::runtime_error("cannot deflate");
     std::string compressed;
     std::string piece(deflateBound(&stream, text.size()) + 16, '\0');
     for (int i = 1; i <= times; ++i) {
-        stream.next_in = reinterpret_cast<Bytef*>(text.data());
+        stream.next_in = reinterpret_cast<const Bytef*>(text.data());
         stream.avail_in = static_cast<uInt>(text.size());
         stream.next_out = reinterpret_cast<Bytef*>(piece.data());
         stream.avail_out = static_cast<uInt>(piece.size());

@@ -1,5 +1,6 @@
--- What the embedded engine has besides: an index for searches inside names.
+-- What the embedded engine has besides: an index for searches inside names and telephone numbers.
 
 -- select top 20  * from vwhpatients where fullname like '%ADE%'  order by fullname
-create fulltext index on vwhpatients (FullName) key index pno
+-- select  * from vwhpatients where PhoneNo like '%08031234567%' order by fullname
+create fulltext index on vwhpatients (FullName, PhoneNo) key index pno
 GO

@@ -3,7 +3,10 @@
 #include <fcntl.h>
 #include <sys/wait.h>
 
+#include <boost/process/args.hpp>
+#include <boost/process/io.hpp>
 #include <csignal>
+#include <iterator>
 #include <stdexcept>
 
 #include "tests/support/directory.h"
@@ -11,109 +14,43 @@
 
 namespace e2e {
 
-namespace {
+namespace bp = boost::process;
 
-std::vector<char*> argumentsOf(std::vector<std::string>& words) {
-    std::vector<char*> pointers;
-    for (auto& word : words) pointers.push_back(word.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
-/// The child's side of a fork: `output` takes the place of one of its streams.
-[[noreturn]] void become(const std::vector<std::string>& arguments, int input, int output, int stream) {
-    dup2(input, STDIN_FILENO);
-    dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
-    dup2(output, stream);
-    for (int descriptor = 3; descriptor < 256; ++descriptor) close(descriptor);
-    const auto program = (test::buildDirectory() / "vorel").string();
-    std::vector<std::string> words{program};
-    words.insert(words.end(), arguments.begin(), arguments.end());
-    execv(program.c_str(), argumentsOf(words).data());
-    _exit(127);
-}
-
-struct Pipe {
-    Pipe() {
-        int ends[2];
-        if (pipe(ends) != 0) throw std::runtime_error("pipe");
-        read = ends[0];
-        write = ends[1];
-    }
-    int read = -1, write = -1;
-};
-
-}  // namespace
-
-Process::Process(const std::vector<std::string>& arguments, int stream) {
-    const Pipe in, out;
-    pid_ = fork();  // cppcheck-suppress useInitializationList ; the pipes come first
-    if (pid_ == 0) become(arguments, in.read, out.write, stream);
+Process::Process(const std::vector<std::string>& arguments, Reads reads) {
     std::signal(SIGPIPE, SIG_IGN);  // one that was killed reads no more
-    close(in.read);
-    close(out.write);
-    input_ = in.write;
-    output_ = out.read;
-}
-
-Process::~Process() {
-    closeInput();
-    if (pid_ > 0) {
-        ::kill(pid_, SIGKILL);
-        wait();
-    }
-    close(output_);
-}
-
-void Process::writeLine(const std::string& line) const {
-    const std::string text = line + "\n";
-    std::size_t sent = 0;
-    while (sent < text.size()) {
-        const auto count = write(input_, text.data() + sent, text.size() - sent);
-        if (count <= 0) return;
-        sent += static_cast<std::size_t>(count);
-    }
-}
-
-bool Process::readMore() {
-    char buffer[65536];
-    const auto count = read(output_, buffer, sizeof buffer);
-    if (count > 0) pending_.append(buffer, static_cast<std::size_t>(count));
-    return count > 0;
+    for (const int end : {input_.pipe().native_source(), input_.pipe().native_sink(), output_.pipe().native_source(),
+                          output_.pipe().native_sink()})
+        fcntl(end, F_SETFD, FD_CLOEXEC);  // no other child holds them open
+    const auto program = (test::buildDirectory() / "vorel").string();
+    if (reads == Reads::errors)
+        child_ =
+            bp::child(program, bp::args(arguments), bp::std_in<input_, bp::std_out> bp::null, bp::std_err > output_);
+    else
+        child_ = bp::child(program, bp::args(arguments), bp::std_in<input_, bp::std_out> output_);
 }
 
 std::string Process::readLine() {
-    while (pending_.find('\n') == std::string::npos)
-        if (!readMore()) return {};
-    const auto end = pending_.find('\n');
-    const std::string line = pending_.substr(0, end);
-    pending_.erase(0, end + 1);
+    std::string line;
+    std::getline(output_, line);
     return line;
 }
 
 std::string Process::readAll() {
-    while (readMore()) continue;
-    return std::exchange(pending_, {});
-}
-
-void Process::closeInput() {
-    if (input_ >= 0) close(input_);
-    input_ = -1;
+    return std::string(std::istreambuf_iterator<char>(output_), std::istreambuf_iterator<char>());
 }
 
 void Process::kill(int signal) const {
-    ::kill(pid_, signal);
+    ::kill(child_.id(), signal);
 }
 
 int Process::wait() {
-    int status = 0;
-    waitpid(pid_, &status, 0);
-    pid_ = -1;
+    child_.wait();
+    const int status = child_.native_exit_code();
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 Finished run(const std::vector<std::string>& arguments) {
-    Process process(arguments, STDERR_FILENO);
+    Process process(arguments, Process::Reads::errors);
     process.closeInput();
     const std::string errors = process.readAll();
     return {process.wait(), errors};

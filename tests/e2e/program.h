@@ -1,8 +1,7 @@
 #pragma once
 
-#include <sys/types.h>
-#include <unistd.h>
-
+#include <boost/process/child.hpp>
+#include <boost/process/pipe.hpp>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -10,32 +9,26 @@
 
 namespace e2e {
 
-/// A child process of the built program with pipes at both ends.
+/// A child process of the built program with pipes at both ends. It is killed with the object.
 class Process {
 public:
-    /// `stream` is the one of its streams that is read here.
-    explicit Process(const std::vector<std::string>& arguments, int stream = STDOUT_FILENO);
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-    ~Process();
+    enum class Reads { output, errors };  ///< which of its streams is read here
+    explicit Process(const std::vector<std::string>& arguments, Reads reads = Reads::output);
 
-    void writeLine(const std::string& line) const;
+    void writeLine(const std::string& line) { input_ << line << std::endl; }
     /// The next line of its output, or "" at its end.
     std::string readLine();
     /// All that is still to come.
     std::string readAll();
-    void closeInput();
+    void closeInput() { input_.close(); }
     void kill(int signal) const;
     /// Waits for its end; the exit status, or minus the signal.
     int wait();
 
 private:
-    bool readMore();
-
-    pid_t pid_ = -1;
-    int input_ = -1;
-    int output_ = -1;
-    std::string pending_;
+    boost::process::opstream input_;
+    boost::process::ipstream output_;
+    boost::process::child child_;
 };
 
 struct Finished {

@@ -28,22 +28,6 @@ TEST_F(WindowTest, LoadShowsWhoWorksWhereAndWhen) {
     EXPECT_EQ(activity(), openActivity);
 }
 
-TEST_F(WindowTest, TimersStartAsDesigned) {
-    struct Case {
-        const ui::Timer& timer;
-        bool running;
-        int milliseconds;
-    };
-    const Case cases[] = {{window().Timer1, true, 60000},    {window().Timer2, true, 60000},
-                          {window().Timer3, true, 60000},    {window().tmrExpired, false, 500},
-                          {window().tmrNotify, false, 500},  {window().tmrMDI, false, 500},
-                          {window().tmrSound, false, 60000}, {window().tmrIdle, false, 10000}};
-    for (const auto& [timer, running, milliseconds] : cases) {
-        EXPECT_EQ(timer.running(), running) << timer.name();
-        EXPECT_EQ(timer.interval().count(), milliseconds) << timer.name();
-    }
-}
-
 TEST(WindowLoadTest, AFailedActivityRowDoesNotStopTheNurse) {
     TestHospital hospital;
     shell::provideScreens(hospital.place);

@@ -17,6 +17,7 @@ export function makeField(control, view, columns) {
     const target = view.input ?? view.element;
     const field = h("div", {class: `v-field v-kind-${control.state.kind} ${widthClass(item, columns)}`});
     field.dataset.control = control.path;
+    field.classList.toggle("v-measured", item.measure !== undefined);
     if (!target.id) target.id = newId();
     const note = h("span", {class: "v-note", id: newId(), role: "status"});
     if (item.label !== undefined || !selfLabelled.has(control.state.kind))

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "db/letters.h"
-#include "ui/names.h"
 
 namespace ui {
 
@@ -159,7 +158,7 @@ std::string columnCaption(std::string_view column) {
 
 std::string wordsOfName(std::string_view name) {
     for (const std::string_view prefix : {"frm", "rpt"})
-        if (name.size() > prefix.size() && sameName(name.substr(0, prefix.size()), prefix))
+        if (name.size() > prefix.size() && db::sameName(name.substr(0, prefix.size()), prefix))
             return apart(name.substr(prefix.size()));
     return apart(name);
 }

@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "db/error.h"
+#include "db/letters.h"
 #include "ui/captions.h"
 #include "ui/controls.h"
 #include "ui/desktop_impl.h"
-#include "ui/names.h"
 
 namespace ui {
 
@@ -24,12 +24,12 @@ Desktop::~Desktop() {
 }
 
 void Desktop::provide(std::string name, Factory factory) {
-    std::string key = lowerName(name);
+    std::string key = db::lowered(name);
     impl_->provided.insert_or_assign(std::move(key), Impl::Provided{std::move(name), std::move(factory)});
 }
 
 bool Desktop::provides(std::string_view name) const {
-    return impl_->provided.contains(lowerName(name));
+    return impl_->provided.contains(db::lowered(name));
 }
 
 std::vector<std::string> Desktop::provided() const {
@@ -41,7 +41,7 @@ std::vector<std::string> Desktop::provided() const {
 
 Screen* Desktop::loaded(std::string_view name) const {
     for (const auto& entry : impl_->entries)
-        if (sameName(entry.screen->name(), name)) return entry.screen.get();
+        if (db::sameName(entry.screen->name(), name)) return entry.screen.get();
     return nullptr;
 }
 
@@ -87,7 +87,7 @@ Screen* Desktop::ready(std::string_view name) {
 }
 
 Screen* Desktop::make(std::string_view name) {
-    std::unique_ptr<Screen> made = impl_->provided.at(lowerName(name)).factory();
+    std::unique_ptr<Screen> made = impl_->provided.at(db::lowered(name)).factory();
     Screen* screen = made.get();
     impl_->entries.push_back({std::move(made)});
     try {

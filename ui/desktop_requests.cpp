@@ -3,8 +3,8 @@
 #include "ui/controls.h"
 #include "ui/desktop.h"
 #include "ui/desktop_impl.h"
-#include "ui/names.h"
 
+#include "db/letters.h"
 namespace ui {
 
 Desktop::Target Desktop::target(std::string_view path) const {
@@ -18,8 +18,8 @@ Desktop::Target Desktop::target(std::string_view path) const {
     const std::string_view member = rest.substr(0, second);
     if (Control* control = screen->find(member))
         return {screen, control, second == std::string_view::npos ? "" : std::string(rest.substr(second + 1))};
-    if (second == std::string_view::npos && (sameName(member, "Unload") || sameName(member, "Activate")))
-        return {screen, nullptr, lowerName(member)};
+    if (second == std::string_view::npos && (db::sameName(member, "Unload") || db::sameName(member, "Activate")))
+        return {screen, nullptr, db::lowered(member)};
     throw Refused{screen->name() + " has no control " + std::string(member)};
 }
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "ui/names.h"
+#include "db/letters.h"
 
 namespace ui {
 namespace {
@@ -19,7 +19,7 @@ std::string_view nameOf(Event event) noexcept {
 
 std::optional<Event> eventNamed(std::string_view name) noexcept {
     for (std::size_t place = 0; place < names.size(); ++place)
-        if (sameName(names.at(place), name)) return static_cast<Event>(place);
+        if (db::sameName(names.at(place), name)) return static_cast<Event>(place);
     return std::nullopt;
 }
 

@@ -1,10 +1,10 @@
 #include <algorithm>
 
 #include "db/error.h"
+#include "db/letters.h"
 #include "ui/captions.h"
 #include "ui/content.h"
 #include "ui/controls.h"
-#include "ui/names.h"
 
 namespace ui {
 
@@ -45,19 +45,19 @@ void DataGrid::setRow(int row) {
 std::string DataGrid::text(std::string_view field) const {
     if (row_ < 0) throw db::Error(db::Category::other, "Invalid row number");
     for (std::size_t column = 0; column < rows_.fields().size(); ++column)
-        if (sameName(rows_.fields()[column], field))
+        if (db::sameName(rows_.fields()[column], field))
             return shownText(rows_.value(static_cast<std::size_t>(row_), column));
     throw db::Error(db::Category::other, "Invalid column index");
 }
 
 void DataGrid::hideColumn(std::string_view name) {
-    hidden_.push_back(lowerName(name));
+    hidden_.push_back(db::lowered(name));
     touch("columns");
 }
 
 void DataGrid::hideOnly(std::initializer_list<std::string_view> names) {
     std::vector<std::string> hidden;
-    for (const auto name : names) hidden.push_back(lowerName(name));
+    for (const auto name : names) hidden.push_back(db::lowered(name));
     if (hidden == hidden_) return;
     hidden_ = std::move(hidden);
     touch("columns");
@@ -85,7 +85,7 @@ nlohmann::json DataGrid::property(std::string_view name) const {
     nlohmann::json columns = nlohmann::json::array();
     for (const std::string& field : rows_.fields())
         columns.push_back(
-            columnForm(field, std::find(hidden_.begin(), hidden_.end(), lowerName(field)) == hidden_.end()));
+            columnForm(field, std::find(hidden_.begin(), hidden_.end(), db::lowered(field)) == hidden_.end()));
     return columns;
 }
 
@@ -149,7 +149,7 @@ void FlexGrid::setRow(int row) {
 
 void FlexGrid::hideColumn(std::string_view name) {
     for (GridColumn& column : columns_)
-        if (sameName(column.name, name)) column.visible = false;
+        if (db::sameName(column.name, name)) column.visible = false;
     touch("columns");
 }
 

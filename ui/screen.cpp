@@ -4,8 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
+#include "db/letters.h"
 #include "ui/desktop.h"
-#include "ui/names.h"
 
 namespace ui {
 
@@ -21,7 +21,7 @@ void Screen::setCaption(std::string caption) {
 }
 
 Control* Screen::find(std::string_view name) const {
-    const auto found = byName_.find(lowerName(name));
+    const auto found = byName_.find(db::lowered(name));
     return found == byName_.end() ? nullptr : found->second;
 }
 
@@ -52,7 +52,7 @@ void Screen::hide() {
 }
 
 void Screen::attach(Control& control) {
-    if (!byName_.emplace(lowerName(control.name()), &control).second)
+    if (!byName_.emplace(db::lowered(control.name()), &control).second)
         throw std::logic_error(control.path() + " exists twice");
     controls_.push_back(&control);
 }

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <fstream>
 #include <span>
 #include <sstream>
 #include <stdexcept>
 
+#include "db/letters.h"
 #include "web/compression.h"
 #include "web/token.h"
 
@@ -69,11 +69,6 @@ std::string_view takePart(std::string_view& list, char separator) {
     return part;
 }
 
-bool sameName(std::string_view text, std::string_view lowerName) {
-    return std::equal(text.begin(), text.end(), lowerName.begin(), lowerName.end(),
-                      [](unsigned char a, char b) { return std::tolower(a) == b; });
-}
-
 /// Whether an Accept-Encoding takes a coding: by its name, or by "*" where it is not named, unless with the weight 0.
 bool accepts(std::string_view list, std::string_view coding) {
     bool byStar = false;
@@ -83,9 +78,10 @@ bool accepts(std::string_view list, std::string_view coding) {
         bool taken = true;
         while (!parameters.empty()) {
             std::string_view weight = takePart(parameters, ';');
-            if (sameName(takePart(weight, '='), "q")) taken = weight.find_first_not_of(" 0.") != std::string_view::npos;
+            if (db::sameName(takePart(weight, '='), "q"))
+                taken = weight.find_first_not_of(" 0.") != std::string_view::npos;
         }
-        if (sameName(name, coding)) return taken;
+        if (db::sameName(name, coding)) return taken;
         if (name == "*") byStar = taken;
     }
     return byStar;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/audit/audit.h"
 #include "core/session/session.h"
 #include "core/texts/texts.h"
 
@@ -44,18 +43,6 @@ private:
 
 }  // namespace
 
-void Form::bind(ui::Control& control, ui::Event event, std::function<void()> operation) {
-    control.on(event, [this, run = std::move(operation)] { trapped(run); });
-}
-
-void Form::quietly(ui::Timer& timer, std::function<void()> job) {
-    timer.on(ui::Event::timer, [this, run = std::move(job)] { core::quietly(place_, run); });
-}
-
-void Form::audit(const std::string& action, const std::string& code, const std::string& remarks) {
-    AuditTrail(place_, session().gUserName, action, code, remarks, session().gComputerName);
-}
-
 bool Form::blank(const ui::TextBox& box) {
     return core::blank(box.text());
 }
@@ -80,7 +67,7 @@ bool Form::saves(ui::Button& button, const std::function<void()>& work) {
     const Busy busy(button);
     std::string column;
     const bool wentThrough = trapped([&] {
-        const Saving saving(place_.saving, name());
+        const Saving saving(place().saving, name());
         try {
             work();
         } catch (const db::Error& error) {

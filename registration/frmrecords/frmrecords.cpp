@@ -24,7 +24,6 @@ bool isSplitBill(const std::string& consultID) {
 frmRecords::frmRecords(core::Workplace& place)
     : RecordForm(place, "frmRecords", "ATTENDANCE FOR TODAY :"),
       client(place, *this, ui::ComboBox::Style::listOnly, {retainID_, clientName_, category_, clientType_}) {
-    bind(finder.txtName, Event::keyReturn, &frmRecords::txtName_KeyReturn);
     bind(cboVehNo, Event::click, &frmRecords::cboVehNo_Click);
     bind(client.cboPat, Event::click, &frmRecords::cboPat_Click);
     bind(cboType, Event::click, &frmRecords::cboType_Click);

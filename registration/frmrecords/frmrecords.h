@@ -71,7 +71,6 @@ protected:
 private:
     void openRow();
     void cmdRenew_Click();
-    void txtName_KeyReturn();
     void clearPatient();
     void refreshQueue();
 

@@ -13,13 +13,6 @@ namespace registration {
 
 using namespace db::literals;
 
-/// Enter in the search box finds a number or a name, as the text looks.
-void frmRecords::txtName_KeyReturn() {
-    const auto text = core::trimmed(finder.txtName.text());
-    const bool number = !text.empty() && text.find_first_not_of("0123456789/") == std::string::npos;
-    finder.find(number ? SearchKind::sysNo : SearchKind::name);
-}
-
 void frmRecords::find(SearchKind kind) {
     search(kind);
     if (!pno_.empty()) return desktop().focus(browsing() ? static_cast<ui::Control&>(cmdAdd) : cboType);

@@ -31,7 +31,10 @@ export class Boxes {
         const wanted = question ? JSON.stringify(question) : "";
         if (wanted === this.#shown) return;
         this.#shown = wanted;
-        if (!question) return this.#close();
+        if (!question) {
+            this.#close();
+            return this.work.focusLost();
+        }
         this.question = question;
         this.#draw(question);
         if (this.dialog.open) return this.#takeKeyboard();
@@ -125,9 +128,13 @@ export class Boxes {
         return button;
     }
 
+    /** The keyboard goes on only when the answer is under way: what a control does then is no longer refused. */
     answer(answer) {
+        const next = this.#next;
         this.#close();
         this.work.session.send({answer});
+        if (next) this.work.focus(next);
+        this.work.focusLost();
     }
 
     /** Esc is the answer that changes nothing. */
@@ -137,6 +144,7 @@ export class Boxes {
     }
 
     #close() {
+        this.#next = null;
         this.#keyboard.stop();
         this.#hideAside();
         if (!this.dialog.open) return;
@@ -144,9 +152,6 @@ export class Boxes {
             this.dialog.close();
             if (this.#before?.isConnected) this.#before.focus();
         });
-        if (this.#next) this.work.focus(this.#next);
-        this.#next = null;
-        this.work.focusLost();
     }
 }
 

@@ -37,7 +37,7 @@ export class Children {
                        view.element);
         pane.addEventListener("pointerdown", () => this.#enter(name));
         pane.addEventListener("focusin", () => this.#enter(name));
-        this.#open.set(name, {view, tab, close, holder, pane});
+        this.#open.set(name, {view, tab, holder, pane});
         this.strip.append(holder);
         this.panes.append(pane);
         this.#caption(name);

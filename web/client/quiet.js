@@ -1,7 +1,10 @@
 // A box that opens under typing must not take the typing for an answer: it waits until the keyboard is quiet.
 
+import {isTyping} from "./dom.js";
+
 const quietFor = 500;  // milliseconds
-const editing = new Set(["Backspace", "Delete", "ArrowLeft", "ArrowRight", "Home", "End"]);
+const editing = new Set(["Backspace", "Delete", "ArrowLeft", "ArrowRight", "Home", "End", "Shift", "CapsLock", "AltGraph", "Dead", "Process"]);
+const isPartOfTyping = (event) => event.isComposing || (editing.has(event.key) && !event.ctrlKey && !event.altKey && !event.metaKey);
 const typesInto = (element) => element?.matches?.("textarea, input:not([type=checkbox], [type=radio])") ?? false;
 
 let lastKey = -Infinity;
@@ -51,8 +54,8 @@ export class QuietKeyboard {
     /** Whatever is no typing is no answer either; what follows it was meant for another place. */
     #key(event) {
         if (!this.waits) return;
-        const types = (event.key.length === 1 && !event.ctrlKey && !event.altKey && !event.metaKey) || editing.has(event.key);
-        this.#typing &&= types && typesInto(event.target);
+        this.#typing &&= isTyping(event) || isPartOfTyping(event);
+        this.#typing &&= typesInto(event.target);
         if (this.#typing) return;
         event.preventDefault();
         event.stopImmediatePropagation();

@@ -61,7 +61,7 @@ void PatientFinder::searchWhileTyping() {
     if (turn != turn_) return;
     screen().setCaption("Retrieving data...Please wait");
     place().desktop.showProgress();
-    core::trapped(place(), [this] { show(SearchKind::name, settingNumber(session().gSearchValue) != db::Value(0)); });
+    trapped([this] { show(SearchKind::name, settingNumber(session().gSearchValue) != db::Value(0)); });
     screen().setCaption(title_);
     grid_.setSearching(false);
 }

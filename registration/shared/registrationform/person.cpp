@@ -65,8 +65,7 @@ void Person::warnOfNamesakes() {
         core::quotesDoubled(typed) + "'");
     if (same.empty()) return;
     message("One or more Surnames match !!! Please Confirm for Duplicates");
-    place().desktop.show("frmVerify");
-    if (auto* verify = dynamic_cast<PatientsView*>(place().desktop.loaded("frmVerify"))) verify->show(std::move(same));
+    if (auto* verify = opened<PatientsView>("frmVerify")) verify->show(std::move(same));
 }
 
 }  // namespace registration

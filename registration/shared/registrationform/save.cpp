@@ -156,6 +156,7 @@ void RegistrationForm::writeAppointment() {
     if (!visit.isAppointment()) return;
     visit.writeAppointment(pno());
     audit("Insert Appt for: " + person.fullName(), visit.number());
+    session().gApptDate = {};
 }
 
 void RegistrationForm::auditEdit() {

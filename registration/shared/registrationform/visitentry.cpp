@@ -60,7 +60,7 @@ void VisitEntry::take() {
 
 /// What could not be looked up lets nobody through.
 void VisitEntry::pickClinic() {
-    if (!stage_.loading && !core::trapped(place(), [this] { follower_.clinicPicked(); })) clearClinic();
+    if (!stage_.loading && !trapped([this] { follower_.clinicPicked(); })) clearClinic();
 }
 
 void VisitEntry::pickPurpose() {
@@ -132,7 +132,6 @@ void VisitEntry::writeAppointment(const std::string& pno) {
                   {"entryDate", variables.gServerNow.date()},
                   {"entryTime", core::shortTime(variables.gServerNow)},
                   {"attendedto", 0}});
-    variables.gApptDate = {};
 }
 
 void VisitEntry::queueMessage(const std::string& pno, const std::string& phone, const std::string& extra) {

@@ -66,6 +66,11 @@ TEST_F(PatientsNew, SearchesAsTold) {
         {"cmdCard", "C-P1", "select  * from vwhpatients where oldPno = 'C-P1'  order by fullname", "1"},
         {"cmdCard", "O'K", "select  * from vwhpatients where oldPno = 'O''K'  order by fullname", "0"},
         {"cmdSys", "080", "select  * from vwhpatients where PhoneNo like '%080%' order by fullname", "1"},
+        {"txtName.KeyReturn", "llo", "select  * from vwhpatients where fullname like '%llo%'  order by fullname", "1"},
+        {"txtName.KeyReturn", "C-P1", "select  * from vwhpatients where oldPno = 'C-P1'  order by fullname", "1"},
+        {"txtName.KeyReturn", "123456", "select  * from vwhpatients where oldPno = '123456'  order by fullname", "0"},
+        {"txtName.KeyReturn", "0803123", "select  * from vwhpatients where PhoneNo like '%0803123%' order by fullname",
+         "0"},
     };
     session().gSearchWaitTime = 1;
     const std::string broken = "Unclosed quotation mark after the character string.";
@@ -94,7 +99,17 @@ TEST_F(PatientsNew, TypingSearchesAfterTheWait) {
         set("txtName", nothing);
         EXPECT_TRUE(hospital.log().empty()) << nothing;
     }
+    std::string whileItWaits;
+    hospital.loop.post([&] {
+        try {
+            set("grdData", {{"row", 0}});
+        } catch (const ui::Refused& refused) {
+            whileItWaits = refused.why;
+        }
+    });
     set("txtName", "BEL");
+    EXPECT_EQ(whileItWaits, "frmPatientsNew.grdData is hidden or disabled") << "the rows of before take no pick";
+    set("grdData", {{"row", 0}});
     EXPECT_TRUE(ran("select top 20  * from vwhpatients where fullname like '%BEL%'  order by fullname"));
     EXPECT_EQ(screen().caption(), "Patient Attendance / Registration");
     session().gSearchValue = "0";  // no limit

@@ -49,7 +49,7 @@ export function datePicker(link) {
     };
 }
 
-const monthNames = ["Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"];
+export const monthNames = ["Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"];
 
 /** "1990-01-02" as "02-Jan-1990"; nothing for what is no date, or one that is still being typed. */
 export function dateInWords(value) {

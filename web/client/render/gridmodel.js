@@ -1,13 +1,13 @@
 // What a grid shows of its rows: sorted, narrowed and cut into pages. Rows keep the number that the session knows.
 
-const monthNames = ["jan", "feb", "mar", "apr", "may", "jun", "jul", "aug", "sep", "oct", "nov", "dec"];
+import {monthNames} from "./date.js";
 
 /** A cell's text as what it sorts by: a number, a date "24-Nov-2026" (with a time or without), or a text. */
 export function sortValue(text) {
     const plain = text.replaceAll(",", "").trim();
     if (plain !== "" && !Number.isNaN(Number(plain))) return Number(plain);
     const date = /^(\d{1,2})-([A-Za-z]{3})-(\d{4})(?:\s+(\d{1,2}):(\d{2}))?/.exec(text.trim());
-    const month = date ? monthNames.indexOf(date[2].toLowerCase()) : -1;
+    const month = date ? monthNames.findIndex((name) => name.toLowerCase() === date[2].toLowerCase()) : -1;
     if (month >= 0) return Date.UTC(date[3], month, date[1], date[4] ?? 0, date[5] ?? 0);
     return text.toLowerCase();
 }

@@ -42,7 +42,7 @@ public:
 
     /// One patient after the other until the time is over.
     void work(Clock::time_point end, std::chrono::milliseconds pause, Work& work) {
-        std::this_thread::sleep_for(pause * (number_ % 50) / 50);
+        std::this_thread::sleep_for(std::max(pause, std::chrono::milliseconds(1000)) * (number_ % 50) / 50);
         while (Clock::now() < end) {
             registers(work);
             std::this_thread::sleep_for(pause);

@@ -83,6 +83,20 @@ std::int64_t Connection::insertRow(const std::string& table, const std::vector<s
     });
 }
 
+RowBuffer Connection::rows(const Sql& sql) {
+    if (recording()) record(Statement::Kind::read, sql.text());
+    return withEngine("read", [&](Engine& engine) { return engine.read(sql.bound()); });
+}
+
+Recordset Connection::readShared(const Sql& sql) {
+    if (inTransaction()) return Recordset(rows(sql));
+    if (recording()) record(Statement::Kind::read, sql.text());
+    const auto statement = sql.bound();
+    idle();  // no line is held while another session reads
+    return Recordset(pool_.sharedReads().read(
+        statement, [&] { return withEngine("read", [&](Engine& engine) { return engine.read(statement); }); }));
+}
+
 std::vector<Object> Connection::objects() {
     return withEngine("list the objects", [](Engine& engine) { return engine.objects(); });
 }

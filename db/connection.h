@@ -69,6 +69,10 @@ public:
                            const std::vector<Value>& values);
     /// `Recordset(*this, sql)`, for reads in one expression.
     [[nodiscard]] Recordset read(const Sql& sql) { return {*this, sql}; }
+    /// The same for a list that many sessions show at the same time: one reads for all that ask meanwhile, and what
+    /// their results have in common is held once. What others wrote in between shows all the more, and the session's
+    /// own rows always do. The result cannot be updated.
+    [[nodiscard]] Recordset readShared(const Sql& sql);
 
     /// What the database holds: tables, columns ("hPatients.PNo"), indexes, views, procedures.
     [[nodiscard]] std::vector<Object> objects();
@@ -105,6 +109,8 @@ private:
     [[noreturn]] void failed(const char* operation, const Error& error);
     void drop() noexcept;
     void runBeforeCommit();
+    /// Runs a statement and reads all its rows.
+    RowBuffer rows(const Sql& sql);
     void record(Statement::Kind kind, std::string text, std::vector<std::pair<std::string, Value>> parameters = {});
     [[nodiscard]] bool recording() const noexcept { return static_cast<bool>(recorder_); }
 

@@ -13,6 +13,7 @@
 
 #include "db/connection.h"
 #include "db/datetime.h"
+#include "db/sharedreads.h"
 
 namespace db {
 
@@ -51,10 +52,12 @@ public:
     void giveBack(std::unique_ptr<Engine> engine) noexcept;
     /// Closes a borrowed line that is of no use any more.
     void discard(std::unique_ptr<Engine> engine) noexcept;
+    [[nodiscard]] SharedReads& sharedReads() noexcept { return sharedReads_; }
 
 private:
     struct State;
     std::unique_ptr<State> state_;
+    SharedReads sharedReads_;
 };
 
 /// The data sources of a host: every session's lines come from here. Thread-safe; outlives all sessions.

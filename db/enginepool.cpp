@@ -1,3 +1,5 @@
+#include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <utility>
 
@@ -10,8 +12,12 @@ namespace db {
 
 namespace {
 
-/// Lines kept open for the next session; the rest is closed when it comes back.
-constexpr std::size_t idleLimit = 8;
+/// Lines that are worth having: a session beyond them waits for one that comes back, since opening another and
+/// preparing its statements takes longer, and would take that time from those who work. Lines beyond them are closed
+/// when they come back.
+constexpr std::size_t enoughLines = 8;
+/// A session may hold its line for long, in a transaction that waits for other writers.
+constexpr std::chrono::milliseconds longestWait(1000);
 
 std::unique_ptr<Engine> openEngine(const std::string& database, const Source& source,
                                    const std::map<std::string, Source>& sisters, ServerClock& clock) {
@@ -25,13 +31,16 @@ struct EnginePool::State {
     Opener open;
     bool single;
     std::mutex mutex;
+    std::condition_variable returned;
     std::vector<std::unique_ptr<Engine>> idle;
-    bool singleOut = false;
+    std::size_t out = 0;  ///< lines that sessions hold
 
+    /// The line counts as out from then on, also where there is none and the caller has to open it.
     std::unique_ptr<Engine> takeIdle() {
-        const std::lock_guard lock(mutex);
-        if (single && std::exchange(singleOut, true))
-            throw Error(Category::busy, "The database in memory is in use by another connection.");
+        std::unique_lock lock(mutex);
+        if (single && out > 0) throw Error(Category::busy, "The database in memory is in use by another connection.");
+        returned.wait_for(lock, longestWait, [this] { return !idle.empty() || out < enoughLines; });
+        ++out;
         if (idle.empty()) return nullptr;
         auto engine = std::move(idle.back());
         idle.pop_back();
@@ -41,20 +50,25 @@ struct EnginePool::State {
         try {
             return open();
         } catch (...) {
-            singleReturned();
+            takeBack(nullptr);
             throw;
         }
     }
-    void singleReturned() noexcept {
-        const std::lock_guard lock(mutex);
-        singleOut = false;
+    /// One line less is out; it is kept for the next session where it is given and wanted.
+    void takeBack(std::unique_ptr<Engine> engine) noexcept {
+        {
+            const std::lock_guard lock(mutex);
+            --out;
+            if (engine && idle.size() < enoughLines) idle.push_back(std::move(engine));
+        }
+        returned.notify_one();
     }
 };
 
 EnginePool::EnginePool(Opener open, bool single) : state_(std::make_unique<State>()) {
     state_->open = std::move(open);
     state_->single = single;
-    state_->idle.reserve(idleLimit);
+    state_->idle.reserve(enoughLines);
 }
 
 EnginePool::EnginePool(std::string database, const Source& source, const std::map<std::string, Source>& sisters,
@@ -74,14 +88,12 @@ std::unique_ptr<Engine> EnginePool::borrow() {
 }
 
 void EnginePool::giveBack(std::unique_ptr<Engine> engine) noexcept {
-    const std::lock_guard lock(state_->mutex);
-    state_->singleOut = false;
-    if (engine && state_->idle.size() < idleLimit) state_->idle.push_back(std::move(engine));
+    state_->takeBack(std::move(engine));
 }
 
 void EnginePool::discard(std::unique_ptr<Engine> engine) noexcept {
     engine.reset();
-    state_->singleReturned();
+    state_->takeBack(nullptr);
 }
 
 }  // namespace db

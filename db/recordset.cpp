@@ -9,6 +9,10 @@ namespace db {
 
 namespace {
 
+const std::shared_ptr<const RowBuffer>& noRows() {
+    static const auto none = std::make_shared<const RowBuffer>();
+    return none;
+}
 [[noreturn]] void noCurrentRow() {
     throw Error(Category::other, "Either BOF or EOF is True, or the current record has been deleted.");
 }
@@ -22,15 +26,15 @@ namespace {
 
 }  // namespace
 
-Recordset::Recordset() : state_(std::make_unique<State>()) {}
+Recordset::Recordset() : Recordset(noRows()) {}
 
-Recordset::Recordset(RowBuffer rows) : Recordset() {
+Recordset::Recordset(RowBuffer rows) : Recordset(std::make_shared<RowBuffer>(std::move(rows))) {}
+
+Recordset::Recordset(std::shared_ptr<const RowBuffer> rows) : state_(std::make_unique<State>()) {
     state_->rows = std::move(rows);
 }
 
-Recordset::Recordset(Connection& connection, const Sql& sql) : Recordset() {
-    if (connection.recording()) connection.record(Statement::Kind::read, sql.text());
-    state_->rows = connection.withEngine("read", [&](Engine& engine) { return engine.read(sql.bound()); });
+Recordset::Recordset(Connection& connection, const Sql& sql) : Recordset(connection.rows(sql)) {
     state_->connection = &connection;
 }
 
@@ -63,11 +67,11 @@ void Recordset::moveTo(std::size_t row) noexcept {
 }
 
 const std::vector<std::string>& Recordset::fields() const noexcept {
-    return state_->rows.names();
+    return state_->rows->names();
 }
 
 bool Recordset::hasField(std::string_view name) const noexcept {
-    return state_->rows.column(name) < state_->rows.columnCount();
+    return state_->rows->column(name) < state_->rows->columnCount();
 }
 
 Value Recordset::value(std::string_view field) const {
@@ -78,14 +82,14 @@ Value Recordset::value(std::string_view field) const {
 }
 
 Value Recordset::value(std::size_t row, std::size_t column) const {
-    if (column >= state_->rows.columnCount()) noSuchField();
+    if (column >= state_->rows->columnCount()) noSuchField();
     if (row >= state_->count()) noCurrentRow();
     return state_->stored(row, column);
 }
 
 std::uint64_t Recordset::rowHash(std::size_t row) const {
     if (row >= state_->count()) noCurrentRow();
-    if (!state_->written(row)) return state_->rows.hash(row);
+    if (!state_->written(row)) return state_->rows->hash(row);
     RowBuffer written;  // it reads as what was set, and not as what the engine gave
     for (std::size_t column = 0; column < fields().size(); ++column) {
         written.addColumn({}, RowBuffer::Reading::plain);

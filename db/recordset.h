@@ -23,6 +23,7 @@ public:
     /// Runs the statement and reads all its rows. Throws Error.
     Recordset(Connection& connection, const Sql& sql);
     explicit Recordset(RowBuffer rows);
+    explicit Recordset(std::shared_ptr<const RowBuffer> rows);
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
     Recordset(const Recordset&) = delete;

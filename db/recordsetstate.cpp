@@ -34,7 +34,7 @@ bool hasColumn(const Table& table, std::string_view name) {
 
 /// What updates put into a row since it was read, or nothing.
 const RowCells* Recordset::State::written(std::size_t row) const noexcept {
-    if (row >= rows.rowCount()) return row < count() ? &added[row - rows.rowCount()] : nullptr;
+    if (row >= rows->rowCount()) return row < count() ? &added[row - rows->rowCount()] : nullptr;
     if (changed.empty()) return nullptr;
     const auto cells = changed.find(row);
     return cells == changed.end() ? nullptr : &cells->second;
@@ -44,7 +44,7 @@ Value Recordset::State::stored(std::size_t row, std::size_t column) const {
     const auto* cells = written(row);
     const auto* value = cells ? cells->find(column) : nullptr;
     if (value) return *value;
-    return row < rows.rowCount() ? rows.value(row, column) : Value();
+    return row < rows->rowCount() ? rows->value(row, column) : Value();
 }
 
 void Recordset::State::dropPending() noexcept {
@@ -53,8 +53,8 @@ void Recordset::State::dropPending() noexcept {
 }
 
 const Table& Recordset::State::table() const {
-    if (!connection || rows.table.empty()) notUpdatable();
-    const auto* table = connection->withEngine("update", [&](Engine& engine) { return engine.table(rows.table); });
+    if (!connection || rows->table.empty()) notUpdatable();
+    const auto* table = connection->withEngine("update", [&](Engine& engine) { return engine.table(rows->table); });
     if (!table) notUpdatable();
     return *table;
 }
@@ -62,7 +62,7 @@ const Table& Recordset::State::table() const {
 NamedCells Recordset::State::cellsSet(const Table& table) const {
     NamedCells set;
     for (const auto& [column, value] : pending) {
-        const auto& name = rows.names()[column];
+        const auto& name = rows->names()[column];
         if (!hasColumn(table, name)) noSuchField();
         set.add(name, value);
     }
@@ -73,8 +73,8 @@ NamedCells Recordset::State::keyOfRow(const Table& table) const {
     NamedCells key;
     for (const auto& column : table.columns) {
         if (!column.key) continue;
-        const auto field = rows.anyColumn(column.name);
-        if (field == rows.width()) noKey();
+        const auto field = rows->anyColumn(column.name);
+        if (field == rows->width()) noKey();
         key.add(column.name, stored(pendingRow, field));
     }
     if (key.columns.empty()) noKey();
@@ -105,8 +105,8 @@ Outcome Recordset::State::write(const Table& table, const NamedCells& set) {
 void Recordset::State::keep(const Table& table, const Outcome& outcome) {
     for (const auto& column : table.columns) {
         if (!adding || !column.identity) continue;
-        const auto field = rows.column(column.name);
-        if (field < rows.columnCount()) pending.set(field, outcome.identity);
+        const auto field = rows->column(column.name);
+        if (field < rows->columnCount()) pending.set(field, outcome.identity);
     }
     if (adding)
         added.push_back(std::move(pending));

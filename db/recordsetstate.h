@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -58,9 +59,10 @@ private:
 
 /// The rows as they were read, what updates changed in them since, and what is set but not written.
 struct Recordset::State {
-    RowBuffer rows;
+    std::shared_ptr<const RowBuffer> rows;
     Connection* connection = nullptr;
     std::size_t current = 0;
+    mutable std::size_t lastColumn = 0;  ///< the one that was asked for last: screens read rows from left to right
     std::unordered_map<std::size_t, RowCells> changed;  ///< by the number of the row
     std::vector<RowCells> added;                        ///< the rows behind those of `rows`
 
@@ -69,13 +71,13 @@ struct Recordset::State {
     std::size_t pendingRow = 0;
     RowCells pending;
 
-    [[nodiscard]] std::size_t count() const noexcept { return rows.rowCount() + added.size(); }
+    [[nodiscard]] std::size_t count() const noexcept { return rows->rowCount() + added.size(); }
     [[nodiscard]] bool onRow() const noexcept { return current < count() || (adding && current == count()); }
     [[nodiscard]] bool anythingPending() const noexcept { return adding || !pending.empty(); }
     [[nodiscard]] std::size_t column(std::string_view name) const {
-        const auto column = rows.column(name);
-        if (column == rows.columnCount()) noSuchField();
-        return column;
+        lastColumn = rows->column(name, lastColumn + 1);
+        if (lastColumn == rows->columnCount()) noSuchField();
+        return lastColumn;
     }
     [[nodiscard]] const RowCells* written(std::size_t row) const noexcept;
     [[nodiscard]] Value stored(std::size_t row, std::size_t column) const;

@@ -64,6 +64,7 @@ public:
     struct Template {
         std::string text;               ///< the statement with a numbered place ("?1", "?2", ...) for each parameter
         std::vector<Value> parameters;  ///< in the order of their numbers
+        bool operator==(const Template&) const = default;
     };
     /// The statement with bound parameters: a quoted literal that holds a value becomes one parameter, a value outside
     /// quotes has to be a number and becomes one too.

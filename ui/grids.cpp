@@ -91,6 +91,7 @@ nlohmann::json DataGrid::property(std::string_view name) const {
 
 nlohmann::json DataGrid::rowForm(std::size_t row) const {
     nlohmann::json cells = nlohmann::json::array();
+    cells.get_ref<nlohmann::json::array_t&>().reserve(rows_.fields().size());
     for (std::size_t column = 0; column < rows_.fields().size(); ++column)
         cells.push_back(shownText(rows_.value(row, column)));
     return cells;

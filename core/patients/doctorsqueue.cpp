@@ -10,7 +10,7 @@ using namespace db::literals;
 void refreshDoctorsQueue(Workplace& place, ui::DataGrid& grid, const ui::DatePicker& day) {
     const auto date = day.value() ? db::Value(*day.value()) : db::Value("");
     refreshRows(grid,
-                place.hospital().read(
+                place.hospital().readShared(
                     "select distinct [Date],RoomNo,DocName,NumOfPat from vwDocWaitingListGrouped where date='"_sql +
                     date + "'"),
                 {"Date", "RoomNo", "DocName"});

@@ -20,9 +20,14 @@ void fill(ui::ItemControl& list, std::initializer_list<const char*> texts) {
     for (const auto* text : texts) list.add(text);
 }
 
+void addEntries(ui::ItemControl& list, db::Recordset rows,
+                const std::function<std::string(const db::Recordset&)>& text) {
+    for (; !rows.eof(); rows.moveNext()) list.add(text(rows));
+}
+
 void addEntries(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql,
                 const std::function<std::string(const db::Recordset&)>& text) {
-    for (auto rows = connection.read(sql); !rows.eof(); rows.moveNext()) list.add(text(rows));
+    addEntries(list, connection.read(sql), text);
 }
 
 void addColumn(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql, std::string_view column) {

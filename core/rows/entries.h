@@ -22,7 +22,10 @@ std::string entryText(std::string_view name, std::string_view key);
 /// Offers these texts alone.
 void fill(ui::ItemControl& list, std::initializer_list<const char*> texts);
 
-/// Appends an item for each row that the statement finds, as `text` makes it from the row. Throws db::Error.
+/// Appends an item for each row, as `text` makes it from the row.
+void addEntries(ui::ItemControl& list, db::Recordset rows,
+                const std::function<std::string(const db::Recordset&)>& text);
+/// The same with the rows that a statement finds. Throws db::Error.
 void addEntries(ui::ItemControl& list, db::Connection& connection, const db::Sql& sql,
                 const std::function<std::string(const db::Recordset&)>& text);
 /// The same with the text of one column, null as "".

@@ -1,6 +1,11 @@
 #include "db/sqlite/line.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 
 #include "db/sqlite/errors.h"
 
@@ -9,9 +14,10 @@ namespace {
 
 constexpr std::chrono::milliseconds lookInterval{100};
 
-/// One line a session at work: the page cache grows with what it reads and ends at 2 MB.
+/// One line a session at work: the page cache grows with what it reads and ends at 2 MB. A commit is in the log then
+/// and on the disk with `Line::sync`: behind the writer's turn, where many wait for one sync.
 constexpr const char* settings =
-    "pragma busy_timeout = 10000; pragma journal_mode = WAL; pragma synchronous = FULL; pragma foreign_keys = on;"
+    "pragma busy_timeout = 10000; pragma journal_mode = WAL; pragma synchronous = NORMAL; pragma foreign_keys = on;"
     "pragma cache_size = -2000; pragma temp_store = memory; select count(*) from sqlite_master;";
 
 }  // namespace
@@ -59,6 +65,19 @@ void Line::check(int code, const char* operation) {
 
 void Line::run(const char* sql, const char* operation) {
     check(sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr), operation);
+}
+
+void Line::sync() {
+    if (!memory_) writers_->syncs().join([this] { syncLog(); });
+}
+
+void Line::syncLog() const {
+    const auto log = file_ + "-wal";
+    const int file = ::open(log.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool synced = file >= 0 && ::fdatasync(file) == 0;
+    const auto cause = log + ": " + std::strerror(errno);
+    if (file >= 0) ::close(file);
+    if (!synced) throw Error(Category::other, "disk I/O error", "sync the log", cause);
 }
 
 bool Line::present() noexcept {

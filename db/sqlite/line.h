@@ -32,6 +32,8 @@ public:
     void check(int code, const char* operation);
     /// Runs statements without rows.
     void run(const char* sql, const char* operation);
+    /// Returns once what this line has committed is on the disk. Throws Error(other) where the disk failed.
+    void sync();
     [[nodiscard]] bool autocommit() const noexcept { return sqlite3_get_autocommit(handle()) != 0; }
 
     /// False when the file behind the line was removed or replaced. Looks at most every tenth of a second.
@@ -46,6 +48,7 @@ private:
     };
     [[nodiscard]] Identity identity() const noexcept;
     void open(const std::string& database);
+    void syncLog() const;
 
     std::string file_;
     bool memory_;

@@ -129,7 +129,14 @@ void SqliteEngine::bindAll(sqlite3_stmt* statement, const std::vector<Value>& pa
 
 /// Runs a bound statement to its end; its rows go into `rows` where somebody wants them.
 void SqliteEngine::step(Prepared& ready, RowBuffer* rows) {
-    const WriteTurn turn(*this, ready.writes);
+    {
+        const WriteTurn turn(*this, ready.writes);
+        stepInTurn(ready, rows);
+    }
+    if (ready.writes && state_ == State::none) line_.sync();
+}
+
+void SqliteEngine::stepInTurn(Prepared& ready, RowBuffer* rows) {
     auto* statement = ready.statement.get();
     auto code = sqlite3_step(statement);
     if (rows != nullptr) {

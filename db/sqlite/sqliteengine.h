@@ -65,6 +65,7 @@ private:
     std::string updatedTable(const Prepared& prepared);
     void bindAll(sqlite3_stmt* statement, const std::vector<Value>& parameters);
     void step(Prepared& prepared, RowBuffer* rows);
+    void stepInTurn(Prepared& prepared, RowBuffer* rows);
     Outcome runRow(Prepared& prepared, const std::vector<Value>& values, const std::vector<Value>& keyValues);
     bool hasIdentity(std::string_view table);
     Outcome outcome(const Prepared& prepared);

@@ -36,6 +36,8 @@ void SqliteEngine::commit() {
             throw;
         }
         leaveQueue();
+        state_ = State::none;
+        line_.sync();
     }
     state_ = State::none;
 }

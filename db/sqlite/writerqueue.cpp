@@ -21,20 +21,22 @@ bool WriterQueue::enter(std::chrono::milliseconds patience) {
     if (!taken_) return taken_ = true;
     Waiter self;
     waiting_.push_back(&self);
-    if (self.turn.wait_for(lock, patience, [&] { return self.called; })) return true;
-    std::erase(waiting_, &self);
-    return false;
+    const bool came = self.turn.wait_for(lock, patience, [&] { return self.called || !taken_; });
+    if (!self.called) std::erase(waiting_, &self);
+    if (came) taken_ = true;
+    return came;
 }
 
 void WriterQueue::leave() noexcept {
+    constexpr std::chrono::milliseconds passedOver(60);
     const std::lock_guard lock(mutex_);
-    if (waiting_.empty()) {
-        taken_ = false;
-        return;
-    }
+    taken_ = false;
+    if (waiting_.empty()) return;
     auto* next = waiting_.front();
-    waiting_.pop_front();
-    next->called = true;
+    if (std::chrono::steady_clock::now() - next->since > passedOver) {
+        waiting_.pop_front();
+        next->called = taken_ = true;
+    }
     next->turn.notify_one();  // under the lock: the waiter's own variable must not go before it was told
 }
 

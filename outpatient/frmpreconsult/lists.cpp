@@ -31,25 +31,25 @@ void frmPreConsult::fillWaiting() {
     const auto day = chkAll.checked() ? "where recdate='"_sql : "WHERE attendedTo = 0  and recdate='"_sql;
     cboVehNo.clear();
     cboVehNo.add("");
-    core::addEntries(cboVehNo, hospital(), columns + day + session().gServerDate + "' order by consultid asc",
-                     [](const db::Recordset& row) {
-                         const auto text = [&](const char* column) { return row[column].textOr(); };
-                         return core::entryText(text("psurname") + " " + text("pfirstName") + " " + text("Title") +
-                                                    " @" + text("recDate") + " " + text("htime") + " " +
-                                                    text("clinicType"),
-                                                text("consultID"));
-                     });
+    core::addEntries(
+        cboVehNo, hospital().readShared(columns + day + session().gServerDate + "' order by consultid asc"),
+        [](const db::Recordset& row) {
+            const auto text = [&](const char* column) { return row[column].textOr(); };
+            return core::entryText(text("psurname") + " " + text("pfirstName") + " " + text("Title") + " @" +
+                                       text("recDate") + " " + text("htime") + " " + text("clinicType"),
+                                   text("consultID"));
+        });
 }
 
 void frmPreConsult::showList() {
-    core::refreshRows(
-        grdData,
-        hospital().read("select [ID],[Date],[Time],[FullName],[Temp],[Pressure],[Pulse], [RespRatio],[weight],"
-                        "[Height],[SPO2],[RBS],[Positioning], [Stool], [Urine], [Sdrainage] as SpecialDrainage, "
-                        "[UrineAlb],[UrineSug], [Details],[Comment],[Status],[Nurse], [ConsultID],ClientCat,[PNo], "
-                        "[empID] from qryhpreconsultForGrid where details ='"_sql +
-                        session().gDefaultPatClass + "'"),
-        {"ID"});
+    core::refreshRows(grdData,
+                      hospital().readShared(
+                          "select [ID],[Date],[Time],[FullName],[Temp],[Pressure],[Pulse], [RespRatio],[weight],"
+                          "[Height],[SPO2],[RBS],[Positioning], [Stool], [Urine], [Sdrainage] as SpecialDrainage, "
+                          "[UrineAlb],[UrineSug], [Details],[Comment],[Status],[Nurse], [ConsultID],ClientCat,[PNo], "
+                          "[empID] from qryhpreconsultForGrid where details ='"_sql +
+                          session().gDefaultPatClass + "'"),
+                      {"ID"});
     const auto count = grdData.rows().rowCount();
     setCaption("Vital Signs:" + (count == 0 ? std::string() : " " + std::to_string(count)));
     grdData.setCaption(caption());

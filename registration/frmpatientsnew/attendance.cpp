@@ -139,7 +139,12 @@ void frmPatientsNew::addBalance() {
 
 void frmPatientsNew::showList() {
     RegistrationForm::showList();
-    refreshQueues();
+    showQueues();
+}
+
+void frmPatientsNew::refresh() {
+    RegistrationForm::refresh();
+    forgetPastRooms();
 }
 
 void frmPatientsNew::refreshQueues() {
@@ -150,7 +155,7 @@ void frmPatientsNew::refreshQueues() {
 void frmPatientsNew::showQueues() {
     core::refreshRows(
         grdDoc,
-        hospital().read(
+        hospital().readShared(
             "select distinct [Date],RoomNo,ClinicID,Doctor,NumOfPat,EmpID from vwDocWaitingListGrouped where date='"_sql +
             session().gServerDate + "' order by Doctor"),
         {"EmpID", "ClinicID", "RoomNo"});

@@ -23,6 +23,7 @@ protected:
     void TakeAttendance() override;
     void writeBehindNewPatient() override;
     void showList() override;
+    void refresh() override;
     void finished() override;
 
 private:

@@ -65,7 +65,7 @@ void frmRecords::showList() {
     finder.lblFound.setCaption({});
     core::refreshRows(
         grdData,
-        hospital().read(
+        hospital().readShared(
             "select distinct  Fullname, RecDate as Date, [Time],CoyName as Client, ClientCat as BillingCat, "
             "ClinicType, recID, Surname, pNO as PatNo, empID, Remarks,attendedTo,ConsultID, Referal as "
             "FeeForService,HMORef as Referal,RetainID,PolicyType,EmpNo as EnrolleNo from "

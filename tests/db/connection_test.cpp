@@ -30,6 +30,21 @@ TEST_F(ConnectionTest, BorrowsAtTheFirstStatementAndGivesBackWhenIdle) {
     EXPECT_EQ(server.opened, 2);
 }
 
+TEST_F(ConnectionTest, ASharedReadHoldsNoLineWhileItWaitsAndSeesItsOwnTransaction) {
+    execute();
+    static_cast<void>(connection.readShared("select a from T"_sql));
+    connection.beginTrans();
+    static_cast<void>(connection.readShared("select a from T"_sql));
+    connection.rollbackTrans();
+    server.failures["read"] = Category::lostConnection;
+    EXPECT_EQ(failureOf([&] { static_cast<void>(connection.readShared("select a from T"_sql)); }).first,
+              Category::lostConnection);
+    static_cast<void>(connection.readShared("select a from T"_sql));
+    EXPECT_EQ(server.takeLog(),
+              (Log{"open", "execute delete T", "read select a from T", "begin", "read select a from T", "rollback",
+                   "read select a from T", "open", "read select a from T"}));
+}
+
 TEST_F(ConnectionTest, KeepsItsLineWhileATransactionIsOpen) {
     connection.beginTrans();
     connection.idle();

@@ -65,17 +65,24 @@ TEST(ServerClock, RunsUntilItIsStopped) {
     EXPECT_EQ(clock.now().iso(), "2026-11-24 09:30:00");
 }
 
-TEST(EnginePool, KeepsAFewIdleLinesAndClosesTheRest) {
+TEST(EnginePool, WaitsForALineThatComesBackBeforeItOpensMoreThanAreWorthHaving) {
     FakeServer server;
     {
         db::EnginePool pool(server.opener());
         std::vector<std::unique_ptr<db::Engine>> lines;
-        for (int i = 0; i < 20; ++i) lines.push_back(pool.borrow());
+        for (int i = 0; i < 8; ++i) lines.push_back(pool.borrow());
+        std::thread next([&] { lines.push_back(pool.borrow()); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        pool.giveBack(std::move(lines.front()));
+        next.join();
+        EXPECT_EQ(server.opened, 8);
+        lines.erase(lines.begin());
+        lines.push_back(pool.borrow());
+        EXPECT_EQ(server.opened, 9) << "all are held for long";
         for (auto& line : lines) pool.giveBack(std::move(line));
-        EXPECT_EQ(server.opened, 20);
-        EXPECT_EQ(server.closed, 12);
+        EXPECT_EQ(server.closed, 1);
     }
-    EXPECT_EQ(server.closed, 20);
+    EXPECT_EQ(server.closed, 9);
 }
 
 TEST(EnginePool, NeverHandsOutADeadLine) {

@@ -1,7 +1,9 @@
+#include <filesystem>
 #include <thread>
 
 #include "db/sqlite/writerqueue.h"
 #include "tests/db/line.h"
+#include "tests/support/failure.h"
 
 namespace {
 
@@ -54,6 +56,22 @@ TEST_F(Writers, RollBack) {
     line.engine->begin();
     line.engine->commit();
     EXPECT_THROW((line.engine->begin(), line.engine->begin()), db::Error);
+}
+
+TEST_F(Writers, AreDoneOnceTheLogIsOnTheDisk) {
+    Line line(file);
+    line.run("update idgen set id = 1");
+    std::filesystem::rename(file + "-wal", file + "-away");  // what cannot be synced is not confirmed
+    EXPECT_EQ(test::failureOf([&] { line.run("update idgen set id = 2"); }).second, "disk I/O error");
+    line.engine->begin();
+    EXPECT_EQ(line.rows("select id from idgen"), "2");
+    line.engine->commit();  // wrote nothing
+    line.engine->begin();
+    line.run("update idgen set id = 3");
+    EXPECT_THROW(line.engine->commit(), db::Error);
+    std::filesystem::rename(file + "-away", file + "-wal");
+    line.run("update idgen set id = id + 1");
+    EXPECT_EQ(line.rows("select id from idgen"), "4");
 }
 
 TEST(WriterQueue, ServesInTurnAndGivesUpInTime) {

@@ -71,11 +71,14 @@ export class TypeAhead {
     get goesOn() {
         return performance.now() - this.#at <= 1000;
     }
+    /** What has been typed with this character. */
+    add(character) {
+        this.#typed = this.goesOn ? this.#typed + character : character;
+        this.#at = performance.now();
+        return this.#typed;
+    }
     find(character, texts, current) {
-        const now = performance.now();
-        this.#typed = now - this.#at > 1000 ? character : this.#typed + character;
-        this.#at = now;
-        const wanted = this.#typed.toLowerCase();
+        const wanted = this.add(character).toLowerCase();
         const start = this.#typed.length === 1 ? current + 1 : Math.max(current, 0);
         for (let step = 0; step < texts.length; ++step) {
             const place = (start + step) % texts.length;

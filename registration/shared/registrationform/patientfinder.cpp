@@ -31,7 +31,7 @@ void PatientFinder::show(SearchKind kind, bool limited) {
 void PatientFinder::showToday() {
     const auto today = session().gServerDate.date();
     showFound(grid_, lblFound,
-              hospital().read("select  * from vwhpatients where RegDate='"_sql + today + "' order by fullname"),
+              hospital().readShared("select  * from vwhpatients where RegDate='"_sql + today + "' order by fullname"),
               {"expired", "coyname"});
 }
 

@@ -14,7 +14,7 @@ export class RowList {
     group = true;
     /** The number of the first row that is drawn. */
     first = 0;
-    #typeAhead = new TypeAhead();
+    typeAhead = new TypeAhead();
     #enabled = true;
 
     constructor(link, source) {
@@ -117,7 +117,7 @@ export class RowList {
         const at = this.current;
         const rows = {ArrowDown: at + 1, ArrowUp: at - 1, PageDown: at + 8, PageUp: at - 8, Home: 0, End: this.size - 1};
         if (event.key in rows) this.choose(rows[event.key]);
-        else if (event.key === " " && this.isChecked(at) !== undefined && !this.#typeAhead.goesOn) this.check(at);
+        else if (event.key === " " && this.isChecked(at) !== undefined && !this.typeAhead.goesOn) this.check(at);
         else if (event.key === "Enter" && this.link.handles("DblClick")) this.link.fire("DblClick");
         else if (isTyping(event)) this.typed(event.key);
         else return undefined;
@@ -125,7 +125,7 @@ export class RowList {
     }
 
     typed(character) {
-        const row = this.#typeAhead.find(character, this.cells.map((cells) => cells[0]), this.current);
+        const row = this.typeAhead.find(character, this.cells.map((cells) => cells[0]), this.current);
         if (row >= 0) this.choose(row);
     }
 }
@@ -135,9 +135,7 @@ class EntryList extends RowList {
     /** A row to be picked as soon as the host has told its text, and the filling of the list that it counts in. */
     #wanted = null;
     #filling = null;
-    /** What is typed to find an entry, and when the last key came; `#sought` as long as the host looks for it. */
-    #text = "";
-    #typedAt = -Infinity;
+    /** What is typed to find an entry, as long as the host looks for it. */
     #sought = null;
     /** Where the nurse has turned to by the buttons, until another row is picked; null where she has not. */
     #turned = null;
@@ -226,10 +224,7 @@ class EntryList extends RowList {
 
     typed(character) {
         if (!this.#isLong) return super.typed(character);
-        const now = performance.now();
-        this.#text = now - this.#typedAt > 1000 ? character : this.#text + character;
-        this.#typedAt = now;
-        this.#sought = this.#text;
+        this.#sought = this.typeAhead.add(character);
         return this.update();
     }
 

@@ -35,7 +35,7 @@ void Rounds::lead(std::unique_lock<std::mutex>& lock, const std::function<void()
     lock.lock();
     gone_ = number;
     const auto end = Clock::now();
-    restsUntil_ = end + std::min(2 * (end - start), longestRest_);
+    restsUntil_ = end + std::min(end - start, longestRest_);
     lock.unlock();
 }
 

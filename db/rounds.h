@@ -14,8 +14,8 @@ class Rounds {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// Between two rounds lies twice the time that the first one took, but no more than `longestRest`: work that keeps
-    /// a core busy then leaves it to others for most of the time, however many ask.
+    /// Between two rounds lies as long as the first one took, but no more than `longestRest`: work that keeps a core
+    /// busy then leaves half of it to others, however many ask.
     explicit Rounds(Clock::duration longestRest = Clock::duration::zero()) : longestRest_(longestRest) {}
 
     /// Returns once a round that began after this call has gone through: a run of `work` on this thread or on another.

@@ -65,7 +65,7 @@ void RowBuffer::reserve(const Size& expected) {
 void RowBuffer::closePage() {
     Page next;
     next.cells.reserve(pageCells_);
-    next.texts.reserve(open_.texts.size());
+    next.texts.reserve(open_.texts.size() + open_.texts.size() / 8);
     fullCells_ += open_.cells.size();
     fullBytes_ += open_.texts.size();
     full_.push_back(std::make_shared<Page>(std::exchange(open_, std::move(next))));

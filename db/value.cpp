@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "db/error.h"
 #include "db/letters.h"
@@ -93,8 +94,13 @@ std::string Value::text() const {
                       content_);
 }
 
-std::string Value::textOr(std::string_view whenNull) const {
+std::string Value::textOr(std::string_view whenNull) const& {
     return isNull() ? std::string(whenNull) : text();
+}
+
+std::string Value::textOr(std::string_view whenNull) && {
+    auto* text = std::get_if<std::string>(&content_);
+    return text ? std::move(*text) : std::as_const(*this).textOr(whenNull);
 }
 
 std::int16_t Value::int16() const {

@@ -44,7 +44,8 @@ public:
     /// The text as it would stand behind "+" in a statement: numbers in their shortest form, moments as
     /// DateTime::text(), flags as "True" and "False". Bytes have none.
     [[nodiscard]] std::string text() const;
-    [[nodiscard]] std::string textOr(std::string_view whenNull = {}) const;
+    [[nodiscard]] std::string textOr(std::string_view whenNull = {}) const&;
+    [[nodiscard]] std::string textOr(std::string_view whenNull = {}) &&;
     /// Fractions are rounded half to even, texts are read as numbers first (thousands separators allowed). A flag
     /// counts as 1 or 0, a moment as the days since the zero date.
     [[nodiscard]] std::int16_t int16() const;

@@ -61,6 +61,8 @@ public:
     using Control::Control;
     [[nodiscard]] const ItemList& items() const noexcept { return items_; }
     void add(std::string_view text, std::string_view key = {});
+    /// So many items more will come: the list is spared growing step by step.
+    void expect(std::size_t more) { items_.expect(more); }
     void setItems(const std::vector<ListItem>& items);
     /// Drops the items and the pick; a combo's text too.
     virtual void clear();

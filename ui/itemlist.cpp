@@ -65,12 +65,17 @@ ListItem ItemList::at(std::size_t at) const {
 void ItemList::append(std::string& all, Ends& ends, std::string_view more) {
     if (more.size() > std::numeric_limits<std::uint32_t>::max() - all.size())
         throw std::length_error("a list of more than 4 GB");
+    // Where more items are expected, the texts grow once, by the length of those that are there.
+    constexpr std::size_t sample = 1000;
+    if (all.size() + more.size() > all.capacity() && ends.size() > sample)
+        all.reserve(std::max(2 * all.size(), all.size() / ends.size() * (ends.capacity() + sample)));
     all.append(more);
     ends.push_back(static_cast<std::uint32_t>(all.size()));
 }
 
 void ItemList::add(std::string_view text, std::string_view key) {
     if (keyEnds_.empty() && !key.empty()) keyEnds_.assign(size(), 0);
+    if (!key.empty() && keyEnds_.capacity() < textEnds_.capacity()) keyEnds_.reserve(textEnds_.capacity());
     if (!key.empty() || !keyEnds_.empty()) append(keys_, keyEnds_, key);
     append(texts_, textEnds_, text);
 }

@@ -55,6 +55,8 @@ public:
     [[nodiscard]] Iterator end() const noexcept { return {*this, size()}; }
 
     void add(std::string_view text, std::string_view key);
+    /// Makes room for so many items more.
+    void expect(std::size_t more) { textEnds_.reserve(size() + more); }
     void clear() noexcept { *this = {}; }
     /// The first item of exactly this text, or -1.
     [[nodiscard]] int find(std::string_view text) const noexcept;

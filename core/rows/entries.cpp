@@ -22,6 +22,7 @@ void fill(ui::ItemControl& list, std::initializer_list<const char*> texts) {
 
 void addEntries(ui::ItemControl& list, db::Recordset rows,
                 const std::function<std::string(const db::Recordset&)>& text) {
+    list.expect(rows.rowCount());
     for (; !rows.eof(); rows.moveNext()) list.add(text(rows));
 }
 

@@ -28,7 +28,7 @@ bool WriterQueue::enter(std::chrono::milliseconds patience) {
 }
 
 void WriterQueue::leave() noexcept {
-    constexpr std::chrono::milliseconds passedOver(60);
+    constexpr std::chrono::milliseconds passedOver(30);
     const std::lock_guard lock(mutex_);
     taken_ = false;
     if (waiting_.empty()) return;

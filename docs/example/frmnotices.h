@@ -27,11 +27,12 @@ public:
 protected:
     void fillLists() override { core::fill(cboDept, {"", "NURSING", "CONSULTING", "PHARMACY"}); }
     void showList() override {
-        core::refreshRows(grdData,
-                          hospital().read("select SNo, nDate as Date, NotifyDept as Department, Remarks as Notice from "
-                                          "hNotify where NotifyDept='"_sql +
-                                          session().gModuleRole + "' and nDate='" + session().gServerDate + "'"),
-                          {"SNo"});
+        core::refreshRows(
+            grdData,
+            hospital().readShared("select SNo, nDate as Date, NotifyDept as Department, Remarks as Notice from "
+                                  "hNotify where NotifyDept='"_sql +
+                                  session().gModuleRole + "' and nDate='" + session().gServerDate + "'"),
+            {"SNo"});
     }
     void startAdding() override {
         dtDate.setValue(session().gServerDate);

@@ -60,7 +60,7 @@ TEST(Rounds, OneDoesItForAllWhoAskedBeforeItBegan) {
 }
 
 TEST(Rounds, RestAsLongAsTheyWork) {
-    db::Rounds rounds(40ms);
+    db::Rounds rounds{std::chrono::milliseconds(40)};
     const auto start = db::Rounds::Clock::now();
     for (int i = 0; i < 2; ++i) rounds.join([] { std::this_thread::sleep_for(10ms); });
     EXPECT_GE(db::Rounds::Clock::now() - start, 30ms);

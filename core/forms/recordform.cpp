@@ -137,7 +137,7 @@ void RecordForm::cmdDel_Click() {
     auto refusal = mayErase();
     if (!refusal) refusal = withoutRow();
     if (refusal) return refuse(*refusal);
-    if (!confirmed(eraseQuestion(), "Delete")) return;
+    if (!confirmed(eraseQuestion(), eraseTitle())) return;
     refusal = inTransaction(&RecordForm::erase);
     if (refusal) return refuse(*refusal);
     erased();

@@ -85,6 +85,7 @@ protected:
     /// Delete: why not. Clinical records are not deleted unless the screen says so.
     [[nodiscard]] virtual std::optional<Refusal> mayErase() { return Refusal{" Record cannot be deleted "}; }
     [[nodiscard]] virtual std::string eraseQuestion() const { return "Are you sure to Delete Record"; }
+    [[nodiscard]] virtual std::string eraseTitle() const { return "Delete"; }
     /// Delete: takes the list's current row away, in a transaction; what it returns is as with `write`.
     [[nodiscard]] virtual std::optional<Refusal> erase() { return std::nullopt; }
     /// Delete: the row has gone, and is still the list's current one. The message and the audit row, in the screen's

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/care/staylimit.h"
 #include "core/forms/form.h"
 #include "core/rows/cells.h"
 #include "core/session/session.h"
@@ -48,7 +49,7 @@ frmPatientsNew::frmPatientsNew(core::Workplace& place)
 
 std::vector<core::Check> frmPatientsNew::checksOfPatient() {
     const auto& retainID = session().gClientRetainID;
-    const bool managed = isManagedCare(client.cboClient.text());
+    const bool managed = core::isManagedCare(client.cboClient.text());
     const bool attends = visit.taken();
     std::vector<core::Check> checks = {
         {cboNew.text().empty(), "Specify if Registration is new OR Existing", &cboNew},

@@ -1,5 +1,6 @@
 #include "registration/frmpatientsnewnur/frmpatientsnewnur.h"
 
+#include "core/care/referral.h"
 #include "core/clock/clock.h"
 #include "core/forms/form.h"
 #include "core/patients/patient.h"
@@ -135,15 +136,14 @@ void frmPatientsNewNur::referNewborn() {
     const auto date = session().gServerNow.date();
     const auto time = core::shortTime(session().gServerNow);
     core::addRow(hospital(), "select * from hreferal where 1=2"_sql,
-                 {{"consultID", visit.number()},
-                  {"clientCat", client.cboClient.text()},
-                  {"referto", "(IN-PATIENT)"},
-                  {"refDate", date},
-                  {"refTime", time},
-                  {"refReason", "DELIVERY"},
-                  {"PNo", pno()},
-                  {"entryDate", date},
-                  {"entryTime", time}});
+                 core::joined(core::referralCells({.consultID = visit.number(),
+                                                   .category = client.cboClient.text(),
+                                                   .clinic = "(IN-PATIENT)",
+                                                   .reason = "DELIVERY",
+                                                   .pno = pno(),
+                                                   .date = date,
+                                                   .time = time}),
+                              {{"entryDate", date}, {"entryTime", time}}));
 }
 
 void frmPatientsNewNur::cmdPix_Click() {

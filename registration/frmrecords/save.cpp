@@ -1,5 +1,6 @@
 // The save: a visit with its lines and the patient in step with it, together or not at all.
 
+#include "core/care/staylimit.h"
 #include "core/clock/clock.h"
 #include "core/numbers/numbers.h"
 #include "core/rows/cells.h"
@@ -23,7 +24,7 @@ std::vector<core::Check> frmRecords::checks() {
         {cboType.text().empty(), " please specify clinic for Patient", &cboType},
         {blank(cboPurpose), " please specify Purpose of Visit for Patient", &cboPurpose},
         {session().gAttendPurpose.empty(), "Specify Purpose of Attendance", &cboPurpose},
-        {isManagedCare(category) && blank(client.txtEmp), "HMO Enrolle No Needed OR enter NIL if No Enrolle Num ",
+        {core::isManagedCare(category) && blank(client.txtEmp), "HMO Enrolle No Needed OR enter NIL if No Enrolle Num ",
          &client.txtEmp},
         {blank(client.CboRef), " please specify Whether Patient is FeeForService", &client.CboRef},
         {blank(client.cboRefHmo), " please specify Whether Patient is a Referal", &client.cboRefHmo},

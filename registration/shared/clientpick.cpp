@@ -1,15 +1,12 @@
 #include "registration/shared/clientpick.h"
 
+#include "core/care/staylimit.h"
 #include "core/rows/entries.h"
 #include "core/session/session.h"
 
 namespace registration {
 
 using namespace db::literals;
-
-bool isManagedCare(std::string_view category) {
-    return category == "PHIS" || category == "HMO" || category == "NHIS";
-}
 
 ClientPick::ClientPick(core::Workplace& place, ui::Screen& screen, ui::ComboBox::Style clients, const Picked& picked)
     : Part(place, screen), cboPat(screen, "cboPat", clients, ui::upperCase), picked_(picked) {
@@ -92,7 +89,7 @@ void ClientPick::pickCategory() {
 }
 
 void ClientPick::offerPlansOf(const std::string& category) {
-    if (isManagedCare(category))
+    if (core::isManagedCare(category))
         loadPlans();
     else
         offerNoPlans();

@@ -6,9 +6,6 @@
 
 namespace registration {
 
-/// "PHIS", "HMO" and "NHIS" pay by schemes that limit what they pay for.
-bool isManagedCare(std::string_view category);
-
 /// The client of a patient: first the client, then the billing category of his type, then the plan; and how he pays.
 /// Who keeps the picks (the session, a screen) lends its variables.
 class ClientPick : public core::Part {

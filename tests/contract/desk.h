@@ -27,8 +27,13 @@ struct RecordScreen {
     std::vector<std::string> texts;
     /// Takes the record away behind the back of who corrects it.
     db::Sql vanish;
-    /// Whether Delete deletes, or refuses.
+    /// What Delete does: it deletes, it says why not, or the screen has none.
     bool deletes = true;
+    std::string refusesDelete = " Record cannot be deleted ";
+    std::string deleteTitle = "Delete";
+    /// The question of a save, and its title.
+    std::string question = "Are you sure to save";
+    std::string questionTitle = "Check before save";
 };
 
 std::ostream& operator<<(std::ostream& out, const RecordScreen& screen);
@@ -44,6 +49,7 @@ public:
     void set(const std::string& control, const nlohmann::json& content);
     [[nodiscard]] nlohmann::json form() const { return place.desktop.get(screen_.name); }
     [[nodiscard]] std::string text(const std::string& field) const { return form()["controls"][field]["text"]; }
+    [[nodiscard]] bool shows(const std::string& control) const { return form()["controls"][control]["visible"]; }
     /// All that a save and a delete write.
     std::string rows();
     /// How many rows each of those tables has.

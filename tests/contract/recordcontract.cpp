@@ -90,7 +90,7 @@ TEST_P(RecordContract, ASaveAsksAndNoStoresNothing) {
         const Untouched before(desk);
         desk.answer("no");
         desk.fire("OKButton");
-        EXPECT_TRUE(desk.asked("Are you sure to save", "Check before save")) << way;
+        EXPECT_TRUE(desk.asked(screen().question, screen().questionTitle)) << way;
         before.expect(way);
     }
 }
@@ -167,9 +167,13 @@ TEST_P(RecordContract, ADeleteAsksAndAWriteOfItThatFailsLeavesTheRows) {
     if (!screen().deletes) {
         Desk desk(screen());
         desk.saveOne();
+        if (screen().refusesDelete.empty()) {
+            EXPECT_FALSE(desk.shows("cmdDel"));
+            return;
+        }
         const Untouched before(desk);
         desk.fire("cmdDel");
-        EXPECT_EQ(desk.boxes().back().text, " Record cannot be deleted ");
+        EXPECT_EQ(desk.boxes().back().text, screen().refusesDelete);
         return before.expect("the delete");
     }
     for (int write = 0;; ++write) {
@@ -187,7 +191,7 @@ TEST_P(RecordContract, ADeleteAsksAndAWriteOfItThatFailsLeavesTheRows) {
             desk.forgetFailure();
             break;
         }
-        EXPECT_TRUE(desk.asked("Are you sure to Delete Record", "Delete"));
+        EXPECT_TRUE(desk.asked("Are you sure to Delete Record", screen().deleteTitle));
         EXPECT_EQ(desk.rows() == rows, !deleted) << desk.failed();
         EXPECT_FALSE(deleted && write == 0) << "no is no";
     }
@@ -231,7 +235,7 @@ TEST_P(RecordContract, EveryStatementThatItSendsIsKnown) {
     desk.pressSave();
     check("correct");
     if (screen().deletes) desk.answer("yes");
-    desk.fire("cmdDel");
+    if (desk.shows("cmdDel")) desk.fire("cmdDel");
     check("delete");
     desk.fire("cmdRefresh");
     check("refresh");

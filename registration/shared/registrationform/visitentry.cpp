@@ -1,5 +1,6 @@
 #include "registration/shared/registrationform/visitentry.h"
 
+#include "core/care/referral.h"
 #include "core/clock/clock.h"
 #include "core/patients/outbox.h"
 #include "core/rows/entries.h"
@@ -122,16 +123,14 @@ void VisitEntry::writeAppointment(const std::string& pno) {
     variables.gApptDate = dtNext.value() ? db::Value(*dtNext.value()) : db::Value();
     variables.gApptTime = dtRefTime.value() ? db::Value(*dtRefTime.value()) : db::Value();
     core::addRow(hospital(), "select  * from happointment where 1=2"_sql,
-                 {{"consultID", consultId_},
-                  {"clientCat", variables.gBillingCat},
-                  {"clinicType", cboClin.text()},
-                  {"ApptDate", variables.gApptDate},
-                  {"ApptTime", variables.gApptTime},
-                  {"Remarks", cboClin.text() + " Appointment"},
-                  {"PNo", pno},
-                  {"entryDate", variables.gServerNow.date()},
-                  {"entryTime", core::shortTime(variables.gServerNow)},
-                  {"attendedto", 0}});
+                 core::appointmentCells({.consultID = consultId_,
+                                         .category = variables.gBillingCat,
+                                         .clinic = cboClin.text(),
+                                         .date = variables.gApptDate,
+                                         .time = variables.gApptTime,
+                                         .remarks = cboClin.text() + " Appointment",
+                                         .pno = pno,
+                                         .entered = variables.gServerNow}));
 }
 
 void VisitEntry::queueMessage(const std::string& pno, const std::string& phone, const std::string& extra) {

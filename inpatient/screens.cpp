@@ -1,0 +1,19 @@
+#include "inpatient/screens.h"
+
+#include "inpatient/frmwards/frmwards.h"
+
+namespace inpatient {
+namespace {
+
+template <class Screen>
+void provide(core::Workplace& place, const char* name) {
+    place.desktop.provide(name, [&place] { return std::make_unique<Screen>(place); });
+}
+
+}  // namespace
+
+void provideScreens(core::Workplace& place) {
+    provide<frmWards>(place, "frmWards");
+}
+
+}  // namespace inpatient

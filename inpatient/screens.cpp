@@ -1,5 +1,7 @@
 #include "inpatient/screens.h"
 
+#include "inpatient/frmadmission/frmadmission.h"
+#include "inpatient/frmreferaledit/frmreferaledit.h"
 #include "inpatient/frmwards/frmwards.h"
 
 namespace inpatient {
@@ -14,6 +16,8 @@ void provide(core::Workplace& place, const char* name) {
 
 void provideScreens(core::Workplace& place) {
     provide<frmWards>(place, "frmWards");
+    provide<frmReferalEdit>(place, "frmReferalEdit");
+    provide<frmAdmission>(place, "frmAdmission");
 }
 
 }  // namespace inpatient

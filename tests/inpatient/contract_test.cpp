@@ -1,5 +1,6 @@
 #include "inpatient/screens.h"
 #include "tests/contract/recordcontract.h"
+#include "tests/inpatient/admission/admission.h"
 
 using namespace db::literals;
 
@@ -25,7 +26,45 @@ RecordScreen wards() {
             .vanish = "delete from hWards"_sql};
 }
 
-INSTANTIATE_TEST_SUITE_P(Inpatient, RecordContract, testing::Values(wards()), screenName);
+RecordScreen referalEdit() {
+    return {.name = "frmReferalEdit",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeReferrals,
+            .add = [](Desk& desk) { refer(desk.place); },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("grdData.DblClick");
+                    desk.set("CboRef", wardsClinic);
+                    desk.set("dtTime", "14:00:00");
+                    desk.set("txtREason", "OPERATION");
+                },
+            .rows = {"select * from hreferal"_sql, "select * from hAppointment"_sql},
+            .texts = {"txtREason"},
+            .vanish = "delete from hreferal"_sql,
+            .deleteTitle = "Delete from Clinic",
+            .question = "Are you sure to save?",
+            .questionTitle = "About to save"};
+}
+
+RecordScreen admission() {
+    return {.name = "frmAdmission",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeReferred,
+            .add = [](Desk& desk) { admit(desk.place, nneWaits); },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("grdData.DblClick");
+                    desk.set("cboWard", "ICU");
+                },
+            .rows = {"select * from hAdmission"_sql, "select * from hreferal"_sql, "select * from hConsulting"_sql,
+                     "select * from hRecords"_sql, "select * from hPatients"_sql},
+            .texts = {"txtREason", "txtRem", "txtDiag"},
+            .vanish = "delete from hAdmission"_sql,
+            .deletes = false,
+            .refusesDelete = "Invalid Action!!! Delete not Allowed"};
+}
+
+INSTANTIATE_TEST_SUITE_P(Inpatient, RecordContract, testing::Values(wards(), referalEdit(), admission()), screenName);
 
 }  // namespace
 }  // namespace test

@@ -143,6 +143,7 @@ std::vector<std::string> TestHospital::breakTheLineAtEachStatement(const std::st
         answer("yes");
         place.desktop.fire(screen + ".OKButton", false);
         if (std::any_of(boxes_.begin(), boxes_.end(), [](auto& box) { return box.text.starts_with("Record "); })) break;
+        forgetAnswers();  // a line that breaks ahead of the question leaves nothing to ask
         broken.push_back(log_.at(broken.size()).text);
         EXPECT_EQ(rows(), before) << broken.back();
         EXPECT_EQ(nlohmann::json::diff(form, place.desktop.get(screen)), nlohmann::json::array()) << broken.back();

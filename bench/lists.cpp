@@ -102,6 +102,36 @@ int main(int argc, char** argv) {
          "select SNo, Date, Time, Fullname, Remarks as Drug, AttendedTo, ConsultID FROM  vwhNotify where NotifyDept='NURSING' and Date='"_sql +
              hospital.day + "' order by SNo Desc"},
         {"wardList", "select * from qryhAdmission order by fullname"_sql},
+        {"consultedToday",
+         "SELECT  distinct id,CDate,fullname,pNo,consultid FROM qryhconsulting where cdate between '"_sql +
+             hospital.day + "' and '" + hospital.day + "' order by fullname"},
+        {"referredToday",
+         "select distinct pNO,pSurname,pFirstname,Company,refDate,consultID from qryhreferal where referTo in ('IN-PATIENT','(IN-PATIENT)') and refdate between '"_sql +
+             hospital.day + "' AND '" + hospital.day +
+             "' and consultID not in (select ConsultID from hAdmission) order by psurname"},
+        {"referralsOfTheDay",
+         "select distinct RefDate,RefTime,pno,psurname as Surname,pfirstname as Firstname,ApptDate,ID,ClientCat,referTo,refReason,ConsultID,AttendedTo from qryhreferal where refdate = '"_sql +
+             hospital.day + "'"},
+        {"admissions",
+         "select distinct SNO, AdmDate, aTime as Time, Fullname, WardID as Ward, clientCat,Company,DoctorName as AdmitedBy,Diagnosis, Reason, Remarks, pNo as PatNo, consultID, Age, Sex,PolicyType as HmoPlan from qryhAdmission order by admDate desc,atime desc"_sql},
+        {"wardPatients", "select distinct pNO,fullname,consultID from qryhAdmission order by fullname "_sql},
+        {"forTheNurses",
+         "select pNO,fullname,consultID from qryhAdmission   where consultID in (select consultID from hdischarge)"_sql},
+        {"dischargesOfTheDay", "select distinct * from qryhDischarge where dischdate = '"_sql + hospital.day + "'"},
+        {"nursesDischargesOfTheDay",
+         "select distinct ID,DischDate,DischTime,Fullname,StaffName,WardID,Remarks,Reason,ClientCat,ConsultID,PNo from qryhDischargeForNurse where dischdate = '"_sql +
+             hospital.day + "'"},
+        {"overdue", "select  distinct sno,consultid,fullname,pno from qryhAdmission order by fullname"_sql},
+        {"recall",
+         "SELECT distinct consultID,dischDate,remarks,fullname,pNo FROM qryhDischargeForNurse  where dischDate between '"_sql +
+             hospital.day + "' and '" + hospital.day + "' order by fullname asc"},
+        {"expired",
+         "select AdmDate,aTime as Time,FullName,ConsultID,Company,ClientCat,ExtendAdmissionLimitTo as ExpiredAdmission,PNo from qryhAdmission  where ClientCat in ('PHIS','NHIS','HMO') and  getDate()>= IsNull(ExtendAdmissionLimitTo,getDate())"_sql},
+        {"comments",
+         "select SNo, Date, Time, Fullname, Comment, Dept, AttendedTo, ConsultID FROM  vwhComments where dept='NURSING' order by SNo"_sql},
+        {"commentsOfTheDay",
+         "select SNo, Date, Time, Fullname, Comment, Dept, AttendedTo, ConsultID FROM  vwhComments where dept='NURSING' and Date='"_sql +
+             hospital.day + "' order by SNo Desc"},
         {"cardSearch", "select  * from vwhpatients where oldPno = '"_sql + known["OldPNo"] + "'  order by fullname"},
     };
     std::vector<std::pair<std::string, db::Sql>> searches;

@@ -8,9 +8,9 @@ namespace db {
 
 namespace {
 
-constexpr std::array<std::string_view, 12> monthNames = {"January",   "February", "March",    "April",
-                                                         "May",       "June",     "July",     "August",
-                                                         "September", "October",  "November", "December"};
+constexpr std::array<std::string_view, 12> wholeMonthNames = {"January",   "February", "March",    "April",
+                                                              "May",       "June",     "July",     "August",
+                                                              "September", "October",  "November", "December"};
 
 /// Reads a text from left to right. Each reader gives nothing, or false, where its part does not stand.
 class Cursor {
@@ -44,8 +44,8 @@ public:
     }
     std::optional<int> month() noexcept {
         const auto name = word();
-        for (std::size_t i = 0; i < monthNames.size(); ++i)
-            if (sameName(name, monthNames[i]) || sameName(name, monthNames[i].substr(0, 3)))
+        for (std::size_t i = 0; i < wholeMonthNames.size(); ++i)
+            if (sameName(name, wholeMonthNames[i]) || sameName(name, wholeMonthNames[i].substr(0, 3)))
                 return static_cast<int>(i + 1);
         return std::nullopt;
     }

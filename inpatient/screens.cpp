@@ -1,6 +1,10 @@
 #include "inpatient/screens.h"
 
 #include "inpatient/frmadmission/frmadmission.h"
+#include "inpatient/frmdischarge/frmdischarge.h"
+#include "inpatient/frmdischargefornuse/frmdischargefornuse.h"
+#include "inpatient/frmdischargelistoverdue/frmdischargelistoverdue.h"
+#include "inpatient/frmrecover/frmrecover.h"
 #include "inpatient/frmreferaledit/frmreferaledit.h"
 #include "inpatient/frmwards/frmwards.h"
 
@@ -18,6 +22,10 @@ void provideScreens(core::Workplace& place) {
     provide<frmWards>(place, "frmWards");
     provide<frmReferalEdit>(place, "frmReferalEdit");
     provide<frmAdmission>(place, "frmAdmission");
+    provide<frmDischarge>(place, "frmDischarge");
+    provide<frmDischargeForNuse>(place, "frmDischargeForNuse");
+    provide<frmDischargeListOverdue>(place, "frmDischargeListOverdue");
+    provide<frmRecover>(place, "frmRecover");
 }
 
 }  // namespace inpatient

@@ -7,7 +7,14 @@ namespace ui {
 
 void CheckList::clear() {
     checkAll(false);
+    setNotes({});
     ItemControl::clear();
+}
+
+void CheckList::setNotes(std::vector<std::string> notes) {
+    if (notes_ == notes) return;
+    notes_ = std::move(notes);
+    touch("notes");
 }
 
 bool CheckList::checked(int index) const {
@@ -37,11 +44,12 @@ std::vector<ListItem> CheckList::checkedItems() const {
 }
 
 std::vector<std::string_view> CheckList::properties() const {
-    return {"items", "index", "checked"};
+    return {"items", "index", "checked", "notes"};
 }
 
 nlohmann::json CheckList::property(std::string_view name) const {
     if (name == "checked") return checked_;
+    if (name == "notes") return notes_;
     return name == "items" ? allItems() : ItemControl::property(name);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <set>
+#include <string>
+#include <vector>
 
 #include "ui/controls.h"
 
@@ -12,11 +14,13 @@ namespace ui {
 class CheckList : public ItemControl {
 public:
     CheckList(Screen& screen, std::string name) : ItemControl(screen, std::move(name)) {}
-    /// Drops the items with their ticks, and the pick.
+    /// Drops the items with their ticks and remarks, and the pick.
     void clear() override;
     /// Throws db::Error(other) "Invalid property array index", as the next one does.
     [[nodiscard]] bool checked(int index) const;
     void setChecked(int index, bool checked);
+    /// A remark beside each item, in their order: a help to the eye that belongs to no item's text.
+    void setNotes(std::vector<std::string> notes);
     /// Ticks all items, or none.
     void checkAll(bool checked);
     [[nodiscard]] std::size_t checkedCount() const noexcept { return checked_.size(); }
@@ -32,6 +36,7 @@ public:
 
 private:
     std::set<int> checked_;
+    std::vector<std::string> notes_;
 };
 
 }  // namespace ui

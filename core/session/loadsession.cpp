@@ -89,9 +89,9 @@ void identifyUser(Workplace& place) {
 void lockVersion(Workplace& place) {
     const auto& role = place.session.gModuleRole;
     if (place.session.gLockOldVersion != "YES") return;
-    const auto rows = place.hospital().read("select MinVer from Roles where LoginRole='"_sql + role + "'");
-    if (rows.empty()) return;
-    const int minimum = rows["MinVer"].isNull() ? 0 : rows["MinVer"].int16();
+    const auto least = place.hospital().read("select MinVer from Roles where LoginRole='"_sql + role + "'");
+    if (least.empty()) return;
+    const int minimum = least["MinVer"].isNull() ? 0 : least["MinVer"].int16();
     const auto& version = place.settings.version;
     if (minimum <= version.major) return;
     fatal(place,

@@ -8,7 +8,7 @@ namespace hospital::demo {
 namespace {
 
 constexpr int pregnancyDays = 280;  ///< from the last menstrual period to the day on which birth is due (Naegele)
-constexpr int daysBack = 725;       ///< how far the visits go back
+constexpr int visitsBack = 725;     ///< how far the visits go back
 
 /// The entry of illnesses() with this diagnosis.
 std::size_t illnessCalled(std::string_view diagnosis) {
@@ -179,7 +179,7 @@ private:
     void follow(int number, const db::DateTime& lastPeriod, const db::DateTime& end, int stay) {
         hospital_.pregnancies.push_back({number, lastPeriod, stay});
         auto day = std::max({lastPeriod.plusDays(chance_.between(84, 140)), hospital_.patient(number).registered,
-                             hospital_.today.plusDays(-daysBack)});
+                             hospital_.today.plusDays(-visitsBack)});
         day = std::min(day, end.plusDays(-5));
         for (bool booked = false; day < end; day = day.plusDays(booked ? 28 : 1)) {
             const auto clinic = booked ? clinicDay(day) : day;

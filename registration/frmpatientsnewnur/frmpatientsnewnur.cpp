@@ -16,7 +16,7 @@ using namespace db::literals;
 
 namespace {
 
-db::Recordset search(core::Workplace& place, SearchKind kind, const std::string& text, bool limited) {
+db::Recordset searchAsNurse(core::Workplace& place, SearchKind kind, const std::string& text, bool limited) {
     if (limited) return firstByName(place, core::quotesDoubled(text));
     return searchAtDesk(place, kind, text);
 }
@@ -26,7 +26,7 @@ db::Recordset search(core::Workplace& place, SearchKind kind, const std::string&
 frmPatientsNewNur::frmPatientsNewNur(core::Workplace& place)
     : RegistrationForm(place, "frmPatientsNewNur", " Registration",
                        {.numberSearch = SearchKind::sysNo,
-                        .search = &search,
+                        .search = &searchAsNurse,
                         .visit = {.deskOnly = false, .consultPrice = ConsultPrice::service},
                         .deleteRefusal = "You dont have Permission to Reverse a Receipt Entry"}) {
     bind(photograph.cmdPix, ui::Event::click, &frmPatientsNewNur::cmdPix_Click);

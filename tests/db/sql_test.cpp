@@ -12,14 +12,14 @@ using db::Value;
 using namespace std::string_literals;
 
 TEST(Sql, ValuesBecomeParameters) {
-    struct Case {
+    struct Written {
         const char* name;
         Sql statement;
         std::string text;
         std::vector<Value> parameters;
     };
     const std::int64_t five = 5;
-    const Case cases[] = {
+    const Written cases[] = {
         {"no value", "select 'it''s', [a'b], \"c\" from T"_sql, "select 'it''s', [a'b], \"c\" from T", {}},
         {"one literal", "where pno='"_sql + "000000123/001"s + "'", "where pno=?1", {"000000123/001"}},
         {"literal text around", "where a like '%"_sql + "x"s + "_''" + "y"s + "%'", "where a like ?1", {"%x_'y%"}},

@@ -122,13 +122,12 @@ TEST(Value, LeadingNumbers) {
 }
 
 TEST(RowBuffer, CellsReadAsTheirColumnSays) {
-    using Reading = db::RowBuffer::Reading;
     db::RowBuffer rows;
-    rows.addColumn("Plain", Reading::plain);
-    rows.addColumn("Day", Reading::date);
-    rows.addColumn("Flag", Reading::flag);
-    rows.addColumn("Amount", Reading::money);
-    rows.addColumn("Picture", Reading::plain);
+    rows.addColumn("Plain", db::RowBuffer::Reading::plain);
+    rows.addColumn("Day", db::RowBuffer::Reading::date);
+    rows.addColumn("Flag", db::RowBuffer::Reading::flag);
+    rows.addColumn("Amount", db::RowBuffer::Reading::money);
+    rows.addColumn("Picture", db::RowBuffer::Reading::plain);
     rows.addText("2026-11-24");
     rows.addText("2026-11-24");
     rows.addInteger(-1);

@@ -1,6 +1,7 @@
 #include "inpatient/screens.h"
 #include "tests/contract/recordcontract.h"
 #include "tests/inpatient/admission/admission.h"
+#include "tests/inpatient/discharge/discharge.h"
 
 using namespace db::literals;
 
@@ -64,7 +65,55 @@ RecordScreen admission() {
             .refusesDelete = "Invalid Action!!! Delete not Allowed"};
 }
 
-INSTANTIATE_TEST_SUITE_P(Inpatient, RecordContract, testing::Values(wards(), referalEdit(), admission()), screenName);
+RecordScreen dischargeByDoctor() {
+    return {.name = "frmDischarge",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeWards,
+            .add =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", adaLies);
+                    desk.set("cboCat", "Ojo Tunde [D1]");
+                    desk.set("dtAppt", "2026-12-08");
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtREason", "WELL");
+                },
+            .rows = {"select * from hdischarge"_sql, "select * from hRecords"_sql},
+            .texts = {"txtREason", "txtRem"},
+            .vanish = "delete from hdischarge"_sql,
+            .deletes = false,
+            .refusesDelete = ""};
+}
+
+RecordScreen dischargeByNurse() {
+    return {
+        .name = "frmDischargeForNuse",
+        .provide = &inpatient::provideScreens,
+        .arrange = &arrangeDischarged,
+        .add =
+            [](Desk& desk) {
+                desk.fire("cmdAdd");
+                desk.set("dtDate", "2026-11-24");
+                desk.set("cboVehNo", adaLies);
+            },
+        .correct =
+            [](Desk& desk) {
+                desk.fire("grdData.DblClick");
+                desk.set("txtREason", "WELL");
+            },
+        .rows = {"select * from hdischargeForNurse"_sql, "select * from hAdmission"_sql, "select * from hRecords"_sql},
+        .texts = {"txtREason", "txtRem"},
+        .vanish = "delete from hdischargeForNurse"_sql,
+        .question = "Are you sure to Discharge this Patient",
+        .questionTitle = "Discharge"};
+}
+
+INSTANTIATE_TEST_SUITE_P(Inpatient, RecordContract,
+                         testing::Values(wards(), referalEdit(), admission(), dischargeByDoctor(), dischargeByNurse()),
+                         screenName);
 
 }  // namespace
 }  // namespace test

@@ -12,7 +12,7 @@ class CheckRows extends RowList {
     #goal = true;
 
     constructor(link) {
-        super(link, {rows: () => link.state.items.map((item) => [item.text]), current: () => link.state.index});
+        super(link, {rows: () => link.state.items.map((item, at) => [item.text, ...link.state.notes.slice(at, at + 1)]), current: () => link.state.index});
         this.count = h("div", {class: "v-list-count", role: "status"});
         this.element.append(this.count);
     }

@@ -23,6 +23,7 @@ struct Report {
     std::string name;   ///< "rptVitalSigns"
     std::string title;  ///< may be empty
     db::Recordset rows;
+    std::string period = {};  ///< whom and which days it is about, in a line under the title; may be empty
 
     /// What stands above it: its title, or its name in words.
     [[nodiscard]] std::string heading() const { return title.empty() ? wordsOfName(name) : title; }

@@ -106,6 +106,7 @@ void Desktop::print(const Screen& screen) {
 
 void Desktop::report(Report report) {
     nlohmann::json event = {{"name", report.name}, {"title", report.heading()}, {"rows", report.rows.rowCount()}};
+    if (!report.period.empty()) event["period"] = report.period;
     if (reportKeeper_) event["id"] = reportKeeper_(report);
     emit({{"report", std::move(event)}});
 }

@@ -92,6 +92,7 @@ std::uint64_t ReportShelf::keep(const ui::Report& report, const std::string& hos
     auto kept = std::make_shared<KeptReport>();
     kept->name = report.name;
     kept->title = report.heading();
+    kept->period = report.period;
     kept->hospital = hospital;
     kept->made = db::DateTime::now().text();
     for (const std::string& column : report.rows.fields()) kept->columns.push_back(ui::columnCaption(column));
@@ -126,8 +127,9 @@ std::string reportPage(const KeptReport& report, const std::string& style, const
         (liesAcross(report) ? " across" : "") +
         "\">\n"
         "<header class=\"report-head\">\n<p>" +
-        htmlEscaped(report.hospital) + "</p>\n<h1>" + heading + "</h1>\n<p>" + htmlEscaped(report.made) + " &middot; " +
-        count +
+        htmlEscaped(report.hospital) + "</p>\n<h1>" + heading + "</h1>\n" +
+        (report.period.empty() ? "" : "<p>" + htmlEscaped(report.period) + "</p>\n") + "<p>" +
+        htmlEscaped(report.made) + " &middot; " + count +
         "</p>\n</header>\n<div class=\"report-tools\"><button type=\"button\" id=\"print\">Print</button><a "
         "href=\"/reports/" +
         std::to_string(report.id) + ".csv\">Download as CSV</a></div>\n<main>\n";

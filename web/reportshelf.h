@@ -20,6 +20,7 @@ struct KeptReport {
     std::uint64_t id = 0;
     std::string name;
     std::string title;
+    std::string period;  ///< whom and which days it is about
     std::string hospital;
     std::string made;  ///< date and time
     std::vector<std::string> columns;

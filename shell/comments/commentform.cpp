@@ -25,12 +25,13 @@ bool saysNothing(std::string text) {
 }  // namespace
 
 CommentForm::CommentForm(core::Workplace& place, std::string name) : Form(place, std::move(name), "Comments") {
+    dGexp.hideColumn("Dept");  // it is ours
     bind(OKButton, Event::click, &CommentForm::OKButton_Click);
     bind(CancelButton, Event::click, &CommentForm::leave);
 }
 
 void CommentForm::load() {
-    lblName.setCaption(session().gCurPatientName);
+    lblName.setCaption(core::blank(session().gCurPatientName) ? "(no patient)" : session().gCurPatientName);
     trapped([this] {
         core::fill(cboCat, {""});
         core::addColumn(cboCat, hospital(), "select distinct DeptName from hDepts"_sql, "DeptName");

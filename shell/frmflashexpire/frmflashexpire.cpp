@@ -2,6 +2,7 @@
 
 #include "core/care/staylimit.h"
 #include "core/rows/grids.h"
+#include "db/connection.h"
 #include "db/value.h"
 
 namespace shell {
@@ -67,12 +68,15 @@ frmFlashExpire::Extension frmFlashExpire::extension() const {
 }
 
 void frmFlashExpire::extend(const Extension& extension) {
-    // Two commands and no transaction: a fault between them leaves the patient's limit set and the stay's as it was.
+    // Two commands that stand or fall by themselves: a fault between them leaves the patient's hours set and the stay's
+    // limit as it was. The page's note of the save goes with the second, which extends the stay.
     const bool extended = saves(cmdUpdate, [&] {
         hospital().execute("update hPatients set  AdmissionDaysLimit='"_sql + extension.hours + "' where PNo='" +
                            lblNo.caption() + "' and AdmissionDaysLimit=0");
+        db::Transaction stay(hospital());
         hospital().execute("update hAdmission set  ExtendAdmissionLimitTo='"_sql + extension.until +
                            "' where ConsultID='" + lblCon.caption() + "'");
+        stay.commit();
     });
     if (!extended) return;
     audit("Extend Stay in Admission of " + lblName.caption() + " from " + lblLimit.caption() + " to " + extension.until,

@@ -56,6 +56,9 @@ TEST_F(Comments, OpensWithAllCommentsForThisDepartment) {
     EXPECT_TRUE(entries("cboCat").starts_with("|")) << entries("cboCat");
     EXPECT_NE(entries("cboCat").find("|PHARMACY|"), std::string::npos);
     EXPECT_EQ(place.desktop.loaded(name)->caption() + shown({"lblName"}), "CommentsObi Ada ");
+    session().gCurPatientName.clear();
+    open();
+    EXPECT_EQ(shown({"lblName"}), "(no patient)");
 }
 
 TEST_F(Comments, ACommentIsStoredWithoutAQuestionAndTheScreenCloses) {

@@ -42,15 +42,11 @@ std::optional<db::DateTime> dateOf(const db::Value& value) {
     return value.moment();
 }
 
-void show(const Field& field, const ui::DataGrid& list) {
-    const auto text = list.text(field.shown);
+void show(const Field& field, const std::string& text, const db::Value& value) {
     std::visit(Cases{[&](ui::TextBox* box) { box->setText(text); },
                      [&](ui::ComboBox* combo) { showInCombo(*combo, text, field.keeps); },
-                     [&](ui::CheckBox* tick) {
-                         const auto value = list.rows()[field.shown];
-                         tick->setChecked(!value.isNull() && value.number() != 0);
-                     },
-                     [&](ui::DatePicker* date) { date->setValue(dateOf(list.rows()[field.shown])); },
+                     [&](ui::CheckBox* tick) { tick->setChecked(!value.isNull() && value.number() != 0); },
+                     [&](ui::DatePicker* date) { date->setValue(dateOf(value)); },
                      [&](ui::Label* label) { label->setCaption(text); }},
                field.control);
 }
@@ -76,7 +72,12 @@ void empty(const Field& field) {
 
 void Fields::fill(const ui::DataGrid& list) const {
     for (const auto& field : fields_)
-        if (field.shown) show(field, list);
+        if (field.shown) show(field, list.text(field.shown), list.rows()[field.shown]);
+}
+
+void Fields::fill(const db::Recordset& row) const {
+    for (const auto& field : fields_)
+        if (field.shown) show(field, row[field.shown].textOr(), row[field.shown]);
 }
 
 Cells Fields::cells() const {

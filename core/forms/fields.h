@@ -37,6 +37,8 @@ public:
     /// Shows the current row of a list. A combo picks the entry of that text or key, or holds the text alone. Throws
     /// db::Error for a column that the list does not have.
     void fill(const ui::DataGrid& list) const;
+    /// The same from the current row of a result set.
+    void fill(const db::Recordset& row) const;
     /// What the fields hold, as it is stored, in the order of the table. Throws db::Error.
     [[nodiscard]] Cells cells() const;
     void clear() const;

@@ -21,8 +21,11 @@ std::string twoDecimals(double volume) {
     return text;
 }
 
-db::Value volume(const ui::TextBox& box) {
-    return box.text().empty() ? db::Value() : db::Value(box.text());
+/// What a volume's column gets: nothing for an empty field. Throws db::Error(type) for what is no number.
+db::Value volume(const ui::TextBox& box, const char* column) {
+    if (box.text().empty()) return {};
+    if (const auto number = db::parseNumber(box.text())) return *number;
+    throw db::Error(db::Category::type, "Type mismatch: the volume is no number", {}, {}, column);
 }
 
 }  // namespace
@@ -121,8 +124,8 @@ std::optional<core::Refusal> frmFluidChart::write() {
     const auto cells = core::joined(fields().cells(), {{"nDate", dtDate.value()->date()},
                                                        {"nTime", session().gServerTime},
                                                        {"empID", session().gEmpID},
-                                                       {"IntVol", volume(txtInVol)},
-                                                       {"OutVol", volume(txtOutVol)}});
+                                                       {"IntVol", volume(txtInVol, "IntVol")},
+                                                       {"OutVol", volume(txtOutVol, "OutVol")}});
     db::Recordset line(hospital(), editing() ? "select * from hfluidChart where sno ='"_sql + sno_ + "'"
                                              : "select * from hfluidChart where 1=2"_sql);
     if (adding()) line.addNew();

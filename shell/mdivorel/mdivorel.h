@@ -8,13 +8,14 @@
 #include "core/forms/form.h"
 #include "core/session/mainwindow.h"
 #include "core/session/workplace.h"
+#include "shell/duelists.h"
 #include "ui/controls.h"
 
 namespace shell {
 
 /// The main window: menu tree, alert panel, server clock, debt label, status bar, and the timers that watch the waiting
 /// lists. It opens once a session and closing it ends the session.
-class MdiVorel : public core::Form, public core::MainWindow {
+class MdiVorel : public core::Form, public core::MainWindow, public DueFlags {
 public:
     explicit MdiVorel(core::Workplace& place);
 
@@ -33,9 +34,9 @@ public:
     void VerifyDueDischDate();
     void VerifyDueDelivery();
     [[nodiscard]] const std::string& dueText() const noexcept { return dueText_; }
-    [[nodiscard]] bool balanceDue() const noexcept { return balanceDue_; }
-    [[nodiscard]] bool dischargeDue() const noexcept { return dischargeDue_; }
-    [[nodiscard]] bool deliveryDue() const noexcept { return deliveryDue_; }
+    [[nodiscard]] bool balanceDue() const noexcept override { return balanceDue_; }
+    [[nodiscard]] bool dischargeDue() const noexcept override { return dischargeDue_; }
+    [[nodiscard]] bool deliveryDue() const noexcept override { return deliveryDue_; }
 
     // -- what menu entries do beyond opening a screen --
     void mnuRDef_Click();

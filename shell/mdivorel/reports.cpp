@@ -1,4 +1,5 @@
 #include "core/session/session.h"
+#include "shell/duelists.h"
 #include "shell/mdivorel/mdivorel.h"
 
 using namespace db::literals;
@@ -45,15 +46,15 @@ void MdiVorel::verifyDue(const db::Sql& query, const std::string& line, bool& du
 }
 
 void MdiVorel::VerifyDueBalance() {
-    verifyDue("select * from qryhBillingBalance"_sql, "--Some Patients Balance are due for payment--", balanceDue_);
+    verifyDue(balancesDue(), "--Some Patients Balance are due for payment--", balanceDue_);
 }
 
 void MdiVorel::VerifyDueDischDate() {
-    verifyDue("select * from qryhBabyDischarge"_sql, "--Some new born babies are due for Discharge--", dischargeDue_);
+    verifyDue(babiesToDischarge(), "--Some new born babies are due for Discharge--", dischargeDue_);
 }
 
 void MdiVorel::VerifyDueDelivery() {
-    verifyDue("select * from qryhEDD"_sql, "--Some Expectant mothers' EDD are due--", deliveryDue_);
+    verifyDue(expectedDeliveries(), "--Some Expectant mothers' EDD are due--", deliveryDue_);
 }
 
 }  // namespace shell

@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "core/care/staylimit.h"
 #include "core/clock/clock.h"
 #include "core/session/session.h"
 #include "shell/mdivorel/mdivorel.h"
+#include "shell/waitinglists.h"
 
 using namespace db::literals;
 
@@ -29,36 +31,20 @@ void MdiVorel::Timer1_Timer() {
 }
 
 void MdiVorel::watchPatients() {
-    const bool waiting =
-        !hospital()
-             .read(
-                 "select recDate as Date,hTime as Time,pSurname as Surname,pfirstName as FirstName,Age,ClinicType "
-                 "from qryhPatListForNurse where recDate ='"_sql +
-                 session().gServerDate + "' and attendedTo=0")
-             .empty();
+    const bool waiting = !hospital().read(patientsWaiting(session().gServerDate)).empty();
     session().gPatientsWaiting = waiting;
     session().gWatchTimersOn = waiting;
     flashNotify(waiting);
 }
 
 void MdiVorel::watchAdmissions() {
-    const bool waiting =
-        !hospital()
-             .read("select Date,Time,Patient,Sex,Age,Coyname,Doctor,RoomNo from vwAdmissionWaitList where date ='"_sql +
-                   session().gServerDate + "'")
-             .empty();
+    const bool waiting = !hospital().read(admissionsWaiting(session().gServerDate)).empty();
     session().gAdmissionsWaiting = waiting;
     flashNotify(waiting);
 }
 
 void MdiVorel::watchNotifications() {
-    const bool waiting =
-        !hospital()
-             .read(
-                 "select SNo, Date, Time, Fullname, Remarks as Drug, AttendedTo, ConsultID FROM  "
-                 "vwhNotify where NotifyDept='"_sql +
-                 session().gModuleRole + "' and Date='" + session().gServerDate + "' order by SNo Desc")
-             .empty();
+    const bool waiting = !hospital().read(notificationsWaiting(session().gModuleRole, session().gServerDate)).empty();
     // An empty list clears the flag of the admissions: that of the notifications stays once it is set.
     (waiting ? session().gNotificationsWaiting : session().gAdmissionsWaiting) = waiting;
     flashNotify(waiting);
@@ -72,12 +58,9 @@ void MdiVorel::flashNotify(bool waiting) {
 
 void MdiVorel::Timer2_Timer() {
     trapped([&] {
-        auto expired = hospital().read(
-            "select ClientCat,ExtendAdmissionLimitTo from qryhAdmission  where ClientCat in ('PHIS','NHIS','HMO') and  "
-            "getDate()>= IsNull(ExtendAdmissionLimitTo,getDate())"_sql);
+        auto expired = hospital().read("select ClientCat,ExtendAdmissionLimitTo"_sql + core::fromExpiredStays());
         for (; !expired.eof(); expired.moveNext()) {
-            const std::string scheme = expired["clientCat"].textOr();
-            const bool managed = scheme == "NHIS" || scheme == "PHIS" || scheme == "HMO";
+            const bool managed = core::isManagedCare(expired["clientCat"].textOr());
             tmrExpired.setRunning(managed);
             if (managed) return;
         }

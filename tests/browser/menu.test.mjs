@@ -69,12 +69,13 @@ test("the watch is switched by a button and by the panel's double click", async 
     await pressed(true);
     await page.locator(".v-watch").press("Enter");
     await pressed(false);
-    await page.locator(".v-watch").press("Enter");  // on: the list of who waits opens
-    await box(page).waitFor();
-    await page.keyboard.press("Enter");
+    await page.locator(".v-watch").press("Enter");  // on: the lists of who waits open
+    const prompt = page.locator("[data-screen=frmFlash]");
+    await prompt.waitFor();
     await pressed(true);
     await page.locator(".v-alerts").dblclick({position: {x: 2, y: 2}});
     await pressed(false);
+    await prompt.waitFor({state: "hidden"});
 });
 
 test("arrangements show screens side by side on a wide page", async () => {

@@ -111,8 +111,69 @@ RecordScreen dischargeByNurse() {
         .questionTitle = "Discharge"};
 }
 
+RecordScreen fluidChart() {
+    return {.name = "frmFluidChart",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeWards,
+            .add =
+                [](Desk& desk) {
+                    desk.set("cboVehNo", adaLies);
+                    desk.fire("cmdAdd");
+                    desk.set("cboTime", "9 AM");
+                    desk.set("txtInVol", "200");
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.set("cboVehNo", adaLies);
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtInVol", "250");
+                },
+            .rows = {"select * from hfluidChart"_sql},
+            .texts = {"txtInOthers", "txtOutOthers"},
+            .vanish = "delete from hfluidChart"_sql,
+            .deletes = false};
+}
+
+RecordScreen allergy() {
+    return {.name = "frmAllergy",
+            .provide = &inpatient::provideScreens,
+            .arrange =
+                [](TestHospital& hospital) {
+                    arrangeWards(hospital);
+                    hospital.execute("insert into hdischargeForNurse (consultID, PNo) values ('C1', 'P1')"_sql);
+                },
+            .add =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    for (const auto& [field, content] : Entries{{"cboVehNo", adaLies},
+                                                                {"cboCat", "Nurse Joy [E001]"},
+                                                                {"cboDoc", "Zainab Audu [D2]"},
+                                                                {"dtTime", "08:10:00"},
+                                                                {"dtDoc", "08:25:00"},
+                                                                {"txtNote", "ADRENALINE"},
+                                                                {"cboEvent", "BLOOD ADMINISTERED"}})
+                        desk.set(field, content);
+                    desk.set("LstDate", {{"row", 1}, {"checked", true}});
+                },
+            .correct =
+                [](Desk& desk) {
+                    if (desk.form()["controls"]["grdData"]["rows"].empty()) {
+                        desk.fire("cmdAdd");
+                        desk.set("cboVehNo", adaLies);
+                        desk.fire("cmdCancel");
+                    }
+                    desk.fire("grdData.DblClick");
+                    desk.set("cboCat", "Nurse Joy [E001]");
+                    desk.set("txtNote", "REST");
+                },
+            .rows = {"select * from hNurseAllergy"_sql, "select * from hdischargeForNurse"_sql},
+            .texts = {"cboEvent", "txtOther", "txtRem", "txtNote"},
+            .vanish = "delete from hNurseAllergy"_sql};
+}
+
 INSTANTIATE_TEST_SUITE_P(Inpatient, RecordContract,
-                         testing::Values(wards(), referalEdit(), admission(), dischargeByDoctor(), dischargeByNurse()),
+                         testing::Values(wards(), referalEdit(), admission(), dischargeByDoctor(), dischargeByNurse(),
+                                         fluidChart(), allergy()),
                          screenName);
 
 }  // namespace

@@ -5,6 +5,8 @@ const usualPage = 50;
 const rowsWithoutFilter = 8;
 /** A text up to this length stays on one line: names, dates and readings; a wide table scrolls instead. */
 const longestLine = 24;
+/** From this length on a text has room: the table scrolls before a comment becomes a column of single words. */
+const wholeTexts = 80;
 
 /** Both grids: a table with a current row, sorted, narrowed and paged here. */
 export const grid = (link) => new Grid(link);
@@ -115,7 +117,8 @@ class Grid {
     }
 
     #cell(text) {
-        return h("td", {class: text.length <= longestLine ? "v-short" : null}, text);
+        const room = text.length <= longestLine ? "v-short" : text.length >= wholeTexts ? "v-long" : null;
+        return h("td", {class: room}, text);
     }
 
     #emptyRow(width) {

@@ -1,6 +1,7 @@
 #include "inpatient/screens.h"
 #include "tests/contract/recordcontract.h"
 #include "tests/inpatient/admission/admission.h"
+#include "tests/inpatient/charts/charts.h"
 #include "tests/inpatient/discharge/discharge.h"
 
 using namespace db::literals;
@@ -171,9 +172,31 @@ RecordScreen allergy() {
             .vanish = "delete from hNurseAllergy"_sql};
 }
 
+RecordScreen observations() {
+    return {.name = "frmPreConsultAdm",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeWards,
+            .add =
+                [](Desk& desk) {
+                    desk.set("LstDate", {{"row", 1}});
+                    desk.fire("cmdAdd");
+                    for (const auto& [field, content] : observation) desk.set(field, content);
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.set("LstDate", {{"row", 1}});
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtTemp", "37");
+                },
+            .rows = {"select * from hPreConsult"_sql, "select * from hPreConsultChart"_sql},
+            .texts = {"txtTemp", "txtPressure", "txtPause", "txtResp", "txtHt", "txtWt", "txtSPO2", "txtRBS",
+                      "cboPosition", "txtStool", "txtUrine", "txtSDrainage"},
+            .vanish = "delete from hPreConsult"_sql};
+}
+
 INSTANTIATE_TEST_SUITE_P(Inpatient, RecordContract,
                          testing::Values(wards(), referalEdit(), admission(), dischargeByDoctor(), dischargeByNurse(),
-                                         fluidChart(), allergy()),
+                                         fluidChart(), allergy(), observations()),
                          screenName);
 
 }  // namespace

@@ -6,9 +6,13 @@ const chosen = () => localStorage.getItem(storageKey);
 
 export const isDark = () => (chosen() ? chosen() === "dark" : dark.matches);
 
-export function applyTheme() {
-    document.documentElement.dataset.theme = isDark() ? "dark" : "light";
+function show(theme) {
+    document.documentElement.dataset.theme = theme;
     document.dispatchEvent(new Event("themechange"));
+}
+
+export function applyTheme() {
+    show(isDark() ? "dark" : "light");
 }
 
 export function switchTheme() {
@@ -18,3 +22,6 @@ export function switchTheme() {
 
 dark.addEventListener("change", applyTheme);
 applyTheme();
+// Paper is white, whatever the screen is.
+addEventListener("beforeprint", () => show("light"));
+addEventListener("afterprint", applyTheme);

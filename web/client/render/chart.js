@@ -13,19 +13,41 @@ function loadLibrary() {
     return library;
 }
 
-/** Lines over labels. The same figures stand in a table for screen readers, and for whoever wants to read them. */
+/**
+ * Lines over labels. The values at a label show under the pointer, and by the arrow keys, which speak them too. The same
+ * figures stand in a table below.
+ */
 export function lineChart(link) {
-    const canvas = h("canvas", {role: "img", id: newId("chart")});
+    const canvas = h("canvas", {role: "img", id: newId("chart"), tabindex: "0"});
+    const spoken = h("div", {class: "visually-hidden", role: "status", "aria-live": "polite"});
     const table = h("table", {class: "table table-sm v-table"});
-    const details = h("details", {class: "v-chart-table"}, h("summary", {}, "Figures as a table"), table);
-    const element = h("div", {class: "v-chart"}, h("div", {class: "v-chart-canvas"}, canvas), details);
+    const details = h("details", {class: "v-chart-table", open: true}, h("summary", {}, "Figures as a table"), table);
+    const element = h("div", {class: "v-chart"}, h("div", {class: "v-chart-canvas"}, canvas), spoken, details);
     let chart = null;
     let drawn = "";
+    let at = -1;
     const draw = async () => {
         const Chart = await loadLibrary();
         chart?.destroy();
         chart = new Chart(canvas, configuration(link.state, (name) => themeColor(element, name)));
     };
+    const walkTo = (label) => {
+        at = label;
+        const active = label < 0 ? [] : link.state.series.flatMap(
+            ({points}, datasetIndex) => (points[label] === null ? [] : [{datasetIndex, index: label}]));
+        spoken.textContent = label < 0 ? "" : valuesAt(link.state, label);
+        chart?.setActiveElements(active);
+        chart?.tooltip.setActiveElements(active, {x: 0, y: 0});
+        chart?.update();
+    };
+    canvas.addEventListener("keydown", (event) => {
+        const last = link.state.labels.length - 1;
+        const to = {ArrowRight: at + 1, ArrowLeft: at < 0 ? last : at - 1, Home: 0, End: last}[event.key];
+        if (to === undefined || last < 0) return;
+        event.preventDefault();
+        walkTo(Math.max(0, Math.min(to, last)));
+    });
+    canvas.addEventListener("blur", () => walkTo(-1));
     document.addEventListener("themechange", () => element.isConnected && draw());
     return {
         element,
@@ -38,10 +60,11 @@ export function lineChart(link) {
             drawn = shown;
             canvas.setAttribute("aria-label", describe(link.state));
             fillTable(table, link.state);
+            at = -1;
             draw().catch(() => (details.open = true));
         },
         setEnabled() {},
-        focusTarget: () => details.querySelector("summary"),
+        focusTarget: () => canvas,
     };
 }
 
@@ -60,6 +83,12 @@ function describe({title, xTitle, yTitle, labels, series}) {
     });
     const axes = [yTitle, xTitle].filter(Boolean).join(" by ");
     return `${title || "Chart"}: ${axes && `${axes}, `}${labels.length} points. ${lines.join("; ")}`;
+}
+
+/** What the lines have at a label, as it is read out. */
+function valuesAt({labels, series}, label) {
+    const values = series.map(({name, points}) => `${name} ${points[label] ?? "not taken"}`);
+    return `${labels[label]}, ${label + 1} of ${labels.length}: ${values.join(", ")}`;
 }
 
 function fillTable(table, {title, xTitle, yTitle, labels, series}) {
@@ -90,6 +119,7 @@ function configuration({title, xTitle, yTitle, labels, series}, color) {
             responsive: true,
             maintainAspectRatio: false,
             color: text,
+            interaction: {mode: "index", intersect: false},
             scales: {x: scale(xTitle), y: scale(yTitle)},
             plugins: {title: heading(title), legend: {labels: {color: text, usePointStyle: true}}},
         },

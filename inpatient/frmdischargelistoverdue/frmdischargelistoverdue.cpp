@@ -48,6 +48,7 @@ void add(db::Recordset& discharges, const core::Cells& cells) {
 
 frmDischargeListOverdue::frmDischargeListOverdue(core::Workplace& place)
     : Form(place, "frmDischargeListOverdue", "Admission List ") {
+    lblProgress.setVisible(false);
     bind(cmdAll, Event::click, [this] { tickAll(true, "No Item to select"); });
     bind(cmdDeSelect, Event::click, [this] { tickAll(false, "No Item to Deselect"); });
     bind(cmdProcess, Event::click, &frmDischargeListOverdue::cmdProcess_Click);
@@ -74,7 +75,6 @@ void frmDischargeListOverdue::showPatients() {
         notes.push_back(stayed.empty() ? std::string() : stayed + (stayed == "1" ? " day" : " days"));
     }
     lstPat.setNotes(std::move(notes));
-    lblProgress.setCaption({});
     setCaption("Admission List : " + std::to_string(lstPat.items().size()));
 }
 
@@ -95,7 +95,7 @@ void frmDischargeListOverdue::cmdProcess_Click() {
         discharge(chosen);
         transaction.commit();
     });
-    lblProgress.setCaption({});
+    lblProgress.setVisible(false);
     if (!wentThrough) return;
     message(std::to_string(chosen.size()) + " Overdue Patients Discharge Done");
     showPatients();
@@ -103,6 +103,7 @@ void frmDischargeListOverdue::cmdProcess_Click() {
 
 /// One whom a doctor has discharged leaves the list; for the others both discharges are written too.
 void frmDischargeListOverdue::discharge(const std::vector<ui::ListItem>& patients) {
+    lblProgress.setVisible(true);
     db::Recordset byDoctor(hospital(), "select * from hdischarge where 1=2"_sql);
     db::Recordset byNurse(hospital(), "select * from hdischargeForNurse where 1=2"_sql);
     for (std::size_t at = 0; at < patients.size(); ++at) {

@@ -45,8 +45,14 @@ export class ScreenView {
         this.banner = layout.patient ? new Banner(this, layout.patient) : null;
         const form = h("div", {class: "v-form"}, ...this.#sections(layout.sections, null));
         if (layout.help) form.append(h("p", {class: "v-screen-help"}, layout.help));
-        const beside = layout.beside.length > 0 ? [h("aside", {class: "v-beside"}, ...this.#sections(layout.beside, null))] : [];
-        this.body.replaceChildren(...(this.banner ? [this.banner.element] : []), h("div", {class: "v-columns"}, form, ...beside));
+        const columns = [form];
+        if (layout.beside.length > 0) {
+            const beside = h("aside", {class: "v-beside"}, ...this.#sections(layout.beside, null));
+            // What the form is filled from comes ahead of it, for the Tab key too.
+            if (layout.besideFirst) columns.unshift(beside);
+            else columns.push(beside);
+        }
+        this.body.replaceChildren(...(this.banner ? [this.banner.element] : []), h("div", {class: "v-columns"}, ...columns));
         if (layout.buttons.length > 0) this.body.append(this.#buttonBar(layout.buttons));
         const measured = [...this.#parts.values()].filter((part) => part.link.item.measure);
         this.measures = measured.length > 0 ? new Measures(this, measured) : null;

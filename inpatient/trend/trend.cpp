@@ -5,7 +5,7 @@ namespace inpatient {
 using ui::Event;
 
 TrendScreen::TrendScreen(core::Workplace& place, const char* name, const char* valueAxis, const Trend& trend)
-    : Form(place, name, trend.title), trend_(trend) {
+    : Form(place, name, trend.title.empty() ? "Trend" : trend.title), trend_(trend) {
     chart.setAxisTitles("Time", valueAxis);
     bind(cmdPrint, Event::click, [this] { desktop().print(*this); });
     bind(CancelButton, Event::click, [this] { close(); });

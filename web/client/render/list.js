@@ -63,8 +63,8 @@ export class RowList {
     }
 
     setEnabled(enabled) {
+        // A list that takes no pick can still be scrolled and read.
         this.#enabled = enabled;
-        this.rows.tabIndex = enabled ? 0 : -1;
         setAttribute(this.rows, "aria-disabled", !enabled && "true");
         this.element.classList.toggle("v-disabled", !enabled);
     }

@@ -139,14 +139,14 @@ void frmAllergy::startEditing() {
 }
 
 std::vector<core::Check> frmAllergy::checks() {
-    ui::Control& signsField = editing() ? static_cast<ui::Control&>(txtSymptoms) : LstDate;
+    ui::Control* signsField = editing() ? static_cast<ui::Control*>(&txtSymptoms) : &LstDate;
     // A stay that ended meanwhile has left its name in the list and nobody on the screen.
     return {{adding() && (cboVehNo.text().empty() || blank(lblBill)), "Please specify Patient Name", &cboVehNo},
             {blank(cboCat), "Please specify Name of Nurse", &cboCat},
             {cboDoc.text() == " " || cboCat.text().empty(), "Please specify Name of Doctor in Attendance", &cboDoc},
             {!dtTime.value(), "Please specify Time of Reaction", &dtTime},
             {!dtDoc.value(), "Please specify Doctor's Time of Attendance", &dtDoc},
-            {signs().empty(), "Please Tick Signs and Symptoms", &signsField},
+            {signs().empty(), "Please Tick Signs and Symptoms", signsField},
             {blank(txtNote), "Please specify Note of immediate response to care", &txtNote},
             {blank(cboEvent), "Please specify Event which preceded reaction", &cboEvent}};
 }

@@ -37,28 +37,22 @@ void showInCombo(ui::ComboBox& list, const std::string& text, Keeps keeps) {
         list.setText(text);
 }
 
-std::optional<db::DateTime> dateOf(const db::Value& value) {
-    if (value.isNull() || value.textOr().empty()) return std::nullopt;
-    return value.moment();
-}
-
 void show(const Field& field, const std::string& text, const db::Value& value) {
     std::visit(Cases{[&](ui::TextBox* box) { box->setText(text); },
                      [&](ui::ComboBox* combo) { showInCombo(*combo, text, field.keeps); },
                      [&](ui::CheckBox* tick) { tick->setChecked(!value.isNull() && value.number() != 0); },
-                     [&](ui::DatePicker* date) { date->setValue(dateOf(value)); },
+                     [&](ui::DatePicker* date) { showDate(*date, value); },
                      [&](ui::Label* label) { label->setCaption(text); }},
                field.control);
 }
 
 db::Value valueOf(const Field& field) {
-    return std::visit(
-        Cases{[&](const ui::TextBox* box) { return db::Value(kept(box->text(), field.keeps)); },
-              [&](const ui::ComboBox* combo) { return db::Value(kept(combo->text(), field.keeps)); },
-              [](const ui::CheckBox* tick) { return db::Value(tick->checked() ? 1 : 0); },
-              [](const ui::DatePicker* date) { return date->value() ? db::Value(*date->value()) : db::Value(); },
-              [&](const ui::Label* label) { return db::Value(kept(label->caption(), field.keeps)); }},
-        field.control);
+    return std::visit(Cases{[&](const ui::TextBox* box) { return db::Value(kept(box->text(), field.keeps)); },
+                            [&](const ui::ComboBox* combo) { return db::Value(kept(combo->text(), field.keeps)); },
+                            [](const ui::CheckBox* tick) { return db::Value(tick->checked() ? 1 : 0); },
+                            [](const ui::DatePicker* date) { return core::valueOf(*date); },
+                            [&](const ui::Label* label) { return db::Value(kept(label->caption(), field.keeps)); }},
+                      field.control);
 }
 
 void empty(const Field& field) {

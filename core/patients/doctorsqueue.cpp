@@ -1,5 +1,6 @@
 #include "core/patients/doctorsqueue.h"
 
+#include "core/rows/cells.h"
 #include "core/rows/grids.h"
 #include "core/session/workplace.h"
 
@@ -8,11 +9,10 @@ namespace core {
 using namespace db::literals;
 
 void refreshDoctorsQueue(Workplace& place, ui::DataGrid& grid, const ui::DatePicker& day) {
-    const auto date = day.value() ? db::Value(*day.value()) : db::Value("");
     refreshRows(grid,
                 place.hospital().readShared(
                     "select distinct [Date],RoomNo,DocName,NumOfPat from vwDocWaitingListGrouped where date='"_sql +
-                    date + "'"),
+                    textOf(day) + "'"),
                 {"Date", "RoomNo", "DocName"});
 }
 

@@ -18,4 +18,17 @@ void addRow(db::Connection& connection, const db::Sql& emptySet, const Cells& ce
     rows.update();
 }
 
+db::Value valueOf(const ui::DatePicker& date) {
+    return date.value() ? db::Value(*date.value()) : db::Value();
+}
+
+std::string textOf(const ui::DatePicker& date) {
+    return valueOf(date).textOr();
+}
+
+void showDate(ui::DatePicker& date, const db::Value& stored) {
+    if (stored.isNullOrEmpty()) return date.setValue({});
+    date.setValue(stored.moment());
+}
+
 }  // namespace core

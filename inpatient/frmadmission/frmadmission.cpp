@@ -80,11 +80,10 @@ void frmAdmission::startAdding() {
 /// Those who were referred to the wards in the days that are asked for. A visit that was ever admitted does not come
 /// back.
 void frmAdmission::fillReferrals() {
-    const auto day = [](const ui::DatePicker& of) { return of.value() ? of.value()->text() : std::string(); };
     const auto wanted =
         "select distinct pNO,pSurname,pFirstname,Company,refDate,consultID from qryhreferal where referTo in "
         "('IN-PATIENT','(IN-PATIENT)') and refdate between '"_sql +
-        day(DTPicker1) + "' AND '" + day(DTPicker2) +
+        core::textOf(DTPicker1) + "' AND '" + core::textOf(DTPicker2) +
         "' and consultID not in (select ConsultID from hAdmission) order by psurname";
     cboVehNo.clear();
     cboVehNo.add("");

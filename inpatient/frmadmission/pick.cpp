@@ -101,10 +101,7 @@ void frmAdmission::limitOfStay() {
 }
 
 void frmAdmission::limitInHours(int hours) {
-    const auto moment = [](const ui::DatePicker& of) {
-        return (of.value() ? db::Value(*of.value()) : db::Value()).moment();
-    };
-    const auto start = at(moment(dtDate), moment(dtTime));
+    const auto start = at(core::valueOf(dtDate).moment(), core::valueOf(dtTime).moment());
     showLimit(start.plusHours(hours), hours == unlimitedHours ? "No limit for this patient."
                                                               : std::to_string(hours) + " hours from the admission.");
 }

@@ -48,8 +48,7 @@ void frmDischarge::startAdding() {
 
 void frmDischarge::startEditing() {
     DischargeForm::startEditing();
-    const auto next = grdData.rows()["apptDate"];
-    dtAppt.setValue(next.isNull() ? std::nullopt : std::optional(next.moment()));
+    core::showDate(dtAppt, grdData.rows()["apptDate"]);
     cboVehNo.add(grdData.text("pno"));
     cboVehNo.setIndex(0);
     showDoctor(grdData.text("StaffNo"));

@@ -58,10 +58,6 @@ void frmFluidChart::fillLists() {
     if (!dtDate.value()) dtDate.setValue(session().gServerDate);
 }
 
-std::string frmFluidChart::day() const {
-    return dtDate.value() ? dtDate.value()->date().text() : std::string();
-}
-
 void frmFluidChart::showList() {
     if (blank(lblBill)) return grdData.clear();
     core::refreshRows(
@@ -69,7 +65,7 @@ void frmFluidChart::showList() {
         hospital().read("select distinct SNo,EmpID,Date,ChartTime as Time,FullName,IntakeFluidType,InTakeFluid,IntVol "
                         "as IntakeVol,OutPutFluidType,OutputFluid,OutVol as OutputVol,ConsultID,PNo,ClientCat from "
                         "qryhfluidchart where consultID = '"_sql +
-                        lblBill.caption() + "' and Date='" + day() + "'"),
+                        lblBill.caption() + "' and Date='" + core::textOf(dtDate) + "'"),
         {"SNo"});
 }
 
@@ -77,7 +73,7 @@ void frmFluidChart::showTotals() {
     for (auto* total : {&lblIntVol, &lblOutVol}) total->setCaption("0");
     const auto sums = hospital().read(
         "select sum(IntVol) as IntVol,sum(OutVol) as OutVol FROM  qryhFluidChart where consultID = '"_sql +
-        lblBill.caption() + "' and Date='" + day() + "'");
+        lblBill.caption() + "' and Date='" + core::textOf(dtDate) + "'");
     if (!sums["IntVol"].isNull()) lblIntVol.setCaption(twoDecimals(sums["IntVol"].number()));
     if (!sums["OutVol"].isNull()) lblOutVol.setCaption(twoDecimals(sums["OutVol"].number()));
 }
@@ -108,7 +104,7 @@ void frmFluidChart::startEditing() {
     lblClient.setCaption(grdData.text("ClientCat"));
     lblBill.setCaption(grdData.text("ConsultID"));
     lblTitle.setCaption("Patient : " + grdData.text("FullName"));
-    dtDate.setValue(grdData.rows()["Date"].moment());
+    core::showDate(dtDate, grdData.rows()["Date"]);
     core::showEntry(cboVehNo, core::entryText(grdData.text("FullName"), lblBill.caption()));
     desktop().focus(cboTime);
 }
@@ -165,10 +161,10 @@ void frmFluidChart::cmdChart_Click() {
     if (!dtDate.value()) return refuse("Please specify date", dtDate);
     const auto patient = core::entryOf(cboVehNo.text());
     auto lines = hospital().read("Select * from qryhFluidChart  where consultID='"_sql + patient.key +
-                                 "' and Date = '" + day() + "' order by SNo");
+                                 "' and Date = '" + core::textOf(dtDate) + "' order by SNo");
     if (lines.empty()) return message("No Report for the Specfied Patient and Date");
-    desktop().report(
-        {"rptFluidChart", "Fluid Chart Report", std::move(lines), patient.name + " Fluid Chart for " + day()});
+    desktop().report({"rptFluidChart", "Fluid Chart Report", std::move(lines),
+                      patient.name + " Fluid Chart for " + core::textOf(dtDate)});
 }
 
 ui::Control* frmFluidChart::controlOf(std::string_view column) {

@@ -50,7 +50,6 @@ private:
     void cboVehNo_Click();
     void cmdChart_Click();
     void showTotals();
-    [[nodiscard]] std::string day() const;
 
     StayLabels labels_{{&lblBill, "consultID"}, {&lblClient, "clientCat"}, {&lblNo, "PNo"}};
     std::string sno_;  ///< of the line under correction, then of the line written

@@ -120,8 +120,7 @@ void frmPreConsultAdm::startEditing() {
     RecordForm::startEditing();
     readings.showPressure(grdData);
     recordID_ = grdData.text("ID");
-    const auto time = grdData.rows()["Time"];
-    dtTime.setValue(time.isNull() ? std::nullopt : std::optional(time.moment()));
+    core::showDate(dtTime, grdData.rows()["Time"]);
     lblNo.setCaption(grdData.text("PNo"));
     lblCat.setCaption(grdData.text("ClientCat"));
     lblBill.setCaption(grdData.text("ConsultID"));

@@ -21,13 +21,12 @@ void frmRecover::load() {
 }
 
 void frmRecover::fillDischarged() {
-    const auto day = [](const ui::DatePicker& of) { return of.value() ? of.value()->text() : std::string(); };
     cboVehNo.clear();
     cboVehNo.add("");
     core::addEntries(cboVehNo, hospital(),
                      "SELECT distinct consultID,dischDate,remarks,fullname,pNo FROM qryhDischargeForNurse  where "
                      "dischDate between '"_sql +
-                         day(DTPicker1) + "' and '" + day(DTPicker2) + "' order by fullname asc",
+                         core::textOf(DTPicker1) + "' and '" + core::textOf(DTPicker2) + "' order by fullname asc",
                      [](const db::Recordset& row) {
                          return core::entryText(row["fullName"].textOr() + " @" + row["dischDate"].textOr(),
                                                 row["consultID"].textOr());

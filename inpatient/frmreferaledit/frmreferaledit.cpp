@@ -50,10 +50,9 @@ void frmReferalEdit::fillClinics() {
 
 /// Those who were consulted in the days that are asked for. Each entry keeps its consultation's ID.
 void frmReferalEdit::fillPatients() {
-    const auto day = [](const ui::DatePicker& of) { return of.value() ? of.value()->text() : std::string(); };
     auto consulted = hospital().read(
         "SELECT  distinct id,CDate,fullname,pNo,consultid FROM qryhconsulting where cdate between '"_sql +
-        day(DTPicker1) + "' and '" + day(DTPicker2) + "' order by fullname");
+        core::textOf(DTPicker1) + "' and '" + core::textOf(DTPicker2) + "' order by fullname");
     cboVehNo.clear();
     cboVehNo.expect(consulted.rowCount());
     for (; !consulted.eof(); consulted.moveNext()) {

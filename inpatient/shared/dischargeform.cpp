@@ -84,7 +84,7 @@ void DischargeForm::clear() {
 }
 
 Discharge DischargeForm::discharge() const {
-    return {.date = dtDate.value() ? db::Value(*dtDate.value()) : db::Value(),
+    return {.date = core::valueOf(dtDate),
             .time = session().gServerTime,
             .ward = lblWard.caption(),
             .reason = txtREason.text(),

@@ -100,8 +100,7 @@ void frmPreConsult::startEditing() {
     cboVehNo.add(core::entryText(grdData.text("fullname"), grdData.text("consultID")));
     cboVehNo.setIndex(0);
     lblNo.setCaption(grdData.text("pNo"));
-    const auto date = grdData.rows()["date"];
-    dtDate.setValue(date.isNull() ? std::nullopt : std::optional(date.moment()));
+    core::showDate(dtDate, grdData.rows()["date"]);
     RecordForm::startEditing();
     readings.showPressure(grdData);
     Label5.setCaption(grdData.text("fullname"));

@@ -58,7 +58,7 @@ bool frmPreConsult::usedByDoctor() {
 
 /// The session's date and time stay those of its last reading: the twin of a corrected row takes its time from them.
 void frmPreConsult::correctReadings() {
-    const auto date = dtDate.value() ? db::Value(*dtDate.value()) : db::Value();
+    const auto date = core::valueOf(dtDate);
     readings.correct(hospital(), recordID_, cells(), {consultID_, date, session().gServerTime});
     passToDoctor();
 }

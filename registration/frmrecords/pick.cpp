@@ -149,8 +149,7 @@ void frmRecords::showVisit() {
     client.txtEmp.setText(row.text("EnrolleNo"));
     core::showEntry(client.CboRef, row.text("FeeForService"));
     core::showEntry(client.cboRefHmo, row.text("Referal"));
-    const auto date = row.rows()["Date"];
-    dtDate.setValue(date.isNull() ? std::nullopt : std::optional(date.moment()));
+    core::showDate(dtDate, row.rows()["Date"]);
     showQuietly(cboType, row.text("ClinicType"));
     core::showEntry(cboPurpose, row.text("Remarks"));
 }

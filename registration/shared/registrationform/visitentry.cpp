@@ -120,8 +120,8 @@ core::Cells VisitEntry::cells(const std::string& pno, const ClientPick& client) 
 
 void VisitEntry::writeAppointment(const std::string& pno) {
     auto& variables = session();
-    variables.gApptDate = dtNext.value() ? db::Value(*dtNext.value()) : db::Value();
-    variables.gApptTime = dtRefTime.value() ? db::Value(*dtRefTime.value()) : db::Value();
+    variables.gApptDate = core::valueOf(dtNext);
+    variables.gApptTime = core::valueOf(dtRefTime);
     core::addRow(hospital(), "select  * from happointment where 1=2"_sql,
                  core::appointmentCells({.consultID = consultId_,
                                          .category = variables.gBillingCat,

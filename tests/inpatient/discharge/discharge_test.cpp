@@ -1,4 +1,6 @@
 #include "tests/inpatient/discharge/discharge.h"
+#include <algorithm>
+
 #include "core/session/session.h"
 #include "inpatient/screens.h"
 #include "tests/core/atscreen.h"
@@ -254,6 +256,55 @@ TEST_F(Recover, OneWhoLiesInTheWardIsLeftAndOneWithoutAStayIsAnError) {
     EXPECT_NE(hospital.boxes().back().text, "Patient Info Successfully recalled");
     EXPECT_FALSE(place.databases.inTransaction());
     EXPECT_NE(discharges(fromNurse), "");
+}
+
+TEST(DischargeOverALine, BreaksLeaveTheOverdueAndTheRecalledAsTheyWere) {
+    struct Command {
+        const char* screen;
+        void (*arrange)(TestHospital&);
+        std::function<void(core::Workplace&)> prepare;
+        const char* button;
+        const char* done;
+    };
+    const Command commands[] = {
+        {"frmDischargeListOverdue", &arrangeDischarged,
+         [](core::Workplace& place) { place.desktop.fire("frmDischargeListOverdue.cmdAll", false); }, "cmdProcess",
+         "2 Overdue Patients Discharge Done"},
+        {"frmRecover", &arrangeGone,
+         [](core::Workplace& place) {
+             place.desktop.fire("frmRecover.cmdPat", false);
+             enter(place, "frmRecover", {{"cboVehNo", "Obi Ada @24-Nov-2026 [C1]"}});
+         },
+         "cmdRecall", "Patient Info Successfully recalled"}};
+    for (const auto& command : commands) {
+        const HospitalFiles files;
+        Ward hospital(files);
+        hospital.start();
+        inpatient::provideScreens(hospital.place);
+        command.arrange(hospital);
+        hospital.place.desktop.show(command.screen);
+        hospital.setTakesMessages(true);
+        const auto rows = [&] {
+            return hospital.dump("select * from hAdmission"_sql) + hospital.dump("select * from hdischarge"_sql) +
+                   hospital.dump("select * from hdischargeForNurse"_sql) +
+                   hospital.dump("select * from hAuditTrail"_sql);
+        };
+        const auto before = rows();
+        int broken = 0;
+        for (bool done = false; !done; ++broken) {
+            command.prepare(hospital.place);
+            hospital.forget();
+            hospital.breakLine(broken + 1);
+            hospital.answer("yes");
+            hospital.place.desktop.fire(std::string(command.screen) + "." + command.button, false);
+            done = std::any_of(hospital.boxes().begin(), hospital.boxes().end(),
+                               [&](const auto& box) { return box.text == command.done; });
+            if (done) break;
+            EXPECT_EQ(rows(), before) << command.screen << " " << broken + 1;
+        }
+        EXPECT_GE(broken, 3) << command.screen;
+        EXPECT_NE(rows(), before) << command.screen;
+    }
 }
 
 }  // namespace

@@ -133,7 +133,7 @@ class Grid {
         setAttribute(this.table, "aria-busy", searching && "true");
         this.filter.hidden = all <= rowsWithoutFilter && filter === "";
         if (this.filter.value !== filter) this.filter.value = filter;
-        const rows = count === all ? `${all} rows` : `${count} of ${all} rows`;
+        const rows = `${count === all ? "" : `${count} of `}${all} ${all === 1 ? "row" : "rows"}`;
         showText(this.count, searching ? "Searching …" : pages > 1 ? `${rows}, page ${page + 1} of ${pages}` : rows);
         this.open.disabled = Boolean(searching);
         this.open.hidden = !this.link.handles("DblClick") || all === 0;
@@ -186,6 +186,9 @@ class Grid {
         if (event.key in places) this.#choose(this.model.rowAt(places[event.key]));
         else if (event.key === " ") this.#choose(this.model.rowAt(at));
         else if (event.key === "Enter" && this.link.handles("DblClick")) {
+            // The row under the keyboard is meant, also where something else than the arrow keys brought it there.
+            const row = this.model.rowAt(at);
+            if (at >= 0 && row !== this.current) this.#choose(row);
             if (this.#pickable) this.link.fire("DblClick");
         } else {
             return;

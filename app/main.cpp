@@ -5,15 +5,6 @@
 #include "app/commands.h"
 
 namespace app {
-
-void addDataOption(CLI::App& command, std::string& data) {
-    command.add_option("--data", data, "Directory of the databases")->required()->type_name("DIR");
-}
-
-void addConfigOption(CLI::App& command, std::string& config) {
-    command.add_option("--config", config, "Configuration file")->type_name("FILE");
-}
-
 namespace {
 
 int runProgram(int argc, char** argv) {
@@ -37,7 +28,6 @@ int runProgram(int argc, char** argv) {
 }
 
 }  // namespace
-
 }  // namespace app
 
 int main(int argc, char** argv) {

@@ -21,7 +21,7 @@ void addStay(TestHospital& hospital, const std::string& n, const std::string& na
         n + "', 'C" + n + "', '" + category + "', " + (limit.empty() ? "null"_sql : "'"_sql + limit + "'") + ")");
 }
 
-void arrange(TestHospital& hospital) {
+void arrangeStays(TestHospital& hospital) {
     addStay(hospital, "1", "Obi", "HMO", "24-Nov-2026 09:30");
     addStay(hospital, "2", "Bello", "NHIS", "", 48);
     addStay(hospital, "3", "Eze", "PHIS", "23-Nov-2026 18:45");
@@ -29,7 +29,7 @@ void arrange(TestHospital& hospital) {
 
 class Expire : public SmallScreen {
 protected:
-    Expire() : SmallScreen("frmFlashExpire", &arrange) {}
+    Expire() : SmallScreen("frmFlashExpire", &arrangeStays) {}
     std::string labels() { return shown({"lblName", "lblNo", "lblCon", "lblAdmDate", "lblTime", "lblLimit"}); }
     void choose(int stay, const char* hours) {
         set("dGexp", {{"row", stay}});

@@ -6,7 +6,7 @@ namespace test {
 namespace {
 
 /// Ada waits for her vital signs since the server's day began, Musa for a bed since the workstation's did.
-void arrange(TestHospital& hospital) {
+void arrangeLists(TestHospital& hospital) {
     hospital.workstationClock = db::DateTime::of(2026, 11, 25, 0, 5);
     hospital.execute(
         "insert into hPatients (PNo, psurname, pfirstName, DOB, sex, CoyName) values ('P1', 'Obi', 'Ada', "
@@ -22,7 +22,7 @@ void arrange(TestHospital& hospital) {
 
 class Flash : public SmallScreen {
 protected:
-    Flash() : SmallScreen("frmFlash", &arrange) {}
+    Flash() : SmallScreen("frmFlash", &arrangeLists) {}
 };
 
 TEST_F(Flash, EachCommandReadsItsListByItsOwnClock) {

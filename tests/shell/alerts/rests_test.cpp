@@ -5,7 +5,7 @@ using namespace db::literals;
 namespace test {
 namespace {
 
-void arrange(TestHospital& hospital) {
+void arrangePatients(TestHospital& hospital) {
     hospital.execute("delete from hWards"_sql);
     hospital.execute("insert into hWards (wardID, WardName) values ('ICU', 'ICU'), ('MALE', 'MALE')"_sql);
     hospital.execute("insert into employees (empID, lastname) values ('D1', 'Ojo'), ('D2', 'Audu')"_sql);
@@ -21,7 +21,7 @@ const Entries typed = {{"dtDate", "2026-11-24"},  {"dtTime", "02:15"},     {"cbo
 
 class Rests : public SmallScreen {
 protected:
-    Rests() : SmallScreen("frmRests", &arrange) {}
+    Rests() : SmallScreen("frmRests", &arrangePatients) {}
     std::string rows() {
         return dump("select PNo, rDate, rtime, wardID, certifiedby, moveDate, Remarks, Reason, Age from hRests"_sql);
     }
@@ -121,7 +121,7 @@ TEST(RestsInFiles, ALineThatBreaksAtAnyStatementLeavesTheRowsAndTheForm) {
     Ward hospital(files);
     hospital.start();
     shell::provideScreens(hospital.place);
-    arrange(hospital);
+    arrangePatients(hospital);
     hospital.place.desktop.show("frmRests");
     hospital.setTakesMessages(true);
     for (const char* patient : {"P1", "P2"}) {

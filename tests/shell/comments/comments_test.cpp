@@ -6,7 +6,7 @@ using namespace db::literals;
 namespace test {
 namespace {
 
-void arrange(TestHospital& hospital) {
+void arrangeComments(TestHospital& hospital) {
     auto& session = hospital.place.session;
     session.gCommentConsultID = "C1";
     session.gCurPatientName = "Obi Ada ";
@@ -23,7 +23,7 @@ const char* const columns = "select SNo, Date, Time, Fullname, Comment, Dept, At
 
 class CommentScreen : public SmallScreen {
 protected:
-    CommentScreen(const char* screen) : SmallScreen(screen, &arrange) {}
+    CommentScreen(const char* screen) : SmallScreen(screen, &arrangeComments) {}
     std::string added() {
         return dump("select Dept, consultID, attendedto, Comment, CDate, ctime from hComments where SNo > 4"_sql);
     }

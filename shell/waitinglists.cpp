@@ -21,4 +21,9 @@ db::Sql notificationsWaiting(const std::string& department, const db::DateTime& 
            department + "' and Date='" + date + "' order by SNo Desc";
 }
 
+db::Sql fromExpiredStays() {
+    return " from qryhAdmission  where ClientCat in ('PHIS','NHIS','HMO') and  getDate()>= "
+           "IsNull(ExtendAdmissionLimitTo,getDate())"_sql;
+}
+
 }  // namespace shell

@@ -16,4 +16,8 @@ namespace shell {
 /// What other departments told this one on a day, the newest first.
 [[nodiscard]] db::Sql notificationsWaiting(const std::string& department, const db::DateTime& date);
 
+/// The open stays of scheme patients that have run out: behind the columns of qryhAdmission that are wanted. The
+/// server's clock decides, and a stay without a limit has run out.
+db::Sql fromExpiredStays();
+
 }  // namespace shell

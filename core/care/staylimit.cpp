@@ -4,15 +4,8 @@
 
 namespace core {
 
-using namespace db::literals;
-
 bool isManagedCare(std::string_view category) {
     return category == "HMO" || category == "PHIS" || category == "NHIS";
-}
-
-db::Sql fromExpiredStays() {
-    return " from qryhAdmission  where ClientCat in ('PHIS','NHIS','HMO') and  getDate()>= "
-           "IsNull(ExtendAdmissionLimitTo,getDate())"_sql;
 }
 
 std::string limitText(const db::DateTime& limit) {

@@ -4,16 +4,11 @@
 #include <string_view>
 
 #include "db/datetime.h"
-#include "db/sql.h"
 
 namespace core {
 
 /// Whether a billing category is a scheme that pays a stay for so many hours only: "HMO", "PHIS" or "NHIS".
 bool isManagedCare(std::string_view category);
-
-/// The open stays of scheme patients that have run out: behind the columns of qryhAdmission that are wanted. The
-/// server's clock decides, and a stay without a limit has run out.
-db::Sql fromExpiredStays();
 
 /// The moment at which a stay runs out, as screens show it: "24-Nov-2026 09:30".
 std::string limitText(const db::DateTime& limit);

@@ -27,7 +27,8 @@ frmAdmission::frmAdmission(core::Workplace& place) : RecordForm(place, "frmAdmis
 }
 
 void frmAdmission::fillLists() {
-    for (auto* day : {&DTPicker1, &DTPicker2, &dtDate, &dtAdmitLimit}) day->setValue(session().gServerDate);
+    days.start(session().gServerDate);
+    for (auto* day : {&dtDate, &dtAdmitLimit}) day->setValue(session().gServerDate);
     for (auto* time : {&dtTime, &dtAdmitLimitTime}) time->setValue(session().gServerTime);
     cboWard.clear();
     cboWard.add("");
@@ -48,8 +49,8 @@ void frmAdmission::showList() {
 
 // A stay remains its patient's.
 void frmAdmission::entered(Mode /*mode*/) {
-    for (ui::Control* control : {static_cast<ui::Control*>(&cboVehNo), static_cast<ui::Control*>(&cmdList)})
-        control->setEnabled(adding());
+    cboVehNo.setEnabled(adding());
+    cmdList.setEnabled(adding());
 }
 
 void frmAdmission::clear() {
@@ -59,8 +60,6 @@ void frmAdmission::clear() {
     lblLimit.setCaption({});
     dtDate.setValue(session().gServerDate);
     dtTime.setValue(session().gServerTime);
-    consultID_.clear();
-    conID_ = 0;
 }
 
 void frmAdmission::clearPatient() {
@@ -68,6 +67,7 @@ void frmAdmission::clearPatient() {
     txtREason.clear();
     txtDiag.clear();
     doctor_.clear();
+    if (!editing()) consultID_.clear();
     lblTitle.setCaption(caption());
 }
 
@@ -83,7 +83,7 @@ void frmAdmission::fillReferrals() {
     const auto wanted =
         "select distinct pNO,pSurname,pFirstname,Company,refDate,consultID from qryhreferal where referTo in "
         "('IN-PATIENT','(IN-PATIENT)') and refdate between '"_sql +
-        core::textOf(DTPicker1) + "' AND '" + core::textOf(DTPicker2) +
+        days.first() + "' AND '" + days.last() +
         "' and consultID not in (select ConsultID from hAdmission) order by psurname";
     cboVehNo.clear();
     cboVehNo.add("");
@@ -99,7 +99,6 @@ void frmAdmission::fillReferrals() {
 void frmAdmission::startEditing() {
     RecordForm::startEditing();
     consultID_ = grdData.text("consultID");
-    conID_ = 0;
     cboVehNo.clear();
     cboVehNo.add(core::entryText(grdData.text("Fullname") + " " + grdData.text("Company"), consultID_));
     desktop().focus(cboWard);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/forms/period.h"
 #include "core/forms/recordform.h"
 
 namespace inpatient {
@@ -13,8 +14,7 @@ public:
     explicit frmAdmission(core::Workplace& place);
 
     // -- who --
-    ui::DatePicker DTPicker1{*this, "DTPicker1"};  ///< the days of the referrals that are offered
-    ui::DatePicker DTPicker2{*this, "DTPicker2"};
+    core::Period days{*this};  ///< the days of the referrals that are offered
     ui::Button cmdList{*this, "cmdList", "&Get Patient List"};
     ui::ComboBox cboVehNo{*this, "cboVehNo", ui::ComboBox::Style::listOnly};
     ui::Label lblTitle{*this, "lblTitle"};

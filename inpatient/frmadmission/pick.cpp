@@ -23,16 +23,12 @@ db::DateTime at(const db::DateTime& day, const db::DateTime& time) {
 void frmAdmission::cboVehNo_Click() {
     if (cboVehNo.text().empty()) return;
     const auto consultID = core::entryOf(cboVehNo.text()).key;
+    if (adding()) clearPatient();  // a reading that fails leaves nobody, and not the patient picked before
     const auto from = editing() ? "select * from qryhReferalForEdit"_sql : "select * from qryhreferal"_sql;
     const auto referral =
         hospital().read(from + " where referTo in ('IN-PATIENT','(IN-PATIENT)') and consultID ='" + consultID + "'");
     clearPatient();
-    if (adding()) consultID_.clear();
-    if (referral.empty()) {
-        // Somebody took the referral back: nothing is saved for nobody.
-        if (adding()) cboVehNo.clearText();
-        return;
-    }
+    if (referral.empty()) return;  // somebody took it back
     consultID_ = consultID;
     showReferral(referral);
     if (!depositPaid()) {

@@ -15,7 +15,7 @@ std::vector<core::Check> frmAdmission::checks() {
     return {{cboWard.text().empty(), "Please specify Ward No", &cboWard},
             {!dtDate.value(), "Please specify Admission Date", &dtDate},
             {!dtTime.value(), "Please specify Admission Time", &dtTime},
-            {!editing() && cboVehNo.text().empty(), "Please specify Patient Name", &cboVehNo}};
+            {!editing() && consultID_.empty(), "Please specify Patient Name", &cboVehNo}};
 }
 
 bool frmAdmission::maySave() {

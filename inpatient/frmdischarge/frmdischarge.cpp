@@ -69,6 +69,7 @@ void frmDischarge::cboCat_Click() {
 
 std::vector<core::Check> frmDischarge::checks() {
     return {{blank(cboVehNo), "Please specify Patient Name", &cboVehNo},
+            {blank(lblBill), DischargeForm::noConsultation, &cboVehNo},
             {blank(cboCat), "Please specify Ward No", &cboCat},
             {!dtAppt.value(), "Please specify Next Appt Date", &dtAppt}};
 }

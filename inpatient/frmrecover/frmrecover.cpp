@@ -16,7 +16,7 @@ frmRecover::frmRecover(core::Workplace& place) : Form(place, "frmRecover", "Pati
 }
 
 void frmRecover::load() {
-    for (auto* day : {&DTPicker1, &DTPicker2}) day->setValue(session().gServerDate);
+    days.start(session().gServerDate);
     desktop().focus(cmdPat);
 }
 
@@ -26,7 +26,7 @@ void frmRecover::fillDischarged() {
     core::addEntries(cboVehNo, hospital(),
                      "SELECT distinct consultID,dischDate,remarks,fullname,pNo FROM qryhDischargeForNurse  where "
                      "dischDate between '"_sql +
-                         core::textOf(DTPicker1) + "' and '" + core::textOf(DTPicker2) + "' order by fullname asc",
+                         days.first() + "' and '" + days.last() + "' order by fullname asc",
                      [](const db::Recordset& row) {
                          return core::entryText(row["fullName"].textOr() + " @" + row["dischDate"].textOr(),
                                                 row["consultID"].textOr());

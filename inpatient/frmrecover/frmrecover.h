@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/forms/form.h"
+#include "core/forms/period.h"
 
 namespace inpatient {
 
@@ -14,8 +15,7 @@ public:
 
     void load() override;
 
-    ui::DatePicker DTPicker1{*this, "DTPicker1"};  ///< the days of the discharges that are offered
-    ui::DatePicker DTPicker2{*this, "DTPicker2"};
+    core::Period days{*this};  ///< the days of the discharges that are offered
     ui::Button cmdPat{*this, "cmdPat", "&Get Patients"};
     ui::ComboBox cboVehNo{*this, "cboVehNo", ui::ComboBox::Style::listOnly};
     ui::Button cmdRecall{*this, "cmdRecall", "Re&call Patient"};

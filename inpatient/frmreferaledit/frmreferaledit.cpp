@@ -32,7 +32,7 @@ frmReferalEdit::frmReferalEdit(core::Workplace& place) : RecordForm(place, "frmR
 }
 
 void frmReferalEdit::fillLists() {
-    for (auto* day : {&DTPicker1, &DTPicker2}) day->setValue(session().gServerDate);
+    days.start(session().gServerDate);
     fillClinics();
 }
 
@@ -52,7 +52,7 @@ void frmReferalEdit::fillClinics() {
 void frmReferalEdit::fillPatients() {
     auto consulted = hospital().read(
         "SELECT  distinct id,CDate,fullname,pNo,consultid FROM qryhconsulting where cdate between '"_sql +
-        core::textOf(DTPicker1) + "' and '" + core::textOf(DTPicker2) + "' order by fullname");
+        days.first() + "' and '" + days.last() + "' order by fullname");
     cboVehNo.clear();
     cboVehNo.expect(consulted.rowCount());
     for (; !consulted.eof(); consulted.moveNext()) {
@@ -132,7 +132,8 @@ std::string frmReferalEdit::clinic() const {
 
 std::vector<core::Check> frmReferalEdit::checks() {
     const auto last = editing() ? "!!! Last chosen clinic was " + grdData.text("referTo") : std::string();
-    return {{cboVehNo.text().empty(), "Please specify Patient Name", &cboVehNo},
+    // A consultation that has gone, or could not be read, has left its name in the list and nobody on the screen.
+    return {{cboVehNo.text().empty() || blank(lblNo), "Please specify Patient Name", &cboVehNo},
             {CboRef.text().empty(), "Please specify Referal Clinic" + last, &CboRef},
             {!dtDate.value(), "Please specify EntryDate", &dtDate},
             {!dtNext.value(), "Please specify Referal/Admission Date", &dtNext},

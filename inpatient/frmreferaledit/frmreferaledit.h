@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/care/referral.h"
+#include "core/forms/period.h"
 #include "core/forms/recordform.h"
 
 namespace inpatient {
@@ -14,8 +15,7 @@ public:
     explicit frmReferalEdit(core::Workplace& place);
 
     // -- who --
-    ui::DatePicker DTPicker1{*this, "DTPicker1"};  ///< the days of the consultations that are offered
-    ui::DatePicker DTPicker2{*this, "DTPicker2"};
+    core::Period days{*this};  ///< the days of the consultations that are offered
     ui::Button cmdPat{*this, "cmdPat", "&Get Patient List"};
     ui::ComboBox cboVehNo{*this, "cboVehNo", ui::ComboBox::Style::listOnly};
     ui::Label lblTitle{*this, "lblTitle"};

@@ -54,7 +54,7 @@ void DischargeForm::picked() {
         return;
     }
     txtREason.clear();
-    if (blank(lblBill)) message("No Consultation No!!! Discharge Not Allowed ");
+    if (blank(lblBill)) message(noConsultation);
 }
 
 // A discharge stays its patient's.
@@ -70,6 +70,11 @@ void DischargeForm::startEditing() {
     desktop().focus(txtREason);
 }
 
+void DischargeForm::afterSave() {
+    written_ = consultID_;
+    RecordForm::afterSave();
+}
+
 void DischargeForm::finished() {
     core::selectRow(grdData, "consultID", written_);
 }
@@ -80,7 +85,7 @@ void DischargeForm::clear() {
     lblDays.setCaption({});
     lblTitle.setCaption(emptyTitle_);
     cboVehNo.clearText();
-    written_ = std::exchange(consultID_, {});
+    consultID_.clear();
 }
 
 Discharge DischargeForm::discharge() const {

@@ -51,12 +51,16 @@ protected:
     DischargeForm(core::Workplace& place, std::string name, std::string caption, const char* client,
                   const char* emptyTitle);
 
+    /// Said of a stay that has gone.
+    static constexpr const char* noConsultation = "No Consultation No!!! Discharge Not Allowed ";
+
     /// Offers the patients whom a statement finds in the wards. Throws db::Error.
     void offer(const db::Sql& stays);
     /// A patient was picked for a new discharge: shows the stay, or nobody's. Throws db::Error.
     virtual void picked();
     void entered(Mode mode) override;
     void startEditing() override;
+    void afterSave() override;
     void finished() override;
     void clear() override;
 

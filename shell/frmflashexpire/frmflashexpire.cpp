@@ -4,6 +4,7 @@
 #include "core/rows/grids.h"
 #include "db/connection.h"
 #include "db/value.h"
+#include "shell/waitinglists.h"
 
 namespace shell {
 
@@ -27,7 +28,7 @@ db::Recordset frmFlashExpire::expiredStays() {
     return hospital().readShared(
         "select AdmDate,aTime as Time,FullName,ConsultID,Company,ClientCat,ExtendAdmissionLimitTo as "
         "ExpiredAdmission,PNo"_sql +
-        core::fromExpiredStays());
+        fromExpiredStays());
 }
 
 void frmFlashExpire::chooseStay() {

@@ -58,7 +58,7 @@ void MdiVorel::flashNotify(bool waiting) {
 
 void MdiVorel::Timer2_Timer() {
     trapped([&] {
-        auto expired = hospital().read("select ClientCat,ExtendAdmissionLimitTo"_sql + core::fromExpiredStays());
+        auto expired = hospital().read("select ClientCat,ExtendAdmissionLimitTo"_sql + fromExpiredStays());
         for (; !expired.eof(); expired.moveNext()) {
             const bool managed = core::isManagedCare(expired["clientCat"].textOr());
             tmrExpired.setRunning(managed);

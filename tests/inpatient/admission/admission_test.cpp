@@ -140,10 +140,14 @@ TEST_F(Admission, OneWhoLiesInAWardIsNotAdmittedTwice) {
     fire("OKButton", {"This Patient has Previous Admission(s). Please Discharge before new Admission is made"});
     EXPECT_EQ(focus(), "frmAdmission.cboVehNo");
     EXPECT_TRUE(ran("select consultID from qryhAdmission where PNo='P1'"));
-    // The referral is taken back while the list stands there: nobody can be saved.
+    // A reading that fails, and a referral that was taken back while the list stands there, leave nobody to be saved.
+    hospital.failStatement("from qryhreferal");
+    set("cboVehNo", nneWaits, {"Injected failure"});
+    EXPECT_EQ(shown({"lblNo", "lblBill", "lblTitle"}), "||Patient Admission");
+    fire("OKButton", {"Please specify Patient Name"});
     hospital.execute("delete from hreferal where consultID='C3'"_sql);
     set("cboVehNo", nneWaits);
-    EXPECT_EQ(shown({"cboVehNo", "lblNo", "lblBill", "lblTitle"}), "|||Patient Admission");
+    EXPECT_EQ(shown({"cboVehNo", "lblNo", "lblBill", "lblTitle"}), std::string(nneWaits) + "|||Patient Admission");
     fire("OKButton", {"Please specify Patient Name"});
 }
 

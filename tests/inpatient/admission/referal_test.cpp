@@ -45,6 +45,9 @@ TEST_F(ReferalEdit, ASaveStopsAtTheFirstFieldThatIsMissing) {
                   {"Please specify Referal/Admission Date", "dtNext", "2026-11-25"},
                   {"Please specify Referal Time for referal", "dtTime", "11:00:00"},
                   {"Please specify Reason for Referal", "txtREason", "SEVERE MALARIA"}});
+    hospital.failStatement("select genphy");
+    set("cboVehNo", "Obi Ada @24-Nov-2026 (1) [C1]", {"Injected failure"});
+    stopsInOrder({{"Please specify Patient Name", "cboVehNo", "Eze Nne @24-Nov-2026 (3) [C3]"}});
     EXPECT_EQ(shown({"lblTitle", "lblNo", "lblClient", "txtGen"}), "Patient Referal for : Eze Nne|P3|NHIS|MALARIA");
     save();
 }

@@ -78,6 +78,8 @@ TEST_F(ByDoctor, AStayThatHasGoneLeavesNobodyButTheSelection) {
     set("cboVehNo", musaLies, {"No Consultation No!!! Discharge Not Allowed "});
     EXPECT_EQ(patient(), "Patient Discharge||||||||");
     EXPECT_EQ(shown({"cboVehNo", "txtREason"}), std::string(musaLies) + "|");
+    fill({{"cboCat", "Ojo Tunde [D1]"}, {"dtAppt", "2026-12-08"}});
+    stopsInOrder({{"No Consultation No!!! Discharge Not Allowed ", "cboVehNo", {}}});
 }
 
 TEST_F(ByDoctor, ADoctorWhoIsNoEntryAnyMoreIsShownByHisNumber) {

@@ -3,7 +3,8 @@ import {readFileSync} from "node:fs";
 import {createRequire} from "node:module";
 import test from "node:test";
 
-import {atWork, box, control, openPage, turnTo, useHost} from "./support/work.mjs";
+import {openByName} from "./support/screen.mjs";
+import {atWork, box, openPage, turnTo, useHost} from "./support/work.mjs";
 
 const house = useHost({VOREL_REGISTRATION_DESK_IN_MENU: "true"});
 const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
@@ -17,13 +18,6 @@ async function faultsOf(page, where) {
 
 const open = async (page, entry, screen) => {
     await page.locator(`.v-menu [data-name=${entry}]`).click();
-    await page.locator(`.v-pane.v-active [data-screen=${screen}]`).waitFor();
-};
-/** Opens a screen by its name, from the samples: also one that the menu hides or that is modal elsewhere. */
-const openByName = async (page, screen) => {
-    await page.getByRole("tab", {name: "Samples", exact: true}).click();
-    await control(page, "txtScreen", "input").fill(screen);
-    await control(page, "cmdShow", "button").click();
     await page.locator(`.v-pane.v-active [data-screen=${screen}]`).waitFor();
 };
 const plainScreens = ["frmDischargeListOverdue", "frmRecover", "frmhPreConsultChart", "frmFlash", "frmFlashExpire", "frmComments",

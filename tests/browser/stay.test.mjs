@@ -4,8 +4,8 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
-import {Screen, boxSays, openFromMenu, yes} from "./support/screen.mjs";
-import {box, openPage, picture, signIn, useHost} from "./support/work.mjs";
+import {Screen, boxSays, openByName, openFromMenu, yes} from "./support/screen.mjs";
+import {atWork, box, openPage, picture, signIn, useHost} from "./support/work.mjs";
 
 const house = useHost();
 
@@ -193,3 +193,15 @@ async function trends(page, chart, size) {
     await page.keyboard.press("Escape");
     await page.locator("[data-screen=frmhPreConsultChartTemp]").waitFor({state: "detached"});
 }
+
+test("a pick of which only the banner tells shows there", async () => {
+    const page = await atWork(house);
+    await openByName(page, "frmFlashExpire");
+    const expired = new Screen(page, "frmFlashExpire");
+    const row = expired.part("dGexp", "tbody tr[data-row]");
+    await row.focus();
+    await page.keyboard.press("Enter");
+    const number = await row.locator("td").first().textContent();
+    await page.locator("[data-screen=frmFlashExpire] .v-banner").filter({hasText: number}).waitFor();
+    assert.deepEqual(page.problems, []);
+});

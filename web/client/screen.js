@@ -140,6 +140,8 @@ export class ScreenView {
             this.#refreshLabel(name);
         }
         if (drawn.length > 0) this.#showParts();
+        // The banner's facts may have no field of their own.
+        else this.banner?.update();
     }
 
     #refreshLabel(name) {

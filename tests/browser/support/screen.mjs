@@ -1,6 +1,6 @@
 // A screen as a nurse works it with the keyboard: going to a control, typing, picking, pressing, and what boxes say.
 
-import {box} from "./work.mjs";
+import {box, input} from "./work.mjs";
 
 /** Opens a screen from the menu, which a narrow page keeps behind a button. */
 export async function openFromMenu(page, entry) {
@@ -14,6 +14,14 @@ export async function openFromMenu(page, entry) {
     await item.waitFor();
     await item.focus();
     await page.keyboard.press("Enter");
+}
+
+/** Opens a screen by its name, from the samples: also one that the menu hides or that is modal elsewhere. */
+export async function openByName(page, screen) {
+    await page.getByRole("tab", {name: "Samples", exact: true}).click();
+    await input(page, "txtScreen").fill(screen);
+    await new Screen(page, "frmSamples").press("cmdShow");
+    await page.locator(`.v-pane.v-active [data-screen=${screen}]`).waitFor();
 }
 
 export class Screen {

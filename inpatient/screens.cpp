@@ -8,10 +8,20 @@
 #include "inpatient/frmdischarge/frmdischarge.h"
 #include "inpatient/frmdischargefornuse/frmdischargefornuse.h"
 #include "inpatient/frmdischargelistoverdue/frmdischargelistoverdue.h"
+#include "inpatient/frmdocnotes/frmdocnotes.h"
 #include "inpatient/frmfluidchart/frmfluidchart.h"
+#include "inpatient/frmmedchart/frmmedchart.h"
+#include "inpatient/frmmedchart/frmmedchartcomment.h"
+#include "inpatient/frmmedchart/frmmedchartdisc.h"
+#include "inpatient/frmmedchart/frmmedcharthistory.h"
+#include "inpatient/frmnursedaily/frmnursedaily.h"
+#include "inpatient/frmnursedaily/frmviewlocal.h"
+#include "inpatient/frmnursenote/frmnursenote.h"
+#include "inpatient/frmnursinghist/frmnursinghist.h"
 #include "inpatient/frmpreconsultadm/frmpreconsultadm.h"
 #include "inpatient/frmrecover/frmrecover.h"
 #include "inpatient/frmreferaledit/frmreferaledit.h"
+#include "inpatient/frmsurgery/frmsurgery.h"
 #include "inpatient/frmwards/frmwards.h"
 #include "inpatient/trend/trend.h"
 
@@ -37,6 +47,24 @@ void provideObservations(core::Workplace& place) {
         });
 }
 
+/// The chart of medication and the screens that are opened from it.
+void provideMedication(core::Workplace& place) {
+    const auto opened = std::make_shared<ChartedPatient>();
+    place.desktop.provide("frmMedChart", [&place, opened] { return std::make_unique<frmMedChart>(place, *opened); });
+    place.desktop.provide("frmMedChartDisc",
+                          [&place, opened] { return std::make_unique<frmMedChartDisc>(place, *opened); });
+    provide<frmMedChartComment>(place, "frmMedChartComment");
+    provide<frmMedChartHistory>(place, "frmMedChartHistory");
+}
+
+/// The daily report, and the screen that shows the local copy which it hands over.
+void provideDailyReport(core::Workplace& place) {
+    const auto viewed = std::make_shared<std::string>();
+    place.desktop.provide("frmNurseDaily",
+                          [&place, viewed] { return std::make_unique<frmNurseDaily>(place, *viewed); });
+    place.desktop.provide("frmViewLocal", [&place, viewed] { return std::make_unique<frmViewLocal>(place, *viewed); });
+}
+
 }  // namespace
 
 void provideScreens(core::Workplace& place) {
@@ -50,6 +78,12 @@ void provideScreens(core::Workplace& place) {
     provide<frmDischargeForNuse>(place, "frmDischargeForNuse");
     provide<frmDischargeListOverdue>(place, "frmDischargeListOverdue");
     provide<frmRecover>(place, "frmRecover");
+    provideMedication(place);
+    provide<frmNursingHist>(place, "frmNursingHist");
+    provide<frmNurseNote>(place, "frmNurseNote");
+    provideDailyReport(place);
+    provide<frmDocNotes>(place, "frmDocNotes");
+    provide<frmSurgery>(place, "frmSurgery");
 }
 
 }  // namespace inpatient

@@ -1,11 +1,25 @@
 #include "outpatient/screens.h"
 
+#include "outpatient/frmconsultinfo/frmconsultinfo.h"
+#include "outpatient/frmpatlist/frmpatlist.h"
 #include "outpatient/frmpreconsult/frmpreconsult.h"
+#include "outpatient/frmsuperpicture/frmsuperpicture.h"
 
 namespace outpatient {
+namespace {
+
+template <class Screen>
+void provide(core::Workplace& place, const char* name) {
+    place.desktop.provide(name, [&place] { return std::make_unique<Screen>(place); });
+}
+
+}  // namespace
 
 void provideScreens(core::Workplace& place) {
-    place.desktop.provide("frmPreConsult", [&place] { return std::make_unique<frmPreConsult>(place); });
+    provide<frmPreConsult>(place, "frmPreConsult");
+    provide<frmPatList>(place, "frmPatList");
+    provide<frmConsultInfo>(place, "frmConsultInfo");
+    provide<frmSuperPicture>(place, "frmSuperPicture");
 }
 
 }  // namespace outpatient

@@ -100,6 +100,7 @@ Screen* Desktop::make(std::string_view name) {
 }
 
 void Desktop::open(Screen& screen, bool modal) {
+    screen.showing();
     screen.visible_ = true;
     screen.modal_ = modal;
     nlohmann::json event = {{"opened", screen.name()}, {"modal", modal}};

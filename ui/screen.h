@@ -36,6 +36,9 @@ public:
 
     /// Runs once, before the screen is shown for the first time.
     virtual void load() {}
+    /// Runs each time the screen comes to be shown: when it has loaded, and when it is opened again. It may have become
+    /// stale meanwhile.
+    virtual void showing() {}
     /// Asked before the screen closes, whoever closes it; false cancels the closing.
     virtual bool queryUnload() { return true; }
     /// Runs when the screen has closed, right before it goes.

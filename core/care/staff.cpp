@@ -18,6 +18,14 @@ void fillStaff(ui::ComboBox& list, db::Connection& hospital, const std::string& 
     for (; !staff.eof(); staff.moveNext()) list.add(entryText(staff["fullName"].textOr(), staff["empID"].textOr()));
 }
 
+void fillEmployees(ui::ComboBox& list, db::Connection& hospital, const db::Sql& found) {
+    list.clear();
+    list.add(" ");
+    addEntries(list, hospital, found, [](const db::Recordset& row) {
+        return entryText(row["lastname"].textOr() + " " + row["firstName"].textOr(), row["empID"].textOr());
+    });
+}
+
 NurseOnDuty::NurseOnDuty(ui::Screen& screen, std::string name, Workplace& place)
     : ComboBox(screen, std::move(name), Style::listOnly), place_(place) {
     on(ui::Event::click, [this] {

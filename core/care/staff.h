@@ -17,6 +17,10 @@ enum class StaffOrder {
 void fillStaff(ui::ComboBox& list, db::Connection& hospital, const std::string& role,
                StaffOrder order = StaffOrder::asStored);
 
+/// Offers an entry of a single blank and the employees whom a statement finds (`empID`, `lastname`, `firstname`), as
+/// "NAME [empID]". Throws db::Error.
+void fillEmployees(ui::ComboBox& list, db::Connection& hospital, const db::Sql& found);
+
 /// A list of nurses. The one who is picked is on duty: `gEmpID` is hers for the rest of the session. An entry without
 /// a key changes nothing.
 class NurseOnDuty : public ui::ComboBox {

@@ -17,6 +17,10 @@ db::DateTime shortTime(db::DateTime moment) {
     return db::DateTime::fromSeconds(seconds - seconds % 60);
 }
 
+std::string upToDateAsOf(const db::DateTime& moment) {
+    return "Up to date as of " + moment.shortDate() + " " + moment.shortTime();
+}
+
 void splitServerClock(Session& session) {
     session.gServerDate = session.gServerNow.date();
     session.gServerTime = shortTime(session.gServerNow);

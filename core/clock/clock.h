@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "core/session/workplace.h"
@@ -12,6 +13,8 @@ namespace core {
 db::DateTime GetServerNow(Workplace& place);
 /// A moment's time of day as the "short time" form has it: without seconds, on the zero date.
 db::DateTime shortTime(db::DateTime moment);
+/// What a list says of itself when a save has read it anew: "Up to date as of 24-Nov-2026 09:35".
+std::string upToDateAsOf(const db::DateTime& moment);
 /// `gServerDate` and `gServerTime` (to the minute) from `gServerNow`.
 void splitServerClock(Session& session);
 /// GetServerNow into `gServerNow`, `gServerDate` and `gServerTime`.

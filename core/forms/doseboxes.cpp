@@ -1,5 +1,7 @@
 #include "core/forms/doseboxes.h"
 
+#include <algorithm>
+
 #include "ui/raised.h"
 
 namespace core {
@@ -14,13 +16,15 @@ DoseBoxes::DoseBoxes(ui::Screen& screen, const std::string& name, int boxes, std
     clear();
 }
 
-void DoseBoxes::layOut(int doses, int given) {
+void DoseBoxes::layOut(int doses, int given, int ticked) {
     const ui::Raised layingOut(layingOut_);
+    const int open = std::clamp(doses - given, 0, std::max(0, static_cast<int>(boxes_.size()) - given));
     given_ = given;
-    ticked_ = 0;
+    ticked_ = std::min(ticked, open);
     for (int place = 0; auto& box : boxes_) {
+        box.setVisible(place < given + open);
         box.setEnabled(place >= given && place < doses);
-        box.setChecked(place < given);
+        box.setChecked(place < given + ticked_);
         ++place;
     }
 }

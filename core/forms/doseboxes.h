@@ -18,9 +18,12 @@ public:
     DoseBoxes& operator=(const DoseBoxes&) = delete;
 
     /// Opens as many boxes as there are doses, as far as there are boxes, and locks the first `given` of them, ticked.
-    void layOut(int doses, int given);
+    /// `ticked` of the open ones have their tick already. The others do not show.
+    void layOut(int doses, int given, int ticked = 0);
     /// No box is open or ticked.
     void clear() { layOut(0, 0); }
+    /// The box of a dose, from 0.
+    [[nodiscard]] ui::CheckBox& box(int place) { return boxes_.at(static_cast<std::size_t>(place)); }
     /// Doses that were ticked since the boxes were laid out.
     [[nodiscard]] int ticked() const noexcept { return ticked_; }
     /// The same with those given before.

@@ -1,5 +1,6 @@
 #include "inpatient/frmdischarge/frmdischarge.h"
 
+#include "core/care/staff.h"
 #include "core/rows/entries.h"
 #include "core/rows/grids.h"
 #include "core/session/session.h"
@@ -19,14 +20,9 @@ frmDischarge::frmDischarge(core::Workplace& place)
 void frmDischarge::fillLists() {
     dtDate.setValue(place().now().date());
     dtAppt.setValue({});
-    cboCat.clear();
-    cboCat.add(" ");
-    core::addEntries(cboCat, hospital(),
-                     "select distinct empID,lastname,firstname from employees where deptID in ('MED','MEDICAL')"_sql,
-                     [](const db::Recordset& row) {
-                         return core::entryText(row["lastname"].textOr() + " " + row["firstName"].textOr(),
-                                                row["empID"].textOr());
-                     });
+    core::fillEmployees(
+        cboCat, hospital(),
+        "select distinct empID,lastname,firstname from employees where deptID in ('MED','MEDICAL')"_sql);
     fillPatients();
 }
 

@@ -6,18 +6,21 @@ namespace inpatient {
 
 using namespace db::literals;
 
-void addStays(ui::ItemControl& list, db::Connection& hospital, const db::Sql& sql) {
-    core::addEntries(list, hospital, sql, [](const db::Recordset& row) {
-        return core::entryText(row["fullname"].textOr(), row["consultID"].textOr());
+void addStays(ui::ItemControl& list, db::Connection& hospital, const db::Sql& sql, const char* gap) {
+    core::addEntries(list, hospital, sql, [gap](const db::Recordset& row) {
+        return core::entryText(row["fullname"].textOr() + gap, row["consultID"].textOr());
     });
 }
 
 db::Recordset StayLabels::open(db::Connection& hospital, const std::string& consultID) const {
     clear();
     auto stay = hospital.read("select * from qryhAdmission where consultID ='"_sql + consultID + "'");
-    if (!stay.empty())
-        for (const auto& [label, column] : shown_) label->setCaption(stay[column].textOr());
+    show(stay);
     return stay;
+}
+
+void StayLabels::show(const db::Recordset& stay) const {
+    for (const auto& [label, column] : shown_) label->setCaption(stay.empty() ? std::string() : stay[column].textOr());
 }
 
 void StayLabels::clear() const {

@@ -9,9 +9,9 @@
 
 namespace inpatient {
 
-/// Offers the patients whom a statement finds in the wards, as "NAME [visit]", behind what the list holds already.
-/// Throws db::Error.
-void addStays(ui::ItemControl& list, db::Connection& hospital, const db::Sql& sql);
+/// Offers the patients whom a statement finds in the wards, as "NAME [visit]", behind what the list holds already;
+/// `gap` stands behind the name besides. Throws db::Error.
+void addStays(ui::ItemControl& list, db::Connection& hospital, const db::Sql& sql, const char* gap = "");
 
 /// The stay that a ward screen is about: a label for each thing that is shown of it.
 class StayLabels {
@@ -25,6 +25,8 @@ public:
     /// Reads the stay of a visit and shows it; empty labels, and no row, where the visit's patient is in no ward.
     /// Throws db::Error, with empty labels.
     db::Recordset open(db::Connection& hospital, const std::string& consultID) const;
+    /// Shows what was read; empty labels where that has no row.
+    void show(const db::Recordset& stay) const;
     void clear() const;
 
 private:

@@ -33,10 +33,12 @@ std::string differences(const std::string& before, const std::string& after) {
     return lineOf(before, was) + " became " + lineOf(after, is);
 }
 
-/// A screen as it is filled, whatever stands beside its fields of what is wrong with them.
+/// A screen as it is filled, whatever stands beside its fields of what is wrong with them, and whichever of its pages
+/// the cursor has brought to the front.
 nlohmann::json filled(const Desk& desk) {
     auto form = desk.form();
-    for (auto& control : form["controls"]) control.erase("problem");
+    for (auto& control : form["controls"])
+        for (const auto* other : {"problem", "page"}) control.erase(other);
     return form;
 }
 

@@ -194,9 +194,129 @@ RecordScreen observations() {
             .vanish = "delete from hPreConsult"_sql};
 }
 
+RecordScreen nursingHistory() {
+    return {.name = "frmNursingHist",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeWards,
+            .add =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", adaLies);
+                    desk.set("txtPresent", "CALM");
+                    desk.set("chkBCG", true);
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtPresent", "WELL");
+                },
+            .rows = {"select * from hNursingHist"_sql},
+            .texts = {"txtInfo", "txtNutri", "txtValues", "txtNursing", "txtOthers", "txtAssess"},
+            .vanish = "delete from hNursingHist"_sql,
+            .deletes = false};
+}
+
+RecordScreen nursesNote() {
+    return {.name = "frmNurseNote",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeWards,
+            .add =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", "Obi Ada  [C1]");
+                    desk.set("txtRem", "SLEPT WELL");
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", "Obi Ada  [C1]");
+                    desk.fire("cmdCancel");
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtRem", "SLEPT BADLY");
+                },
+            .rows = {"select * from hInPatientNotesForNurses"_sql},
+            .texts = {"txtRem"},
+            .vanish = "delete from hInPatientNotesForNurses"_sql,
+            .deletes = false};
+}
+
+RecordScreen dailyReport() {
+    return {.name = "frmNurseDaily",
+            .provide = &inpatient::provideScreens,
+            .add =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    for (const auto& [field, content] : Entries{{"cboShift", "NIGHT"},
+                                                                {"cboVehNo", "ADMIN REPORT"},
+                                                                {"cboYes", "NO"},
+                                                                {"txtAdmin", "ALL CALM"}})
+                        desk.set(field, content);
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtAdmin", "ONE ADMITTED");
+                },
+            .rows = {"select * from hNurseOverRpt"_sql},
+            .texts = {"txtSub", "txtAdmin"},
+            .vanish = "delete from hNurseOverRpt"_sql,
+            .deletes = false};
+}
+
+RecordScreen doctorsNote() {
+    return {.name = "frmDocNotes",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeWards,
+            .add =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", adaLies);
+                    desk.set("cboReason", "Ojo Tunde [D1]");
+                    desk.set("txtRem", "SEEN");
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", adaLies);
+                    desk.fire("cmdCancel");
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtRem", "SEEN AGAIN");
+                },
+            .rows = {"select * from hInPatientNotesForDoctors"_sql},
+            .texts = {"txtRem", "txtPresc"},
+            .vanish = "delete from hInPatientNotesForDoctors"_sql,
+            .deletes = false};
+}
+
+RecordScreen operation() {
+    return {.name = "frmSurgery",
+            .provide = &inpatient::provideScreens,
+            .arrange = &arrangeWards,
+            .add =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", adaLies);
+                    desk.set("cboReason", "Ojo Tunde [D1]");
+                    desk.set("txtFields(4)", "APPENDICECTOMY");
+                },
+            .correct =
+                [](Desk& desk) {
+                    desk.fire("cmdAdd");
+                    desk.set("cboVehNo", adaLies);
+                    desk.fire("cmdCancel");
+                    desk.fire("grdData.DblClick");
+                    desk.set("txtFields(32)", "INFLAMED");
+                },
+            .rows = {"select * from hSurgery"_sql},
+            .texts = {"txtFields(3)", "txtFields(5)", "txtFields(14)", "txtFields(25)", "txtFields(36)"},
+            .vanish = "delete from hSurgery"_sql,
+            .deletes = false};
+}
+
 INSTANTIATE_TEST_SUITE_P(Inpatient, RecordContract,
                          testing::Values(wards(), referalEdit(), admission(), dischargeByDoctor(), dischargeByNurse(),
-                                         fluidChart(), allergy(), observations()),
+                                         fluidChart(), allergy(), observations(), nursingHistory(), nursesNote(),
+                                         dailyReport(), doctorsNote(), operation()),
                          screenName);
 
 }  // namespace

@@ -1,50 +1,15 @@
 #pragma once
 
 #include "shell/screens.h"
-#include "tests/contract/corpus.h"
-#include "tests/contract/layouts.h"
-#include "tests/core/atscreen.h"
+#include "tests/contract/plainscreen.h"
 
 namespace test {
 
-/// A nurse at one of the small screens behind the alert panel. Whatever a test did there: the layout has a place and
-/// words for all that shows.
-class SmallScreen : public AtScreen {
+/// A nurse at one of the small screens behind the alert panel.
+class SmallScreen : public PlainScreen {
 protected:
     SmallScreen(std::string screen, void (*arrange)(TestHospital&) = {})
-        : AtScreen(std::move(screen), &shell::provideScreens, arrange) {}
-    void TearDown() override {
-        const auto* screen = place.desktop.loaded(name);
-        if (screen) {
-            EXPECT_EQ(faultsOfLayout(*screen), std::vector<std::string>{});
-        }
-    }
-    /// Loads the screen anew.
-    void open() {
-        place.desktop.unload(name);
-        hospital.forget();
-        place.desktop.show(name);
-    }
-    /// The statements since the last `forget`, each of which has to be a known one.
-    std::vector<std::string> sent() {
-        for (const auto& statement : hospital.log()) {
-            const bool text =
-                statement.kind == db::Statement::Kind::read || statement.kind == db::Statement::Kind::execute;
-            EXPECT_TRUE(!text || isKnown(statement.database, statement.text)) << statement.text;
-        }
-        return hospital.statements();
-    }
-    bool isOpen() { return place.desktop.loaded(name) != nullptr; }
-    /// The texts of a grid's visible rows in some columns, "a|b" each and a line break behind it.
-    std::string list(std::initializer_list<const char*> columns) {
-        auto& rows = dynamic_cast<ui::DataGrid&>(*place.desktop.loaded(name)->find("dGexp")).rows();
-        std::string all;
-        for (rows.moveFirst(); !rows.eof(); rows.moveNext())
-            for (const auto* column : columns)
-                all += rows[column].textOr("null") + (column == *(columns.end() - 1) ? "\n" : "|");
-        return all;
-    }
-    int row() { return place.desktop.get(name + ".dGexp")["row"]; }
+        : PlainScreen(std::move(screen), &shell::provideScreens, arrange) {}
 };
 
 }  // namespace test

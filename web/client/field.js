@@ -84,7 +84,7 @@ export function showProblem(field, view, problem = "") {
 
 /** Hides and disables a field by its control's state and by what holds it. */
 export function showField(field, view, {visible, enabled}) {
-    field.hidden = !visible;
+    field.hidden = !visible || (view.vacant?.() ?? false);
     view.setEnabled?.(enabled);
     if (!view.setEnabled) setAttribute(view.input ?? view.element, "disabled", !enabled);
 }

@@ -42,7 +42,7 @@ export class Model {
         const property = control && !control.password && taken[control.kind];
         if (!property) return;
         if (control.kind === "comboBox" && typeof content === "object") control.text = content.text;
-        else control[property] = content?.row ?? content?.page ?? content;
+        else control[property] = content?.row ?? content?.page ?? content?.zoom ?? content;
     }
 
     /** Merges changed properties by path. A path without a control means the screen's own. */
@@ -68,6 +68,7 @@ function spliced(before, splices) {
 
 /** The property that a kind's content goes to: the session tells it only where it ended otherwise than sent. */
 const taken = {
+    pictureViewer: "zoom",
     textBox: "text", comboBox: "text", checkBox: "checked", optionButton: "checked", datePicker: "date", listBox: "index",
     checkList: "index", treeView: "index", dataGrid: "row", flexGrid: "row", listView: "row", tabStrip: "page",
 };
@@ -76,4 +77,9 @@ const taken = {
 export function split(path) {
     const dot = path.indexOf(".");
     return dot < 0 ? [path, ""] : [path.slice(0, dot), path.slice(dot + 1)];
+}
+
+/** Whether somebody filled a control in, or it has something to show. */
+export function isFilled({text, checked, date, rows, image}) {
+    return Boolean(text?.trim()) || checked === true || Boolean(date) || (rows?.length ?? 0) > 0 || Boolean(image);
 }

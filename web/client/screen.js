@@ -5,9 +5,12 @@ import {ControlLink} from "./control.js";
 import {ask} from "./dialogs.js";
 import {h, isShown, newId, parseCaption, showCaption} from "./dom.js";
 import {labelFromName, makeField, showField, showProblem} from "./field.js";
+import {Find} from "./find.js";
 import {layoutOf} from "./layout.js";
 import {Measures} from "./measures.js";
+import {Pages} from "./pages.js";
 import {makeView} from "./render/index.js";
+import {Sheets} from "./sheets.js";
 
 export class ScreenView {
     /** @type {Map<string, {link: ControlLink, view: object, field: HTMLElement, page: object|null}>} */
@@ -40,10 +43,12 @@ export class ScreenView {
         if (!this.state) return;
         this.layout = layout;
         this.#parts.clear();
+        this.#pages = new Pages(this.#parts);
         this.#labels = this.#labelsByTarget(layout);
         this.element.classList.toggle("v-narrow", layout.width === "narrow");
         this.banner = layout.patient ? new Banner(this, layout.patient) : null;
-        const form = h("div", {class: "v-form"}, ...this.#sections(layout.sections, null));
+        this.find = layout.search ? new Find(this.body) : null;
+        const form = h("div", {class: "v-form"}, this.find?.element, ...this.#sections(layout.sections, null));
         if (layout.help) form.append(h("p", {class: "v-screen-help"}, layout.help));
         const columns = [form];
         if (layout.beside.length > 0) {
@@ -55,6 +60,7 @@ export class ScreenView {
         this.body.replaceChildren(...(this.banner ? [this.banner.element] : []), h("div", {class: "v-columns"}, ...columns));
         if (layout.buttons.length > 0) this.body.append(this.#buttonBar(layout.buttons));
         const measured = [...this.#parts.values()].filter((part) => part.link.item.measure);
+        this.sheets = new Sheets(form, this.#parts);
         this.measures = measured.length > 0 ? new Measures(this, measured) : null;
         this.refreshAll();
     }
@@ -65,6 +71,7 @@ export class ScreenView {
     }
 
     #labels = new Map();
+    #pages = null;
 
     /** A label control with "for" is the label of another control, and is drawn there. */
     #labelsByTarget(layout) {
@@ -92,6 +99,7 @@ export class ScreenView {
             }
             if (row.together) fields.append(into);
         }
+        if (section.fold) return h("details", {class: "v-section v-sheet"}, h("summary", {}, section.title), helpLine(section), fields);
         if (!section.title) return h("div", {class: "v-section"}, helpLine(section), fields);
         return h("fieldset", {class: "v-section"}, h("legend", {}, section.title), helpLine(section), fields);
     }
@@ -102,6 +110,7 @@ export class ScreenView {
             "div", {role: "tabpanel", class: "v-tab-page", id: newId()},
             ...this.#sections(sections, {strip: section.tabs, number, outer: page})));
         strip?.view.setPanels(panels);
+        if (strip) this.#pages.add({strip: strip.link.name, view: strip.view, panels, form: section.form === true});
         return h("div", {class: "v-tabs"}, strip?.field, ...panels);
     }
 
@@ -169,8 +178,11 @@ export class ScreenView {
             showField(field, view, this.work.model.worked(link.path));
             showProblem(field, view, link.state.problem);
         }
-        for (const section of this.body.querySelectorAll(".v-section"))
+        for (const section of this.body.querySelectorAll(".v-section:not(.v-sheet)"))
             section.hidden = [...section.querySelectorAll(".v-field")].every((field) => field.hidden);
+        this.#pages.show();
+        this.sheets.show();
+        this.find?.update();
         this.#keepKeyboard(worked);
     }
 
@@ -230,12 +242,14 @@ export class ScreenView {
     /** Enter means the default button, Esc the cancel button. */
     #key(event) {
         if (event.defaultPrevented || event.altKey || event.ctrlKey || event.isComposing) return;
+        if (event.key === "Tab") return this.#pages.goOn(event);
         const plainField = event.target.matches("input, select");
         if (event.key === "Enter" && plainField) this.#press(this.layout.default, event);
         if (event.key === "Escape" && this.#pressable(this.layout.cancel)) {
             event.preventDefault();
             this.leave(() => this.#press(this.layout.cancel, event));
         }
+        return undefined;
     }
 
     #pressable(name) {

@@ -124,7 +124,11 @@ TEST_F(PreConsult, NeighbouringScreensGetThePatient) {
     set("cboVehNo", adaWaits);
     fire("cmdANC", {"This page is not there yet: Ante Natal Reg"});
     EXPECT_EQ(session().gCurPNo + "|" + session().gCurPatientName, "P1|" + shown({"Label5"}));
-    fire("cmdPresc", {"This page is not there yet: Pat List"});
+    hospital.then([&] {
+        EXPECT_TRUE(place.desktop.loaded("frmPatList")->modal());
+        place.desktop.unload("frmPatList");
+    });
+    fire("cmdPresc");
     fire("CancelButton");
     EXPECT_EQ(place.desktop.loaded("frmPreConsult"), nullptr);
 }

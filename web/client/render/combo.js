@@ -22,6 +22,10 @@ class Combo {
     #slow = 0;
     /** What is typed to find an entry of a list that takes nothing else; null where nothing is. */
     #search = null;
+    /** Whether the rest of the first entry that starts with what was typed stands behind it, selected. */
+    #completed = false;
+    /** Whether it shall, once the entries are there. */
+    #completing = false;
     /** What was typed when Enter or Tab came before the host's answer: the entry that it finds is taken. */
     #taking = null;
 
@@ -37,7 +41,7 @@ class Combo {
         this.toggle = h("button", {type: "button", class: "btn v-drop", tabindex: "-1", "aria-label": "Show the entries"}, "▾");
         this.list = h("ul", {id, class: "v-popup", role: "listbox", hidden: true});
         this.element = h("div", {class: "v-combo"}, this.input, this.toggle, this.list);
-        this.input.addEventListener("input", () => this.#typed());
+        this.input.addEventListener("input", (event) => this.#typed(event));
         this.input.addEventListener("keydown", (event) => this.#key(event));
         this.input.addEventListener("blur", () => this.#leave());
         this.input.addEventListener("click", () => this.listOnly && this.#show(true));
@@ -59,7 +63,7 @@ class Combo {
     }
 
     update() {
-        if (this.#search === null) writeText(this.input, this.#text);
+        if (this.#search === null && !this.#completed) writeText(this.input, this.#text);
         if (this.#taking !== null) this.#takeFound();
         if (this.#open) this.#show(true);
     }
@@ -69,17 +73,30 @@ class Combo {
         setAttribute(this.toggle, "disabled", !enabled);
     }
 
-    #typed() {
+    #typed({inputType = ""}) {
         if (this.listOnly) this.#search = this.input.value;
         else this.link.set(this.input.value);
         this.#unmark();
         this.#taking = null;
         this.#filter = this.input.value;
+        this.#completed = false;
+        this.#completing = this.link.item.completes === true && !inputType.startsWith("delete");
         this.#show(true);
+    }
+
+    /** Writes the rest of the entry that is marked behind what was typed, so that typing goes on over it. */
+    #complete() {
+        const text = this.#shown[this.#mark]?.text;
+        if (!this.#completing || text === undefined) return;
+        this.#completing = false;
+        this.#completed = true;
+        this.input.value = text;
+        this.input.setSelectionRange(this.#filter.length, text.length);
     }
 
     #leave() {
         this.#search = null;
+        this.#completed = false;
         this.#show(false);
         writeText(this.input, this.#text);
     }
@@ -108,6 +125,7 @@ class Combo {
         if (this.#mark < 0) this.#mark = this.#startMark();
         this.list.replaceChildren(...this.#shown.map((entry, place) => this.#option(entry, place)), ...this.#remark());
         this.#showMark();
+        this.#complete();
     }
 
     #drawSearching() {
@@ -121,8 +139,14 @@ class Combo {
     }
 
     #startMark() {
-        if (this.#filter !== "") return this.listOnly && this.#shown.length > 0 ? 0 : -1;
+        if (this.#filter !== "") return this.#isFirstMeant() ? 0 : -1;
         return this.#shown.findIndex(({row}) => row === this.link.state.index);
+    }
+
+    /** Whether Enter means the first entry, without a mark: it stands for what was typed. */
+    #isFirstMeant() {
+        if (this.#shown.length === 0) return false;
+        return this.listOnly || (this.link.item.completes === true && this.#shown[0].text.toLowerCase().startsWith(this.#filter.toLowerCase()));
     }
 
     #option({row, text}, place) {
@@ -165,9 +189,10 @@ class Combo {
             event.preventDefault();
             event.stopPropagation();
             this.#search = this.#taking = null;
+            this.#completed = false;
             this.#show(false);
             writeText(this.input, this.#text);
-        } else if (event.key === "Tab" && this.#open && this.listOnly) {
+        } else if (event.key === "Tab" && this.#open && (this.listOnly || this.#completed)) {
             if (!this.#shown) this.#takeWhenFound();
             else if (this.#shown[this.#mark]) this.#pick(this.#shown[this.#mark]);
         }
@@ -197,6 +222,7 @@ class Combo {
 
     #pick({row, text}) {
         this.#search = this.#taking = null;
+        this.#completed = false;
         this.#unmark();
         writeText(this.input, text);
         this.#show(false);

@@ -43,6 +43,16 @@ export function tabStrip(link) {
     return {
         element,
         bring: show,
+        choose,
+        get front() {
+            return front;
+        },
+        /** A page of which nothing shows has no tab; a mark says that somebody has filled something in. */
+        showPage(number, {there, filled}) {
+            tabs[number].hidden = !there && number !== front;
+            tabs[number].classList.toggle("v-filled", filled);
+            setAttribute(tabs[number], "aria-description", filled && "filled in");
+        },
         setPanels(made) {
             panels = made;
             draw();

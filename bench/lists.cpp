@@ -151,6 +151,12 @@ int main(int argc, char** argv) {
             ->Repetitions(9)
             ->ReportAggregatesOnly()
             ->Unit(benchmark::kMillisecond);
+    const auto consulted = "SELECT distinct fullname,pNo FROM qryhConsultedPatients  order by fullname"_sql;
+    benchmark::RegisterBenchmark("consultedPatients",
+                                 [&](benchmark::State& state) { list(state, hospital, consulted); })
+        ->UseManualTime()
+        ->Iterations(3)
+        ->Unit(benchmark::kMillisecond);
     for (const auto& [name, sql] : lists)
         benchmark::RegisterBenchmark(name, [&](benchmark::State& state) { list(state, hospital, sql); })
             ->UseManualTime()

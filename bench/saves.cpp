@@ -141,10 +141,24 @@ private:
             const auto table = statement.text.substr(statement.text.find(' ') + 1);
             return {{kept("insert into " + table + " (" + columns + ") values (" + places + ")"), values}};
         }
+        if (statement.kind == Kind::update) return ofUpdate(statement);
         if (statement.kind != Kind::execute) throw std::runtime_error("no such write expected: " + statement.text);
         const auto [text, literals] = templated(statement.text);
         for (const auto& literal : literals) values.emplace_back(static_cast<int>(values.size()) + 1, literal);
         return {{kept(db::sqlite::translate(text, "Hospital").text), values}};
+    }
+    /// The recorder does not tell which row an update is of: the last one costs the same.
+    std::vector<std::pair<sqlite3_stmt*, Bound>> ofUpdate(const db::Statement& statement) {
+        Bound values;
+        std::string assignments;
+        for (const auto& [column, value] : statement.parameters) {
+            assignments += (assignments.empty() ? "" : ", ") + column + " = ?";
+            values.emplace_back(static_cast<int>(values.size()) + 1, value);
+        }
+        const auto table = statement.text.substr(statement.text.find(' ') + 1);
+        return {
+            {kept("update " + table + " set " + assignments + " where rowid = (select max(rowid) from " + table + ")"),
+             values}};
     }
     /// The statements of a stored procedure, its arguments bound by their names.
     std::vector<std::pair<sqlite3_stmt*, Bound>> ofCall(const db::Statement& call) {
@@ -220,8 +234,11 @@ public:
     }
     void flushChanges() { place_.desktop.flushChanges(); }
 
+    void unload(const std::string& screen) { place_.desktop.unload(screen); }
+    [[nodiscard]] core::Session& session() { return place_.session; }
     /// Takes back what a save did, where the next one needs it undone.
     void execute(const db::Sql& sql) { place_.hospital().execute(sql); }
+    [[nodiscard]] db::Value value(const db::Sql& sql) { return place_.hospital().read(sql).value(0, 0); }
 
     /// Saves through the screen, then writes the same on the bare engine: what each took.
     std::pair<Seconds, Seconds> save(const std::string& button) {
@@ -391,6 +408,65 @@ void nursesDischarge(benchmark::State& state) {
     });
 }
 BENCHMARK(nursesDischarge)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// One line of so many doses on the chart of everybody in the wards, none of whom has a limit.
+void chartForAll(int lines, int doses) {
+    hospital().execute("update hAdmission set clientCat='PRIVATE', Comment=null where isdischarged=0"_sql);
+    hospital().execute("delete from hMedChartMonitor"_sql);
+    for (int line = 0; line < lines; ++line)
+        hospital().execute(
+            "insert into hMedChartMonitor (conID, consultID, PNo, numOfTimes, drgName) select 1, consultID, PNo, "_sql +
+            doses + ", 'BENCH' from hAdmission where isdischarged=0");
+}
+
+void dose(benchmark::State& state) {
+    chartForAll(1, 192);
+    saves(state, "frmMedChart", [](std::size_t number) {
+        const auto patients = hospital().entries("frmMedChart.lstPat");
+        pick("frmMedChart.lstPat", number % patients);
+        pick("frmMedChart.LstDate", 0);
+        hospital().set("frmMedChart.chk(" + std::to_string(number / patients) + ")", true);
+    });
+}
+BENCHMARK(dose)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// A patient's chart of 200 lines: picked, and its first line opened.
+void chartOpened(benchmark::State& state) {
+    chartForAll(200, 20);
+    hospital().unload("frmMedChart");
+    hospital().show("frmMedChart");
+    for (auto _ : state) {
+        pick("frmMedChart.lstPat", 0);
+        pick("frmMedChart.LstDate", 0);
+        hospital().flushChanges();
+    }
+    state.counters["lines"] = static_cast<double>(hospital().entries("frmMedChart.LstDate"));
+}
+BENCHMARK(chartOpened)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+/// The history of a patient with 5,000 consultations: opened, the latest one read; and all of them listed.
+void historyOpened(benchmark::State& state, bool all) {
+    static const bool written = [] {
+        for (int row = 0; row < 5000; ++row)
+            hospital().execute("insert into hConsulting (consultID, PNo, CDate, cTime, diagnosis) select 'B"_sql +
+                               std::to_string(row) + "', min(PNo), '24-Nov-2020', '10:00', 'MALARIA' from hPatients");
+        return true;
+    }();
+    benchmark::DoNotOptimize(written);
+    hospital().session().gCurConsultPNo = hospital().value("select min(PNo) as PNo from hPatients"_sql).text();
+    for (auto _ : state) {
+        hospital().show("frmConsultInfo");
+        if (all) hospital().fire("frmConsultInfo.cmdAll");
+        pick("frmConsultInfo.LstDate", 0);
+        hospital().flushChanges();
+        state.counters["consultations"] = static_cast<double>(hospital().entries("frmConsultInfo.LstDate"));
+        state.PauseTiming();
+        hospital().unload("frmConsultInfo");
+        state.ResumeTiming();
+    }
+}
+BENCHMARK_CAPTURE(historyOpened, latest, false)->Iterations(50)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(historyOpened, all, true)->Iterations(50)->Unit(benchmark::kMillisecond);
 
 /// What goes to a page by a save while the list has 2,500 rows.
 void bytesOfASave(benchmark::State& state) {

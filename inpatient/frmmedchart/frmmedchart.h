@@ -23,11 +23,12 @@ public:
     // -- the patient --
     ui::ListBox lstPat{*this, "lstPat"};  ///< all patients in the wards
     ui::Label lblTitle{*this, "lblTitle"};
-    ui::Label lblCon{*this, "lblCon"};        ///< the consult number
-    ui::Label lblNo{*this, "lblNo"};          ///< the system number
-    ui::Label lblClient{*this, "lblClient"};  ///< the client category
-    ui::Label lblCoy{*this, "lblCoy"};        ///< the client
-    ui::Label lblRoomNo{*this, "lblRoomNo"};  ///< the ward
+    ui::Label lblPatient{*this, "lblPatient"};  ///< the name
+    ui::Label lblCon{*this, "lblCon"};          ///< the consult number
+    ui::Label lblNo{*this, "lblNo"};            ///< the system number
+    ui::Label lblClient{*this, "lblClient"};    ///< the client category
+    ui::Label lblCoy{*this, "lblCoy"};          ///< the client
+    ui::Label lblRoomNo{*this, "lblRoomNo"};    ///< the ward
 
     // -- a line of the chart --
     ui::ListBox LstDate{*this, "LstDate"};  ///< the drugs that are still to be given; a double click discontinues one

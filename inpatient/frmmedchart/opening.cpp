@@ -35,6 +35,7 @@ void frmMedChart::openPatient() {
     labels_.show(stay);
     if (!stay.empty()) {
         name_ = session().gCurPatientName = stay["fullName"].textOr();
+        lblPatient.setCaption(name_);
         lblTitle.setCaption(caption() + " : " + name_);
     }
     showHistory();
@@ -69,6 +70,7 @@ void frmMedChart::clearPatient() {
     clearLine();
     consultID_.clear();
     name_.clear();
+    lblPatient.setCaption({});
     labels_.clear();
     lblTitle.setCaption(caption());
     LstDate.clear();

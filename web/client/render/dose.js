@@ -1,7 +1,7 @@
 import {h, setAttribute, showText} from "../dom.js";
 
 /** What a dose is, with its sign: seen at a glance, and not by its colour alone. */
-const kinds = {given: "✓ given", now: "＋ now", open: "open"};
+const kinds = {given: "✓ given", now: "+ now", open: "open"};
 
 /** A dose of a drug as a tile for a finger. The doses of a page are one stop of the Tab key; the arrow keys walk them. */
 export function dose(link) {

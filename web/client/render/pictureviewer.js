@@ -21,7 +21,7 @@ class Viewer {
         this.empty = h("div", {class: "v-picture-empty"}, "No image");
         this.frame = h("div", {class: "v-viewer-frame", tabindex: "0", role: "group"}, this.image, this.empty);
         this.bar = h("div", {class: "v-viewer-bar", hidden: true}, this.#button("−", "Smaller", () => this.#zoomTo(this.zoom - step)),
-                     this.#button("＋", "Larger", () => this.#zoomTo(this.zoom + step)), this.#button("Whole", "The whole image", () => this.#zoomTo(usual)));
+                     this.#button("+", "Larger", () => this.#zoomTo(this.zoom + step)), this.#button("Whole", "The whole image", () => this.#zoomTo(usual)));
         this.level = h("span", {class: "v-count", role: "status"});
         this.element = h("div", {class: "v-viewer"}, this.frame, h("div", {class: "v-grid-bar"}, this.level, this.bar));
         this.input = this.frame;

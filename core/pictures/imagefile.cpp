@@ -5,19 +5,20 @@
 
 namespace core {
 
-const db::Bytes& checkedImage(const db::Bytes& image) {
+void requireImage(const db::Bytes& image) {
     if (image.size() > largestImage)
         throw db::Error(db::Category::other, "The image is too large to be shown: more than 16 MB");
     // The marker that starts every file of the kind.
     if (image.size() < 3 || image[0] != std::byte{0xFF} || image[1] != std::byte{0xD8} || image[2] != std::byte{0xFF})
         throw db::Error(db::Category::other, "The file is not a JPG image");
-    return image;
 }
 
 db::Bytes imageFromFile(const std::filesystem::path& file) {
     const auto content = readFile(file, largestImage);
     const auto* first = reinterpret_cast<const std::byte*>(content.data());
-    return checkedImage({first, first + content.size()});
+    db::Bytes image(first, first + content.size());
+    requireImage(image);
+    return image;
 }
 
 void writeImage(const std::filesystem::path& file, const db::Bytes& image) {

@@ -9,9 +9,9 @@ namespace core {
 /// Images that are looked at and kept as they are: the largest that is shown, in bytes.
 inline constexpr std::size_t largestImage = std::size_t{16} * 1024 * 1024;
 
-/// The bytes of an image as it is stored, checked to be a JPEG of a size that can be shown. Throws db::Error(other).
-const db::Bytes& checkedImage(const db::Bytes& image);
-/// The same from a file. Throws db::Error(other), with the platform's own words where it cannot be read.
+/// Checks that an image is a JPEG of a size that can be shown. Throws db::Error(other).
+void requireImage(const db::Bytes& image);
+/// Such an image from a file. Throws db::Error(other), with the platform's own words where it cannot be read.
 db::Bytes imageFromFile(const std::filesystem::path& file);
 /// Writes an image over a file. Throws db::Error(other) likewise.
 void writeImage(const std::filesystem::path& file, const db::Bytes& image);

@@ -187,11 +187,13 @@ void frmConsultInfo::showImage(const std::string& number) {
     if (row.empty()) return;
     txtDesc.setText(row["Remarks"].textOr());
     if (row["Image"].isNull()) return;
-    const auto image = row["Image"];
+    const auto stored = row["Image"];
+    const auto& image = stored.bytes();
+    core::requireImage(image);
     const auto file = place().programFile(number + ".JPG");
-    core::writeImage(file, core::checkedImage(image.bytes()));
+    core::writeImage(file, image);
     session().gPictureFile = file.string();
-    imgPix.setImage(image.bytes());
+    imgPix.setImage(image);
 }
 
 void frmConsultInfo::cmdEdit_Click() {

@@ -21,7 +21,9 @@ const open = async (page, entry, screen) => {
     await page.locator(`.v-pane.v-active [data-screen=${screen}]`).waitFor();
 };
 const plainScreens = ["frmDischargeListOverdue", "frmRecover", "frmhPreConsultChart", "frmFlash", "frmFlashExpire", "frmComments",
-                      "frmCommentsView", "frmReminder", "frmRests"];
+                      "frmCommentsView", "frmReminder", "frmRests", "frmMedChart", "frmMedChartDisc", "frmMedChartComment",
+                      "frmMedChartHistory", "frmNursingHist", "frmDocNotes", "frmSurgery", "frmViewLocal", "frmPatList",
+                      "frmConsultInfo", "frmSuperPicture"];
 const button = (page, name) => page.locator(`.v-pane.v-active [data-control$=".${name}"] button`);
 
 for (const colorScheme of ["light", "dark"]) {
@@ -38,7 +40,8 @@ for (const colorScheme of ["light", "dark"]) {
         for (const [entry, screen] of [["mnuVitSigns", "frmPreConsult"], ["mnuPatAttnd", "frmRecords"], ["mnuPatReg", "frmPatientsNew"],
                                        ["mnuRegis", "frmPatientsNewNur"], ["mnuSI", "frmWards"], ["mnuGPFA", "frmReferalEdit"],
                                        ["mnuSIss", "frmAdmission"], ["mnuDTC", "frmPreConsultAdm"], ["mnuFC", "frmFluidChart"],
-                                       ["mnuAllergy", "frmAllergy"], ["mnuDSAR", "frmDischargeForNuse"]]) {
+                                       ["mnuAllergy", "frmAllergy"], ["mnuDSAR", "frmDischargeForNuse"], ["mnuNNote", "frmNurseNote"],
+                                       ["mnuNDR", "frmNurseDaily"]]) {
             await open(page, entry, screen);
             faults.push(...await faultsOf(page, screen));
             await button(page, "cmdAdd").click();

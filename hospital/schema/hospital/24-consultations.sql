@@ -136,15 +136,14 @@ GO
 create view qryhConsultedPatients as
 select p.psurname + ' ' + p.pfirstName as fullname, p.PNo as pNo
 from hPatients p
-where exists (select * from hConsulting n where n.PNo = p.PNo)
+where p.PNo in (select n.PNo from hConsulting n)
 GO
 
 -- One row a patient with a consultation, here or in the archive.
 create view qryhConsultedPatientsArchiveUnion as
 select p.psurname + ' ' + p.pfirstName as fullname, p.PNo as pNo
 from hPatients p
-where exists (select * from hConsulting n where n.PNo = p.PNo)
-    or exists (select * from HospitalArchive.dbo.hConsulting a where a.PNo = p.PNo)
+where p.PNo in (select n.PNo from hConsulting n union select a.PNo from HospitalArchive.dbo.hConsulting a)
 GO
 
 -- One row a consultation.

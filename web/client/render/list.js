@@ -41,7 +41,7 @@ export class RowList {
         this.cells = this.source.rows();
         this.rows.replaceChildren(...this.cells.map((cells, place) => this.#row(cells, this.first + place)));
         if (this.cells.length === 0)
-            this.rows.append(h("div", {class: "v-empty"}, this.link.item.empty ?? "Nothing to show"));
+            this.rows.append(h("div", {class: "v-empty", role: "option", "aria-disabled": "true", "aria-selected": "false"}, this.link.item.empty ?? "Nothing to show"));
         const current = this.rows.children[this.current - this.first];
         setAttribute(this.rows, "aria-activedescendant", current?.id);
         current?.scrollIntoView?.({block: "nearest", inline: "nearest"});

@@ -8,7 +8,6 @@ export function picture(link) {
     const works = link.handles("DblClick") || link.handles("Click");
     if (works) {
         setAttribute(element, "role", "button");
-        setAttribute(element, "aria-label", link.item.label ?? "Picture");
         element.tabIndex = 0;
         element.addEventListener("click", () => link.fire("Click"));
         element.addEventListener("dblclick", () => link.fire("DblClick"));
@@ -19,6 +18,7 @@ export function picture(link) {
     const show = (there) => {
         image.hidden = !there;
         empty.hidden = there;
+        if (works) setAttribute(element, "aria-label", [link.item.label ?? "Picture", ...(there ? [] : [empty.textContent])].join(": "));
     };
     show(false);
     image.addEventListener("error", () => {

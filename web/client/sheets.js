@@ -13,6 +13,7 @@ export class Sheets {
         this.sheets = [...form.querySelectorAll(".v-sheet")].map((element) => ({
             element, links: [...parts.values()].filter(({field}) => element.contains(field)).map(({link}) => link), filled: null,
         }));
+        this.behind = this.sheets.at(-1)?.element.nextSibling ?? null;
     }
 
     show() {
@@ -25,7 +26,6 @@ export class Sheets {
         }
         if (this.sheets.map(({filled}) => filled).join() === before) return;
         const [full, empty] = [true, false].map((wanted) => this.sheets.filter(({filled}) => filled === wanted).map(({element}) => element));
-        const behind = this.sheets.length > 0 ? this.form.querySelector(":scope > .v-screen-help") : null;
-        for (const element of [...full, ...empty]) this.form.insertBefore(element, behind);
+        for (const element of [...full, ...empty]) this.form.insertBefore(element, this.behind);
     }
 }

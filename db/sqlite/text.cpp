@@ -18,8 +18,8 @@ unsigned char byte(std::string_view text, std::size_t index) {
     return static_cast<unsigned char>(text[index]);
 }
 
-/// How many characters, of one byte each, two texts begin with alike, as far as eight of them go: every seek in an index
-/// of numbers compares such beginnings.
+/// How many characters, of one byte each, two texts begin with alike, as far as eight of them go: every seek in an
+/// index of numbers compares such beginnings.
 std::size_t sameBeginning(std::string_view left, std::string_view right) {
     constexpr std::uint64_t highBits = 0x8080808080808080U;
     constexpr std::size_t width = sizeof highBits;

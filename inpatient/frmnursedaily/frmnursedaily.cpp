@@ -94,15 +94,14 @@ void frmNurseDaily::showReport() {
         "vwhNurseRpt where dtdate='"_sql +
         core::textOf(dtDate) + "' and shift ='" + cboShift.text() + "' and rptHead ='" + cboVehNo.text() + "'");
     if (reports.empty()) return;
-    std::size_t latest = 0;
-    for (; !reports.eof(); reports.moveNext()) {
-        const auto sno = reports["SNO"].int64();
-        const auto row = reports.row();
-        reports.moveTo(latest);
-        if (sno > reports["SNO"].int64()) latest = row;
-        reports.moveTo(row);
-    }
-    reports.moveTo(latest);
+    std::int64_t latest = 0;
+    std::size_t row = 0;
+    for (; !reports.eof(); reports.moveNext())
+        if (const auto sno = reports["SNO"].int64(); sno > latest) {
+            latest = sno;
+            row = reports.row();
+        }
+    reports.moveTo(row);
     shown_ = Report{reports["SNO"].text(), cboShift.text(), cboVehNo.text(), reports["Details"].textOr()};
     txtSub.setText(reports["SubHead"].textOr());
     core::showEntry(cboYes, reports["Completed"].textOr());

@@ -341,5 +341,26 @@ TEST_F(MedChart, EachWriteThatFailsLeavesTheChartAndTheScreen) {
     }
 }
 
+TEST(MedChartInFiles, ALineThatBreaksAtAnyStatementLeavesTheChartAndTheTicks) {
+    const HospitalFiles files;
+    Ward hospital(files);
+    hospital.start();
+    inpatient::provideScreens(hospital.place);
+    arrangeChart(hospital);
+    hospital.place.desktop.show("frmMedChart");
+    hospital.setTakesMessages(true);
+    const auto broken = hospital.breakTheLineAtEachStatement(
+        "frmMedChart",
+        [&] {
+            enter(hospital.place, "frmMedChart",
+                  {{"lstPat", {{"row", 0}}}, {"LstDate", {{"row", 0}}}, {"chk(0)", true}, {"chk(1)", true}});
+        },
+        [&] {
+            return hospital.dump("select * from hMedChartMonitor"_sql) +
+                   hospital.dump("select * from hMedChartForNurse"_sql);
+        });
+    EXPECT_GE(broken.size(), 3U);
+}
+
 }  // namespace
 }  // namespace test

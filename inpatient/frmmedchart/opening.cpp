@@ -40,16 +40,21 @@ void frmMedChart::openPatient() {
     }
     showHistory();
     showDrugs();
-    const auto period = hospital().read(
-        "select isnull(Comment,'NONE') as Comment, getDate() as Period,FullName,ConsultID,clientCat,"
-        "ExtendAdmissionLimitTo from qryhAdmission  where ConsultID='"_sql +
-        id + "'");
-    if (period.empty()) return;
-    if (!mayBeCharted(period)) {
+    // A limit that cannot be read bars like one that has passed.
+    bool charted = false;
+    db::Recordset period;
+    trapped([&] {
+        period = hospital().read(
+            "select isnull(Comment,'NONE') as Comment, getDate() as Period,FullName,ConsultID,clientCat,"
+            "ExtendAdmissionLimitTo from qryhAdmission  where ConsultID='"_sql +
+            id + "'");
+        charted = period.empty() || mayBeCharted(period);
+    });
+    if (!charted) {
         LstDate.clear();
         return clearLine();
     }
-    if (period["Comment"].textOr() != "NONE") desktop().showModal("frmMedChartComment");
+    if (!period.empty() && period["Comment"].textOr() != "NONE") desktop().showModal("frmMedChartComment");
 }
 
 bool frmMedChart::mayBeCharted(const db::Recordset& stay) {

@@ -108,6 +108,10 @@ TEST_F(MedChart, TheLimitBarsAtItsVeryMinute) {
     hospital.execute(
         "update hAdmission set Comment=null, clientCat='PRIVATE', ExtendAdmissionLimitTo=null where consultID='C1'"_sql);
     openPatient(ada);  // neither a limit nor a comment
+    EXPECT_NE(entries("LstDate"), "");
+    hospital.failStatement("isnull(Comment");
+    openPatient(ada, {"Injected failure"});
+    EXPECT_EQ(entries("LstDate"), "") << "nobody is charted whose limit cannot be read";
 }
 
 TEST_F(MedChart, BoxesStandForTheDosesAsFarAsThereAreBoxes) {

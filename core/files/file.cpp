@@ -16,13 +16,13 @@ struct Closes {
 };
 using File = std::unique_ptr<std::FILE, Closes>;
 
-[[noreturn]] void failed(int code) {
+[[noreturn]] void fileFailed(int code) {
     throw db::Error(db::Category::other, std::generic_category().message(code));
 }
 
 File openedFile(const std::filesystem::path& path, const char* mode) {
     File file(std::fopen(path.c_str(), mode));
-    if (!file) failed(errno);
+    if (!file) fileFailed(errno);
     return file;
 }
 
@@ -34,9 +34,9 @@ std::string readFile(const std::filesystem::path& path, std::size_t largest) {
     std::array<char, 65536> part{};
     while (const auto size = std::fread(part.data(), 1, part.size(), file.get())) {
         content.append(part.data(), size);
-        if (content.size() > largest) failed(EFBIG);
+        if (content.size() > largest) fileFailed(EFBIG);
     }
-    if (std::ferror(file.get()) != 0) failed(errno);
+    if (std::ferror(file.get()) != 0) fileFailed(errno);
     return content;
 }
 
@@ -47,11 +47,11 @@ void writeFile(const std::filesystem::path& path, std::string_view content) {
         const auto file = openedFile(fresh, "wb");
         if (std::fwrite(content.data(), 1, content.size(), file.get()) != content.size() ||
             std::fflush(file.get()) != 0)
-            failed(errno);
+            fileFailed(errno);
     }
     std::error_code error;
     std::filesystem::rename(fresh, path, error);
-    if (error) failed(error.value());
+    if (error) fileFailed(error.value());
 }
 
 }  // namespace core

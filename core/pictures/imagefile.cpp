@@ -1,5 +1,7 @@
 #include "core/pictures/imagefile.h"
 
+#include <algorithm>
+
 #include "core/files/file.h"
 #include "db/error.h"
 
@@ -15,8 +17,8 @@ void requireImage(const db::Bytes& image) {
 
 db::Bytes imageFromFile(const std::filesystem::path& file) {
     const auto content = readFile(file, largestImage);
-    const auto* first = reinterpret_cast<const std::byte*>(content.data());
-    db::Bytes image(first, first + content.size());
+    db::Bytes image(content.size());
+    std::transform(content.begin(), content.end(), image.begin(), [](char c) { return static_cast<std::byte>(c); });
     requireImage(image);
     return image;
 }

@@ -1,5 +1,6 @@
 #include "app/screens.h"
 
+#include "billing/screens.h"
 #include "inpatient/screens.h"
 #include "outpatient/screens.h"
 #include "registration/screens.h"
@@ -10,6 +11,7 @@ namespace app {
 void provideScreens(core::Workplace& place) {
     shell::provideScreens(place);
     registration::provideScreens(place);
+    billing::provideScreens(place);
     outpatient::provideScreens(place);
     inpatient::provideScreens(place);
 }

@@ -124,9 +124,10 @@ private:
     Button cmdArrival{*this, "cmdArrival", "A patient arrives", [this] { grdData.bind(patients(++arrivals_)); }};
     CheckList lstSigns{*this, "lstSigns"};
     ListView lvwTests{*this, "lvwTests", {"Test", "Result"}, true};
+    TextBox txtPrice{*this, "txtPrice", decimalOnly};
     FlexGrid OrderGrid{*this, "OrderGrid", {"Line", "Item", "Price"}};
     Button cmdAddLine{*this, "cmdAddLine", "&Add a line", [this] {
-                          OrderGrid.addRow({std::to_string(OrderGrid.rowCount() + 1), txtName.text(), "1,250.00"});
+                          OrderGrid.addRow({std::to_string(OrderGrid.rowCount() + 1), txtName.text(), txtPrice.text()});
                       }};
     Button cmdRemoveLine{*this, "cmdRemoveLine", "Remove the line", [this] {
                              if (OrderGrid.row() >= 0) OrderGrid.removeRow(static_cast<std::size_t>(OrderGrid.row()));
@@ -163,8 +164,8 @@ frmSamples::frmSamples(Desktop& desktop) : Screen(desktop, "frmSamples", "Sample
         control->onPage(tabPages, 1);
     grdData.onPage(tabPages, 0);
     cmdArrival.onPage(tabPages, 0);
-    for (Control* control :
-         {static_cast<Control*>(&OrderGrid), static_cast<Control*>(&cmdAddLine), static_cast<Control*>(&cmdRemoveLine)})
+    for (Control* control : {static_cast<Control*>(&txtPrice), static_cast<Control*>(&OrderGrid),
+                             static_cast<Control*>(&cmdAddLine), static_cast<Control*>(&cmdRemoveLine)})
         control->onPage(tabPages, 2);
     chtTrend.onPage(tabPages, 3);
     picPhoto.onPage(tabPages, 3);

@@ -256,9 +256,18 @@ test("a list of ticks: by box, by blank, all at once as far as the session takes
 test("a grid of cells, a focus that brings its page, a chart with its table, a picture", async () => {
     await control(page, "cmdFocus", "button").click();
     await page.waitForFunction(() => document.activeElement.closest("[data-control]")?.dataset.control === "frmSamples.cmdAddLine");
-    await page.keyboard.press("Enter");
-    await control(page, "OrderGrid", "tbody tr[data-row]").click();
-    await control(page, "cmdRemoveLine", "button").click();
+    for (const [typed, left, shown] of [["12,50", "12.50", "12.50"], ["1,234", "1234", "1,234.00"], ["1,234.567", "1234.567", "1,234.567"],
+                                        ["7x.5.1", "7.51", "7.51"], ["12,3456", "123456", "123,456.00"], ["", "", ""]]) {
+        await input(page, "txtPrice").fill("");
+        await input(page, "txtPrice").pressSequentially(typed);
+        await control(page, "cmdAddLine", "button").focus();
+        await page.waitForFunction((text) => document.querySelector('[data-control="frmSamples.txtPrice"] input').value === text, left);
+        await page.keyboard.press("Enter");
+        await control(page, "OrderGrid", "tbody tr[data-row]:last-child .v-amount").filter({hasText: new RegExp(`^${shown.replace(".", "[.]")}$`)}).waitFor();
+        await control(page, "OrderGrid", "tbody tr[data-row]").first().click();
+        await control(page, "cmdRemoveLine", "button").click();
+        await control(page, "OrderGrid", ".v-empty").waitFor();
+    }
     await control(page, "OrderGrid", ".v-empty").waitFor();
     await turnTo(page, "Trend");
     assert.match(await control(page, "chtTrend", "canvas").getAttribute("aria-label"), /^Blood pressure: Pressure \(mmHg\) by Time, 4 points/);

@@ -1,3 +1,4 @@
+import {shownAmount} from "../amounts.js";
 import {h, newId, setAttribute, showText} from "../dom.js";
 import {GridModel} from "./gridmodel.js";
 
@@ -106,17 +107,23 @@ class Grid {
             const name = h("button", {type: "button", class: "v-sort", tabindex: place === stop ? "0" : "-1", onclick: () => this.#sort(place)},
                            this.link.state.columns[place].caption, sorted ? h("span", {"aria-hidden": "true"}, descending ? " ▼" : " ▲") : null);
             const order = sorted ? (descending ? "descending" : "ascending") : "none";
-            return h("th", {scope: "col", "aria-sort": order}, name);
+            return h("th", {scope: "col", "aria-sort": order, class: this.#isAmount(place) ? "v-amount" : null}, name);
         }));
     }
 
     #row(row, cells, columns, stop) {
         const chosen = row === this.current;
         return h("tr", {"data-row": row, tabindex: stop && this.#enabled ? "0" : "-1", "aria-selected": String(chosen),
-                        class: chosen ? "v-current" : null}, ...columns.map((column) => this.#cell(cells[column])));
+                        class: chosen ? "v-current" : null}, ...columns.map((column) => this.#cell(cells[column], this.#isAmount(column))));
     }
 
-    #cell(text) {
+    #isAmount(place) {
+        const name = this.link.state.columns[place].name.toLowerCase();
+        return (this.link.item.amounts ?? []).some((amount) => amount.toLowerCase() === name);
+    }
+
+    #cell(text, amount) {
+        if (amount) return h("td", {class: "v-short v-amount"}, shownAmount(text));
         const room = text.length <= longestLine ? "v-short" : text.length >= wholeTexts ? "v-long" : null;
         return h("td", {class: room}, text);
     }

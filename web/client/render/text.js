@@ -1,3 +1,4 @@
+import {plainAmount} from "../amounts.js";
 import {h, setAttribute} from "../dom.js";
 
 /** Writes a text into a field and leaves the caret where it was, counted from the end. */
@@ -19,19 +20,23 @@ export function textBox(link) {
     const input = item.lines ? h("textarea", {class: "form-control", rows: item.lines})
                              : h("input", {class: "form-control", type: state.password ? "password" : "text"});
     setAttribute(input, "placeholder", item.hint);
-    setAttribute(input, "inputmode", item.keys);
+    setAttribute(input, "inputmode", item.amount ? "decimal" : item.keys);
+    input.classList.toggle("v-amount", item.amount === true);
+    const read = item.amount ? plainAmount : (text) => text;
     if (state.password) input.autocomplete = "off";
     let composing = false;
     const typed = () => {
         if (item.measure) readAsMeasure(link, input);
-        link.set(input.value);
+        link.set(read(input.value));
     };
     input.addEventListener("compositionstart", () => (composing = true));
     input.addEventListener("compositionend", () => {
         composing = false;
-        link.set(input.value);
+        link.set(read(input.value));
     });
     input.addEventListener("input", () => composing || typed());
+    // While an amount is typed it stays as it is typed; left, it shows how it was read.
+    if (item.amount) input.addEventListener("blur", () => writeText(input, link.text));
     input.addEventListener("click", () => link.fire("Click"));
     input.addEventListener("keydown", (event) => {
         if (event.key !== "Enter" || event.isComposing || !link.handles("KeyReturn")) return;
@@ -43,7 +48,7 @@ export function textBox(link) {
         input,
         update() {
             if (link.state.password) showPassword(link, input);
-            else if (!composing) writeText(input, link.text);
+            else if (!composing && read(input.value) !== link.text) writeText(input, link.text);
         },
     };
 }

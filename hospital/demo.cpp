@@ -51,7 +51,7 @@ public:
             const auto table = statement.substr(on, statement.find(' ', on) - on);
             const bool named = definition.kind == "index";
             connection.execute(scriptSql(named ? "drop index " + definition.name + " on " + table
-                                               : "drop fulltext index on " + table));
+                                               : "drop " + definition.kind + " on " + table));
             statements_.push_back(statement);
         }
     }

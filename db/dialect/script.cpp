@@ -68,10 +68,10 @@ Definition definition(std::string_view statement) {
     auto kind = lowered(token->text);
     if (kind == "proc") kind = "procedure";
     if (token->kind != Token::Kind::end) ++token;
-    const bool isTextIndex = kind == "fulltext" && isWord(*token, "index");
-    if (isTextIndex) token += isWord(token[1], "on") ? 2 : 1;
+    const bool isOfView = (kind == "fulltext" || kind == "ordered") && isWord(*token, "index");
+    if (isOfView) token += isWord(token[1], "on") ? 2 : 1;
     if (isWord(*token, "dbo") && isSign(token[1], ".")) token += 2;
-    if (isTextIndex) return {std::string(*verb), "fulltext index", "on " + token->text};
+    if (isOfView) return {std::string(*verb), kind + " index", "on " + token->text};
     return {std::string(*verb), std::move(kind), token->text};
 }
 

@@ -16,6 +16,10 @@ void SqliteEngine::define(const dialect::Definition& definition, const std::stri
         const auto index = readTextIndex(statement);
         return creates ? createTextIndex(index) : dropTextIndex(index.view);
     }
+    if (definition.kind == "ordered index") {
+        const auto index = readOrderedIndex(statement);
+        return creates ? createOrderedIndex(index) : dropOrderedIndex(index.view);
+    }
     const auto translated = translate(statement, database_);
     if (creates && !translated.databases.empty()) return keepText(definition, statement);
     if (definition.verb == "drop" && definition.kind == "view" && dropText(definition)) return;
@@ -120,7 +124,7 @@ bool SqliteEngine::openViews() {
         const auto translated = translate(text, database_);
         for (const auto& database : translated.databases) attach(database);
         const auto body = translated.text.substr(std::string("create view").size());
-        line_.run(("create temp view if not exists" + body).c_str(), "create");
+        line_.run(("create temp view if not exists" + overKeptRows(body)).c_str(), "create");
     }
     viewsOpen_ = true;
     return !views.empty();
@@ -142,6 +146,7 @@ std::vector<Object> SqliteEngine::objects() {
     add("view", "select m.name from sqlite_master m where m.type = 'view'");
     for (const auto* kind : {"view", "procedure"})
         for (auto& [name, text] : keptTexts(kind)) result.push_back({kind, std::move(name)});
+    for (const auto& view : orderedViews()) result.push_back({"ordered index", "on " + view});
     for (const auto& index : textIndexes()) result.push_back({"fulltext index", "on " + index.view});
     return result;
 }

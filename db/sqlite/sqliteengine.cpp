@@ -65,6 +65,7 @@ Prepared& SqliteEngine::prepared(const std::string& statement) {
     if (auto* known = statements_.find(statement)) return *known;
     auto translated = translate(statement, database_);
     for (const auto& database : translated.databases) attach(database);
+    if (translated.text.starts_with("select")) translated.text = overKeptRows(std::move(translated.text));
     auto fresh = prepareWithViews(translated.text);
     fresh.object = translated.object;
     if (translated.listEnd > 0) addKey(fresh, translated);

@@ -12,6 +12,7 @@
 #include "db/dialect/dialect.h"
 #include "db/engine.h"
 #include "db/sqlite/line.h"
+#include "db/sqlite/orderedindex.h"
 #include "db/sqlite/prepared.h"
 #include "db/sqlite/textindex.h"
 
@@ -87,6 +88,12 @@ private:
     const std::vector<TextIndex>& textIndexes();
     void addIndexed(Prepared& fresh, const dialect::Translated& translated);
 
+    // Ordered indexes.
+    void createOrderedIndex(const OrderedIndex& index);
+    void dropOrderedIndex(const std::string& view);
+    const std::vector<std::string>& orderedViews();
+    std::string overKeptRows(std::string query);
+
     // Tables and procedures.
     TableInfo* tableInfo(std::string_view name);
     const dialect::Procedure& procedure(std::string_view name);
@@ -108,6 +115,7 @@ private:
     std::map<std::string, dialect::Procedure, std::less<>> procedures_;
     std::set<std::string> attached_;
     std::optional<std::vector<TextIndex>> textIndexes_;
+    std::optional<std::vector<std::string>> orderedViews_;
     bool viewsOpen_ = false;  ///< whether the views over other databases are there on this line
 };
 

@@ -241,6 +241,7 @@ TEST_F(Dialect, RefusesWhatIsNoStatement) {
             EXPECT_EQ(failureOf([&] { db::sqlite::translate(text, "Hospital"); }).first, db::Category::syntax)
                 << why << ": " << text;
     for (const char* text : {"create fulltext index on hPatients", "create fulltext index on v (a,) key index c",
+                             "create ordered index on v (a) key index a", "drop ordered index on v (a)",
                              "drop fulltext index on v (a)", "drop fulltext index on Archive.dbo.v"})
         EXPECT_EQ(failureOf([&] { line.run(text); }).first, db::Category::syntax) << text;
     const std::string deep = "select " + std::string(100'000, '(') + "1";

@@ -257,6 +257,7 @@ TEST_F(SchemaFiles, WhatIsMissingComesBackAndALostTableDoesNot) {
         {"Hospital", "index IX_hRecords_PNo", " on hRecords"},
         {"Hospital", "procedure getIDNo", ""},
         {"Hospital", "fulltext index on vwhpatients", ""},
+        {"Hospital", "ordered index on qryhConsultedPatients", ""},
         {"SmsCenter", "view vwFullnamePatAppt", ""},
     };
     std::multiset<std::string> expected;

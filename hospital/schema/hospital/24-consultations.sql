@@ -141,9 +141,11 @@ GO
 
 -- One row a patient with a consultation, here or in the archive.
 create view qryhConsultedPatientsArchiveUnion as
-select p.psurname + ' ' + p.pfirstName as fullname, p.PNo as pNo
+select c.fullname, c.pNo from qryhConsultedPatients c
+union
+select p.psurname + ' ' + p.pfirstName, p.PNo
 from hPatients p
-where p.PNo in (select n.PNo from hConsulting n union select a.PNo from HospitalArchive.dbo.hConsulting a)
+where p.PNo in (select a.PNo from HospitalArchive.dbo.hConsulting a)
 GO
 
 -- One row a consultation.

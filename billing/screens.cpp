@@ -1,7 +1,23 @@
 #include "billing/screens.h"
 
-namespace billing {
+#include <memory>
 
-void provideScreens(core::Workplace& /*place*/) {}
+#include "billing/frmdrugprice/frmdrugprice.h"
+#include "billing/frmstockitems/frmstockitems.h"
+
+namespace billing {
+namespace {
+
+template <class Screen>
+void provide(core::Workplace& place, const char* name) {
+    place.desktop.provide(name, [&place] { return std::make_unique<Screen>(place); });
+}
+
+}  // namespace
+
+void provideScreens(core::Workplace& place) {
+    provide<frmDrugPrice>(place, "frmDrugPrice");
+    provide<frmStockItems>(place, "frmStockItems");
+}
 
 }  // namespace billing

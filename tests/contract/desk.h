@@ -30,7 +30,9 @@ struct RecordScreen {
     /// What Delete does: it deletes, it says why not, or the screen has none.
     bool deletes = true;
     std::string refusesDelete = " Record cannot be deleted ";
+    std::string deleteQuestion = "Are you sure to Delete Record";
     std::string deleteTitle = "Delete";
+    std::string saysDeleted = " Record successfully deleted ";
     /// The question of a save, and its title.
     std::string question = "Are you sure to save";
     std::string questionTitle = "Check before save";

@@ -186,14 +186,14 @@ TEST_P(RecordContract, ADeleteAsksAndAWriteOfItThatFailsLeavesTheRows) {
         desk.failWrite(write);
         desk.fire("cmdDel");
         const bool deleted = std::any_of(desk.boxes().begin(), desk.boxes().end(),
-                                         [](const auto& box) { return box.text == " Record successfully deleted "; });
+                                         [&](const auto& box) { return box.text == screen().saysDeleted; });
         if (write > 0 && desk.failurePending()) {
             EXPECT_TRUE(deleted);
             EXPECT_NE(differences(rows, desk.rows()), "");
             desk.forgetFailure();
             break;
         }
-        EXPECT_TRUE(desk.asked("Are you sure to Delete Record", screen().deleteTitle));
+        EXPECT_TRUE(desk.asked(screen().deleteQuestion, screen().deleteTitle));
         EXPECT_EQ(desk.rows() == rows, !deleted) << desk.failed();
         EXPECT_FALSE(deleted && write == 0) << "no is no";
     }

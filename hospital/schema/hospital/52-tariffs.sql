@@ -15,7 +15,7 @@ create table drugs (
 )
 GO
 -- select distinct  * from drugs where drgname ='PARACETAMOL'; select cost from qryhdrugPrice where drgname='PHARM_FEE'
-create index IX_drugs_drgName on drugs (drgName, Remarks)
+create index IX_drugs_drgName on drugs (drgName)
 GO
 -- The items that a new template of each kind starts with. All three name them by drgName and drgCatName; hServices
 -- repeats there its own service and Category.

@@ -1,6 +1,8 @@
 #include "outpatient/screens.h"
 
 #include "outpatient/frmconsultinfo/frmconsultinfo.h"
+#include "outpatient/frmnursedressing/frmnursedressing.h"
+#include "outpatient/frmnurseinjection/frmnurseinjection.h"
 #include "outpatient/frmpatlist/frmpatlist.h"
 #include "outpatient/frmpreconsult/frmpreconsult.h"
 #include "outpatient/frmsuperpicture/frmsuperpicture.h"
@@ -17,6 +19,8 @@ void provide(core::Workplace& place, const char* name) {
 
 void provideScreens(core::Workplace& place) {
     provide<frmPreConsult>(place, "frmPreConsult");
+    provide<frmNurseInjection>(place, "frmNurseInjection");
+    provide<frmNurseDressing>(place, "frmNurseDressing");
     provide<frmPatList>(place, "frmPatList");
     provide<frmConsultInfo>(place, "frmConsultInfo");
     provide<frmSuperPicture>(place, "frmSuperPicture");

@@ -8,16 +8,22 @@ using namespace db::literals;
 namespace billing {
 
 void addBillLine(db::Connection& connection, const BillLine& line, const core::Cells& further) {
-    core::addRow(connection, "select *  from billAccum where 1=2"_sql,
-                 core::joined({{"dtDate", line.date},
-                               {"drgName", line.name},
-                               {"Price", line.price},
-                               {"Qty", line.quantity},
-                               {"SubTotal", line.subTotal},
-                               {"PNo", line.pno},
-                               {"consultID", line.consultID},
-                               {"billType", line.billType}},
-                              further));
+    db::Recordset lines(connection, "select *  from billAccum where 1=2"_sql);
+    addBillLine(lines, line, further);
+}
+
+void addBillLine(db::Recordset& lines, const BillLine& line, const core::Cells& further) {
+    lines.addNew();
+    core::setCells(lines, core::joined({{"dtDate", line.date},
+                                        {"drgName", line.name},
+                                        {"Price", line.price},
+                                        {"Qty", line.quantity},
+                                        {"SubTotal", line.subTotal},
+                                        {"PNo", line.pno},
+                                        {"consultID", line.consultID},
+                                        {"billType", line.billType}},
+                                       further));
+    lines.update();
 }
 
 void addServiceLine(db::Connection& connection, const ServiceLine& line, const core::Cells& further) {

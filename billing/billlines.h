@@ -20,6 +20,8 @@ struct BillLine {
 };
 /// Adds the line to `billAccum`. Throws db::Error.
 void addBillLine(db::Connection& connection, const BillLine& line, const core::Cells& further = {});
+/// The same for a writer of several lines, which has opened the table to add them.
+void addBillLine(db::Recordset& lines, const BillLine& line, const core::Cells& further = {});
 
 /// A fee that is billed on behalf of a client: one service of one price.
 struct ServiceLine {

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "billing/frmbillservice/frmbillservice.h"
 #include "billing/frmdrugprice/frmdrugprice.h"
 #include "billing/frmstockitems/frmstockitems.h"
 
@@ -16,6 +17,7 @@ void provide(core::Workplace& place, const char* name) {
 }  // namespace
 
 void provideScreens(core::Workplace& place) {
+    provide<frmBillService>(place, "frmBillService");
     provide<frmDrugPrice>(place, "frmDrugPrice");
     provide<frmStockItems>(place, "frmStockItems");
 }

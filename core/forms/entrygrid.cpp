@@ -45,15 +45,20 @@ void EntryGrid::addLine(Line cells) {
     addRow({});
 }
 
-std::optional<EntryGrid::Line> EntryGrid::takeBack() {
+std::optional<std::size_t> EntryGrid::picked() const noexcept {
     if (row() < 0 || static_cast<std::size_t>(row()) >= lineCount()) return std::nullopt;
+    return static_cast<std::size_t>(row());
+}
+
+std::optional<EntryGrid::Line> EntryGrid::takeBack(const Taken& taken) {
+    const auto line = picked();
     auto& desktop = screen().desktop();
-    if (!desktop.askYesNo("Are you sure to Delete?", "Check before Delete")) return std::nullopt;
-    const auto picked = static_cast<std::size_t>(row());
-    Line line = cells(picked);
-    removeRow(picked);
+    if (!line || !desktop.askYesNo("Are you sure to Delete?", "Check before Delete")) return std::nullopt;
+    Line cells = this->cells(*line);
+    removeRow(*line);
+    if (taken) taken(*line, cells);
     desktop.message("Item Removed");
-    return line;
+    return cells;
 }
 
 void EntryGrid::clearLines() {

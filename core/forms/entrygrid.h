@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,9 +27,13 @@ public:
     [[nodiscard]] double sum(std::size_t column) const;
     /// Puts a line in front of the empty one.
     void addLine(Line cells);
+    /// The picked line; nothing where no filled one is picked.
+    [[nodiscard]] std::optional<std::size_t> picked() const noexcept;
+    /// What a screen does once a line is away, before the user is told: `line` is where it stood.
+    using Taken = std::function<void(std::size_t line, const Line& cells)>;
     /// Asks, takes the picked line away and says so. Gives its cells, so that they can be entered anew; nothing where
     /// no filled line is picked or the user thinks better of it.
-    std::optional<Line> takeBack();
+    std::optional<Line> takeBack(const Taken& taken = {});
     /// Leaves the empty line alone.
     void clearLines();
 };

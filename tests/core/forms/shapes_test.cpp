@@ -62,10 +62,15 @@ TEST_F(Shapes, AnEntryGridKeepsOneEmptyLastLine) {
     EXPECT_EQ(grid.takeBack(), std::nullopt);
     hospital.answer("yes");
     hospital.expectMessage("Item Removed");
-    EXPECT_EQ(grid.takeBack(), (core::EntryGrid::Line{"Gauze", "1,250.50", "DAILY"}));
+    std::string taken;
+    const auto line = grid.takeBack([&](std::size_t at, const core::EntryGrid::Line& cells) {
+        taken = std::to_string(at) + cells[0] + ", then " + grid.text(at, 0);
+        EXPECT_EQ(hospital.boxes().back().text, "Are you sure to Delete?") << "before the user is told";
+    });
+    EXPECT_EQ(line, (core::EntryGrid::Line{"Gauze", "1,250.50", "DAILY"}));
+    EXPECT_EQ(taken, "0Gauze, then Saline");
     EXPECT_EQ(hospital.boxes().front().text + hospital.boxes().front().title,
               "Are you sure to Delete?Check before Delete");
-    EXPECT_EQ(grid.text(0, 0), "Saline");
     grid.clearLines();
     EXPECT_EQ(grid.rowCount(), 1U);
 }

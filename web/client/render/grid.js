@@ -28,7 +28,7 @@ class Grid {
                                   "aria-label": "Narrow the rows", oninput: () => this.#narrow()});
         this.count = h("span", {class: "v-count", role: "status"});
         this.open = h("button", {type: "button", class: "btn btn-sm btn-outline-secondary", hidden: true,
-                                 onclick: () => link.fire("DblClick")}, "Open");
+                                 onclick: () => link.fire("DblClick")}, link.item.opens ?? "Open");
         this.back = this.#pageButton("‹", "Previous page", -1);
         this.forward = this.#pageButton("›", "Next page", 1);
         this.element = h("div", {class: "v-grid"},

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "bench/desk.h"
+#include "billing/screens.h"
 #include "core/session/loadsession.h"
 #include "core/session/session.h"
 #include "core/session/workplace.h"
@@ -263,6 +264,7 @@ private:
         registration::provideScreens(place_);
         outpatient::provideScreens(place_);
         inpatient::provideScreens(place_);
+        billing::provideScreens(place_);
         place_.desktop.setAcknowledges(true);
         place_.desktop.setBeforeBox([this](const auto& box) { boxOpens(box); });
         loop_.setBeforeWait([this] { loop_.post([this] { place_.desktop.answer("yes"); }); });
@@ -408,6 +410,22 @@ void nursesDischarge(benchmark::State& state) {
     });
 }
 BENCHMARK(nursesDischarge)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// Five lines of a bill, each of them priced.
+void billSaved(benchmark::State& state) {
+    saves(state, "frmBillService", [](std::size_t number) {
+        hospital().fire("frmBillService.cmdBill");
+        pick("frmBillService.cboReason", 1);
+        pick("frmBillService.cboVehNo", 1 + number % (hospital().entries("frmBillService.cboVehNo") - 1));
+        pick("frmBillService.cboCat", 1);
+        for (std::size_t line = 0; line < 5; ++line) {
+            pick("frmBillService.cboDrug", (number + line) % hospital().entries("frmBillService.cboDrug"));
+            fill("frmBillService", {{"txtPrice", "1250.50"}, {"txtQty", "2"}, {"txtUsage", "DAILY"}, {"cboCap", "NO"}});
+            hospital().fire("frmBillService.cmdAdd");
+        }
+    });
+}
+BENCHMARK(billSaved)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
 
 /// One line of so many doses on the chart of everybody in the wards, none of whom has a limit.
 void chartForAll(int lines, int doses) {

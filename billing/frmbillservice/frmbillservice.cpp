@@ -22,6 +22,7 @@ frmBillService::frmBillService(core::Workplace& place)
     bind(cboDrug, Event::change, [this] { lblSource.setCaption({}); });
     bind(txtPrice, Event::change, [this] { lblSource.setCaption("Typed"); });
     bind(cmdAdd, Event::click, &frmBillService::cmdAdd_Click);
+    for (auto* last : {&txtPrice, &txtQty, &txtUsage}) bind(*last, Event::keyReturn, &frmBillService::cmdAdd_Click);
     bind(OrderGridDrug, Event::dblClick, &frmBillService::OrderGridDrug_DblClick);
     bind(OKButton, Event::click, &frmBillService::OKButton_Click);
     bind(cmdCancel, Event::click, &frmBillService::cmdCancel_Click);
@@ -34,8 +35,8 @@ frmBillService::frmBillService(core::Workplace& place)
     for (auto* amount : {&txtPrice, &txtQty, &txtSub}) amount->setText("0");
     lblSource.setCaption({});
     for (auto* text : {&txtSub, &txtPresc}) text->setEnabled(false);
-    // Whom a line is billed to is the client in sight.
-    for (const char* column : {"BillTo", "CoyName"}) OrderGridDrug.hideColumn(column);
+    // Whom a line is billed to is the client in sight; what it is, its category says.
+    for (const char* column : {"EntryType", "BillTo", "CoyName"}) OrderGridDrug.hideColumn(column);
 }
 
 void frmBillService::load() {

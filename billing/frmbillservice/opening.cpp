@@ -48,6 +48,7 @@ void frmBillService::cboVehNo_Click() {
         consultID + "'");
     showStay(stay);
     if (!stay.empty()) showTreatment(consultID);
+    desktop().focus(blank(cboReason) ? static_cast<ui::ComboBox&>(cboReason) : cboCat);
     if (retainID_ == session().gPrivateTariff) message("This is a Private Patient!! Payment Required");
 }
 

@@ -13,7 +13,7 @@ TEST_F(Bill, ABillIsGeneratedBeforeAnythingIsEntered) {
               "|Nurse Joy [E001]||DRUG|LAB|SERVICE|YES|NO|");
     EXPECT_EQ(shown({"txtUsage", "txtPrice", "lblTotal"}), "DAILY|0|0");
     EXPECT_EQ(place.desktop.get(name + ".dtDate")["date"], "2026-11-24");
-    EXPECT_EQ(hiddenColumns("OrderGridDrug"), "BillTo CoyName ");
+    EXPECT_EQ(hiddenColumns("OrderGridDrug"), "EntryType BillTo CoyName ");
     const auto state = [this] {
         std::string all;
         for (const auto* command : {"cmdBill", "OKButton", "cmdCancel", "cmdRefresh"})
@@ -224,7 +224,7 @@ TEST_F(Bill, ALineIsCheckedInOrder) {
         if (!stop.mends.is_null()) set(stop.field, stop.mends);
         fill(stop.further);
     }
-    fire("cmdAdd");
+    fire("txtQty.KeyReturn");
     EXPECT_NE(lines().find("GAUZE||1234.5|2|2469|DAILY|YES|DRUG|NEW|AXM|0007\n"), std::string::npos) << lines();
     EXPECT_EQ(shown({"cboCap", "cboDrug", "txtUsage", "txtQty", "txtSub", "txtPrice", "lblCat", "lblTotal"}),
               "|||0|0|0|0|2,469.00");

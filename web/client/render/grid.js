@@ -89,7 +89,7 @@ class Grid {
         const stop = this.model.shown.includes(this.current) ? this.current : this.model.shown[0];
         this.rows.replaceChildren(...this.model.shown.map((row) => this.#row(row, rows[row], columns, row === stop)));
         if (this.model.shown.length === 0) this.rows.append(this.#emptyRow(columns.length));
-        this.#drawBar(rows.length);
+        this.#drawBar(this.model.size);
         if (hadFocus) this.focusTarget()?.focus({preventScroll: true});
     }
 
@@ -129,7 +129,7 @@ class Grid {
     }
 
     #emptyRow(width) {
-        const text = this.link.state.rows.length > 0 ? "No row holds this text" : (this.link.item.empty ?? "Nothing to show");
+        const text = this.model.size > 0 ? "No row holds this text" : (this.link.item.empty ?? "Nothing to show");
         return h("tr", {class: "v-empty"}, h("td", {colspan: Math.max(1, width)}, text));
     }
 

@@ -36,7 +36,8 @@ export class GridModel {
         if (columns.map((column) => column.name).join("\n") !== this.#columns.map((column) => column.name).join("\n"))
             Object.assign(this, {filter: "", sortColumn: -1, descending: false, page: 0});
         this.#columns = columns;
-        this.#rows = rows;
+        // The line that an entry grid keeps at its end for the next entry is none yet.
+        this.#rows = rows.at(-1)?.every((text) => text === "") ? rows.slice(0, -1) : rows;
         this.#arrange();
     }
 
@@ -67,6 +68,11 @@ export class GridModel {
         const keys = new Map(this.#order.map((row) => [row, sortValue(this.#rows[row][this.sortColumn])]));
         const sign = this.descending ? -1 : 1;
         this.#order.sort((left, right) => sign * compare(keys.get(left), keys.get(right)) || left - right);
+    }
+
+    /** The rows in all. */
+    get size() {
+        return this.#rows.length;
     }
 
     get count() {

@@ -113,8 +113,15 @@ class Grid {
 
     #row(row, cells, columns, stop) {
         const chosen = row === this.current;
+        const looks = [chosen && "v-current", this.#isMarked(cells) && "v-marked"].filter(Boolean).join(" ");
         return h("tr", {"data-row": row, tabindex: stop && this.#enabled ? "0" : "-1", "aria-selected": String(chosen),
-                        class: chosen ? "v-current" : null}, ...columns.map((column) => this.#cell(cells[column], this.#isAmount(column))));
+                        class: looks || null}, ...columns.map((column) => this.#cell(cells[column], this.#isAmount(column))));
+    }
+
+    #isMarked(cells) {
+        const {marks} = this.link.item;
+        const place = this.link.state.columns.findIndex((column) => column.name === marks?.column);
+        return place >= 0 && cells[place] === marks.text;
     }
 
     #isAmount(place) {

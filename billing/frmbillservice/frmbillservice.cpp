@@ -8,13 +8,13 @@ using ui::Event;
 namespace billing {
 namespace {
 
-constexpr const char* title = "Admission Billing (Services)";
+constexpr const char* billTitle = "Admission Billing (Services)";
 constexpr std::size_t longestUsage = 200;  // as its column
 
 }  // namespace
 
 frmBillService::frmBillService(core::Workplace& place)
-    : Form(place, "frmBillService", title), cboReason(*this, "cboReason", place) {
+    : Form(place, "frmBillService", billTitle), cboReason(*this, "cboReason", place) {
     bind(cmdBill, Event::click, &frmBillService::cmdBill_Click);
     bind(cboVehNo, Event::click, &frmBillService::cboVehNo_Click);
     bind(cboCat, Event::click, &frmBillService::cboCat_Click);
@@ -29,7 +29,7 @@ frmBillService::frmBillService(core::Workplace& place)
     bind(cmdRefresh, Event::click, &frmBillService::cmdRefresh_Click);
     bind(cmdStock, Event::click, [this] { desktop().show("frmDrugPrice"); });
     bind(CancelButton, Event::click, [this] { close(); });
-    lblTitle.setCaption(title);
+    lblTitle.setCaption(billTitle);
     txtUsage.setMaxLength(longestUsage);
     txtUsage.setText("DAILY");
     for (auto* amount : {&txtPrice, &txtQty, &txtSub}) amount->setText("0");
@@ -97,7 +97,7 @@ void frmBillService::clear() {
 
 void frmBillService::showName(const std::string& name) {
     name_ = name;
-    setCaption(name.empty() ? title : name);
+    setCaption(name.empty() ? billTitle : name);
     lblTitle.setCaption(caption());
 }
 

@@ -62,22 +62,22 @@ void frmBillService::cmdAdd_Click() {
     for (std::size_t line = 0; line < OrderGridDrug.lineCount(); ++line)
         if (OrderGridDrug.text(line, item) == cboDrug.text()) message("Duplicate Entry Detected please Confirm");
     const bool drug = cboCat.text() == "DRUG";
-    const auto priced = enteredAmount(txtPrice.text());
-    const auto counted = enteredAmount(txtQty.text());
+    const auto priceTyped = enteredAmount(txtPrice.text());
+    const auto unitsTyped = enteredAmount(txtQty.text());
     const auto none = [](const ui::TextBox& box, const std::optional<double>& amount) {
         return blank(box) || amount == 0.0;
     };
-    if (passes(
-            {{noPatient(), "Select a Patient for this Billing Analysis", &cboVehNo},
-             {blank(cboReason), "Select Name of Nurse that Billed", &cboReason},
-             {blank(cboDrug), "Please specify a Drug/Service No ", &cboDrug},
-             {cboCap.text().empty(), "Please specify a Whether Capitated or Not", &cboCap},
-             {none(txtPrice, priced), "Cannot add this line without a price to Grid !!!  "},
-             {drug && none(txtQty, counted), "Please specify Quantity of Drug prescribed", &txtQty},
-             {drug && txtUsage.text().empty(), "Please specify usage of Drug/Service", &txtUsage},
-             {!priced, "The price is a plain number above 0, such as 1,234.50", &txtPrice},
-             {!counted, "The quantity is a plain number, such as 3 or 0.5", &txtQty},
-             {priced && counted && *priced * *counted >= amountLimit, "This quantity or price is too large", &txtQty}}))
+    if (passes({{noPatient(), "Select a Patient for this Billing Analysis", &cboVehNo},
+                {blank(cboReason), "Select Name of Nurse that Billed", &cboReason},
+                {blank(cboDrug), "Please specify a Drug/Service No ", &cboDrug},
+                {cboCap.text().empty(), "Please specify a Whether Capitated or Not", &cboCap},
+                {none(txtPrice, priceTyped), "Cannot add this line without a price to Grid !!!  "},
+                {drug && none(txtQty, unitsTyped), "Please specify Quantity of Drug prescribed", &txtQty},
+                {drug && txtUsage.text().empty(), "Please specify usage of Drug/Service", &txtUsage},
+                {!priceTyped, "The price is a plain number above 0, such as 1,234.50", &txtPrice},
+                {!unitsTyped, "The quantity is a plain number, such as 3 or 0.5", &txtQty},
+                {priceTyped && unitsTyped && *priceTyped * *unitsTyped >= amountLimit,
+                 "This quantity or price is too large", &txtQty}}))
         addLine();
 }
 

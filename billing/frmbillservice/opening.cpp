@@ -136,13 +136,16 @@ void frmBillService::showLines() {
     for (auto* total : {&lblGen, &lblBilled, &lblPaid}) total->setCaption("0");
     auto lines =
         hospital().read("select distinct * from qrybillAccumHome   where consultID='"_sql + lblBill.caption() + "'");
-    const auto orElse = [](std::string text, const std::string& otherwise) { return text.empty() ? otherwise : text; };
+    const auto textOr = [&lines](const char* column, const std::string& otherwise) {
+        const auto text = lines[column].textOr();
+        return text.empty() ? otherwise : text;
+    };
     for (; !lines.eof(); lines.moveNext()) {
         const auto text = [&lines](const char* column) { return lines[column].textOr(); };
         OrderGridDrug.addLine({text("service"), text("Category"), text("UnitPrice"), text("Qty"), text("SubTotal"),
                                text("usage"), text("Capitated"),
                                itemKind(text("billType")) ? text("billType") : "SERVICE", "OLD",
-                               orElse(text("BillTo"), session().gClientCode), orElse(text("CoyName"), retainID_)});
+                               textOr("BillTo", session().gClientCode), textOr("CoyName", retainID_)});
     }
     showTotals();
 }

@@ -43,6 +43,12 @@ class Grid {
         this.rows.addEventListener("keydown", (event) => this.#key(event));
     }
 
+    /** The rows without the line that a grid of entries keeps empty at its end for the next one. */
+    #entered(rows) {
+        const waits = this.link.state.kind === "flexGrid" && rows.at(-1)?.every((text) => text === "");
+        return waits ? rows.slice(0, -1) : rows;
+    }
+
     #pageButton(sign, name, step) {
         return h("button", {type: "button", class: "btn btn-sm btn-outline-secondary", "aria-label": name, title: name,
                             onclick: () => this.#turn(step)}, sign);
@@ -61,7 +67,7 @@ class Grid {
     update() {
         const {columns, rows, caption} = this.link.state;
         if (rows !== this.shownRows || columns !== this.shownColumns) {
-            this.model.setRows(columns, rows);
+            this.model.setRows(columns, this.#entered(rows));
             [this.shownRows, this.shownColumns] = [rows, columns];
         }
         this.caption.textContent = caption ?? "";

@@ -36,8 +36,7 @@ export class GridModel {
         if (columns.map((column) => column.name).join("\n") !== this.#columns.map((column) => column.name).join("\n"))
             Object.assign(this, {filter: "", sortColumn: -1, descending: false, page: 0});
         this.#columns = columns;
-        // The line that an entry grid keeps at its end for the next entry is none yet.
-        this.#rows = rows.at(-1)?.every((text) => text === "") ? rows.slice(0, -1) : rows;
+        this.#rows = rows;
         this.#arrange();
     }
 

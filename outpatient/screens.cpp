@@ -1,6 +1,8 @@
 #include "outpatient/screens.h"
 
 #include "outpatient/frmconsultinfo/frmconsultinfo.h"
+#include "outpatient/frminjanddress/frminjanddress.h"
+#include "outpatient/frminjectionentryforadm/frminjectionentryforadm.h"
 #include "outpatient/frmnursedressing/frmnursedressing.h"
 #include "outpatient/frmnurseinjection/frmnurseinjection.h"
 #include "outpatient/frmpatlist/frmpatlist.h"
@@ -19,6 +21,8 @@ void provide(core::Workplace& place, const char* name) {
 
 void provideScreens(core::Workplace& place) {
     provide<frmPreConsult>(place, "frmPreConsult");
+    provide<frmInjAndDress>(place, "frmInjAndDress");
+    provide<frmInjectionEntryForAdm>(place, "frmInjectionEntryForAdm");
     provide<frmNurseInjection>(place, "frmNurseInjection");
     provide<frmNurseDressing>(place, "frmNurseDressing");
     provide<frmPatList>(place, "frmPatList");

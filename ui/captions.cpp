@@ -14,6 +14,11 @@ using Words = std::pair<std::string_view, std::string_view>;
 
 /// All screens and reports share these: one column is called the same wherever it shows. In the order of the names.
 constexpr std::array columns = std::to_array<Words>({
+    {"-------------------no of units--------------", "Units"},
+    {"-------------------sub total------------", "Sub-total"},
+    {"-------category------", "Category"},
+    {"-------drug/service------", "Drug or Service"},
+    {"------price---------", "Price"},
     {"3mthly", "3 Monthly"},
     {"6mthly", "6 Monthly"},
     {"acetone", "Acetone"},
@@ -39,6 +44,7 @@ constexpr std::array columns = std::to_array<Words>({
     {"blood", "Blood"},
     {"bloodgroup", "Blood Group"},
     {"btime", "Born at"},
+    {"capitated", "Capitated"},
     {"cardtype", "Card"},
     {"cbn", "CBN"},
     {"charttime", "Hour"},
@@ -106,6 +112,7 @@ constexpr std::array columns = std::to_array<Words>({
     {"introducedby", "Introduced by"},
     {"isdischarged", "Discharged"},
     {"isold", "Replaced"},
+    {"item", "Item"},
     {"kinaddress", "Next of Kin's Address"},
     {"lastattnddate", "Last Attendance"},
     {"lastname", "Surname"},
@@ -119,6 +126,7 @@ constexpr std::array columns = std::to_array<Words>({
     {"newreg", "New Registration"},
     {"nextofkin", "Next of Kin"},
     {"nhis", "NHIS"},
+    {"no of times", "Times"},
     {"no of units", "Units"},
     {"nokphone", "Next of Kin's Phone"},
     {"noofdays", "Days"},
@@ -212,6 +220,7 @@ constexpr std::array columns = std::to_array<Words>({
     {"urine", "Urine"},
     {"urinealb", "Urine Albumen"},
     {"urinesug", "Urine Sugar"},
+    {"usage", "Usage"},
     {"ward", "Ward"},
     {"wardid", "Ward"},
     {"wardname", "Ward Name"},

@@ -1,5 +1,6 @@
 // What is written into a chart.
 
+#include "core/care/chartitems.h"
 #include "core/rows/cells.h"
 #include "core/session/session.h"
 #include "core/texts/texts.h"
@@ -146,21 +147,19 @@ void frmMedChart::cmdPat_Click() {
 
 void frmMedChart::loadDrugs(db::Recordset& dispensed) {
     db::Transaction transaction(hospital());
-    db::Recordset chart(hospital(), "select * from hMedChartMonitor where 1=2"_sql);
+    db::Recordset chart(hospital(), core::emptyChart(core::Chart::wards));
     for (; !dispensed.eof(); dispensed.moveNext()) {
         chart.addNew();
-        core::setCells(chart, {{"conID", dispensed["conID"]},
-                               {"consultID", consultID_},
-                               {"PNo", dispensed["PNo"]},
-                               {"mdate", dispensed["dtDate"]},
-                               {"mtime", dispensed["dtTime"]},
-                               {"numOfTimes", doseCount(dispensed["Qty"])},
-                               {"numtaken", 0},
-                               {"drgName", dispensed["drgName"].textOr()},
-                               {"clientCat", lblClient.caption()},
-                               {"drgCatName", dispensed["drgCatName"]},
-                               {"dosage", dispensed["usage"]},
-                               {"attendedto", false}});
+        core::setCells(chart, core::chartCells(core::Chart::wards, {.conID = dispensed["conID"],
+                                                                    .consultID = consultID_,
+                                                                    .pno = dispensed["PNo"].textOr(),
+                                                                    .name = dispensed["drgName"].textOr(),
+                                                                    .category = dispensed["drgCatName"],
+                                                                    .times = doseCount(dispensed["Qty"]),
+                                                                    .dosage = dispensed["usage"],
+                                                                    .clientCat = lblClient.caption(),
+                                                                    .date = dispensed["dtDate"],
+                                                                    .time = dispensed["dtTime"]}));
         chart.update();
     }
     hospital().execute("update hConsulting set remarks='ADMISSION' where consultID ='"_sql + consultID_ + "'");

@@ -18,7 +18,7 @@ DoseBoxes::DoseBoxes(ui::Screen& screen, const std::string& name, int boxes, std
 
 void DoseBoxes::layOut(int doses, int given, int ticked) {
     const ui::Raised layingOut(layingOut_);
-    const int open = std::clamp(doses - given, 0, std::max(0, static_cast<int>(boxes_.size()) - given));
+    const int open = std::max(0, std::clamp(doses, 0, static_cast<int>(boxes_.size())) - given);
     given_ = given;
     ticked_ = std::min(ticked, open);
     for (int place = 0; auto& box : boxes_) {

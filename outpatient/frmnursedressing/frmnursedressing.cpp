@@ -24,7 +24,12 @@ frmNurseDressing::frmNurseDressing(core::Workplace& place)
 
 void frmNurseDressing::load() {
     dtDate.setValue(session().gServerDate);
-    trapped([this] { showPatients(); });
+    desktop().focus(cboVehNo);
+}
+
+/// Others chart too: the list is read each time the screen comes back, but never from under a patient in work.
+void frmNurseDressing::showing() {
+    if (consultID_.empty()) trapped([this] { showPatients(); });
 }
 
 void frmNurseDressing::showPatients() {

@@ -14,6 +14,7 @@ public:
     explicit frmNurseDressing(core::Workplace& place);
 
     void load() override;
+    void showing() override;
     [[nodiscard]] std::optional<std::string> patientEntry() const override { return cboVehNo.text(); }
 
     ui::ComboBox cboVehNo{*this, "cboVehNo", ui::ComboBox::Style::listOnly};

@@ -40,7 +40,12 @@ frmNurseInjection::frmNurseInjection(core::Workplace& place)
 void frmNurseInjection::load() {
     dtDate.setValue(session().gServerDate);
     dtTime.setValue(session().gServerTime);
-    trapped([this] { listPatients(); });
+    desktop().focus(cboVehNo);
+}
+
+/// Others chart too: the list is read each time the screen comes back, but never from under a patient in work.
+void frmNurseInjection::showing() {
+    if (conID_.empty()) trapped([this] { refreshPatients(); });
 }
 
 void frmNurseInjection::refreshPatients() {

@@ -17,6 +17,7 @@ public:
     explicit frmNurseInjection(core::Workplace& place);
 
     void load() override;
+    void showing() override;
     [[nodiscard]] std::optional<std::string> patientEntry() const override { return cboVehNo.text(); }
     void refreshPatients() override;
 

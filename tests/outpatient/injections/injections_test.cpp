@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "core/session/session.h"
 #include "outpatient/screens.h"
 #include "outpatient/shared/openitems.h"
@@ -166,7 +168,41 @@ TEST_F(Injection, TheTotalIsAFigure) {
     EXPECT_EQ(doses(), "g....");
     fire("cmdPresc");
     EXPECT_EQ(shown({"txtDosage"}).substr(0, 8), "Clinic: ");
+    // Any figure is one: more doses than there are boxes, or fewer than were given.
+    for (const auto& [total, boxes] : std::initializer_list<std::pair<const char*, std::string>>{
+             {"1e9", "g" + std::string(23, '.')}, {"-5", "g"}, {"-2147483648", "g"}}) {
+        set("txtNum", total);
+        fire("cmdUpd", {"Update Successful"});
+        EXPECT_EQ(doses(), boxes) << total;
+        EXPECT_EQ(hospital.value("select numOfTimes from hInjAndDressing where ID=1"_sql).number(),
+                  db::Value(total).number());
+    }
     sent();
+}
+
+TEST_F(Injection, TheListIsReadWhenTheScreenComesBackButNotFromUnderAPatient) {
+    const auto comesBack = [&](const db::Sql& change) {
+        hospital.execute(change);
+        place.desktop.show(name);
+    };
+    comesBack("update hInjAndDressing set attendedto=1 where consultID='C2'"_sql);
+    EXPECT_EQ(entries("lstWaiting"), std::string(adaWaits) + "|");
+    pick(adaWaits, 0);
+    set(box(1), true);
+    comesBack("update hInjAndDressing set attendedto=0"_sql);
+    EXPECT_EQ(entries("lstWaiting"), std::string(adaWaits) + "|");
+    EXPECT_EQ(shown({"lblPatient", "lblTaken"}) + doses(), "Obi Ada|2gn.");
+    sent();
+}
+
+TEST_F(Injection, ANameWithBracketsAndQuotesIsNoStatement) {
+    hospital.execute("update hPatients set psurname='X [2'' or ''1''=''1' where PNo='P1'"_sql);
+    fire("cmdAdd");
+    hospital.setTakesMessages(true);
+    set("cboVehNo", "X [2' or '1'='1 Ada @24-Nov-2026 [1]");
+    EXPECT_EQ(entries("LstDate") + shown({"lblNo", "lblCon", "lblName"}), "||");
+    fire("OKButton");
+    EXPECT_EQ(chart() + written(), std::string(before) + "/");
 }
 
 TEST_F(Injection, AFailedWriteLeavesRowsAndTicks) {
@@ -227,6 +263,48 @@ TEST_F(Dressing, AFailedWriteLeavesTheRowsAndAFailedCloseTheDressing) {
     fire("OKButton", {"Record Succesfully saved", "Injected failure"});
     EXPECT_EQ(open(), all);
     EXPECT_EQ(written(), "24-Nov-2026|P1|WOUND DRESSING|E001|C1|HMO\n/WOUND DRESSING|0|1|0|P1|C1\n");
+}
+
+TEST(NurseInFiles, ALineThatBreaksAtAnyStatementOfASaveLeavesTheRowsAndTheForm) {
+    struct Save {
+        const char* screen;
+        Entries entries;
+    };
+    for (const auto& save :
+         {Save{"frmNurseInjection",
+               {{"cboVehNo", adaWaits}, {"LstDate", {{"row", 0}}}, {"chk(1)", true}, {"chk(2)", true}}},
+          Save{"frmNurseDressing", {{"cboVehNo", "Obi Ada [C1]"}, {"LstDate", {{"row", 2}}}}}}) {
+        const HospitalFiles files;
+        Ward hospital(files);
+        hospital.start();
+        outpatient::provideScreens(hospital.place);
+        arrangeItems(hospital);
+        hospital.place.desktop.show(save.screen);
+        hospital.setTakesMessages(true);
+        const auto rows = [&] {
+            return hospital.dump("select * from hInjAndDressing"_sql) + hospital.dump("select * from hinjections"_sql) +
+                   hospital.dump("select * from hdressings"_sql) + hospital.dump("select * from billAccum"_sql) +
+                   hospital.dump("select * from hAuditTrail"_sql);
+        };
+        const auto before = rows();
+        enter(hospital.place, save.screen, save.entries);
+        const auto form = hospital.place.desktop.get(save.screen);
+        int broken = 0;
+        for (;; ++broken) {
+            hospital.forget();
+            hospital.breakLine(broken + 1);
+            hospital.answer("no");
+            hospital.place.desktop.fire(std::string(save.screen) + ".OKButton", false);
+            hospital.forgetAnswers();  // only a stored dressing asks
+            if (std::any_of(hospital.boxes().begin(), hospital.boxes().end(),
+                            [](const auto& box) { return box.text == "Record Succesfully saved"; }))
+                break;
+            EXPECT_EQ(rows(), before) << save.screen << " " << broken + 1;
+            EXPECT_EQ(nlohmann::json::diff(form, hospital.place.desktop.get(save.screen)), nlohmann::json::array());
+        }
+        EXPECT_GE(broken, 4) << save.screen;
+        EXPECT_NE(rows(), before) << save.screen;
+    }
 }
 
 }  // namespace

@@ -428,6 +428,23 @@ void billSaved(benchmark::State& state) {
 }
 BENCHMARK(billSaved)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
 
+/// A child with three vaccines. The screen asks no question: the time runs from the click.
+void immunized(benchmark::State& state) {
+    saves(state, "frmImmune", [](std::size_t) {
+        hospital().execute("update hRecords set AttendedToByImmume=0 where recDate='24-Nov-2026'"_sql);
+        hospital().fire("frmImmune.cmdCancel");
+        pick("frmImmune.cboVehNo", 0);
+        for (std::size_t vaccine = 1; vaccine <= 3; ++vaccine) {
+            pick("frmImmune.cboDrug", vaccine);
+            hospital().fire("frmImmune.cmdAddToGrid");
+        }
+        fill("frmImmune", {{"cboAge", "6 weeks"}, {"txtRem", "BENCH"}});
+        hospital().set("frmImmune.chkRef", true);
+        fill("frmImmune", {{"dtNext", "2026-12-22"}, {"txtImm", "PENTA 2"}});
+    });
+}
+BENCHMARK(immunized)->UseManualTime()->Iterations(300)->Unit(benchmark::kMillisecond);
+
 /// One line of so many doses on the chart of everybody in the wards, none of whom has a limit.
 void chartForAll(int lines, int doses) {
     hospital().execute("update hAdmission set clientCat='PRIVATE', Comment=null where isdischarged=0"_sql);

@@ -5,6 +5,7 @@
 #include "outpatient/frminjectionentryforadm/frminjectionentryforadm.h"
 #include "outpatient/frmnursedressing/frmnursedressing.h"
 #include "outpatient/frmnurseinjection/frmnurseinjection.h"
+#include "outpatient/frmimmune/frmimmune.h"
 #include "outpatient/frmpatlist/frmpatlist.h"
 #include "outpatient/frmpreconsult/frmpreconsult.h"
 #include "outpatient/frmsuperpicture/frmsuperpicture.h"
@@ -28,6 +29,7 @@ void provideScreens(core::Workplace& place) {
     provide<frmPatList>(place, "frmPatList");
     provide<frmConsultInfo>(place, "frmConsultInfo");
     provide<frmSuperPicture>(place, "frmSuperPicture");
+    provide<frmImmune>(place, "frmImmune");
 }
 
 }  // namespace outpatient

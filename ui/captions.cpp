@@ -26,6 +26,7 @@ constexpr std::array columns = std::to_array<Words>({
     {"admissiondayslimit", "Admission Limit"},
     {"admitedby", "Doctor"},
     {"age", "Age"},
+    {"agevalue", "Age"},
     {"aib", "ALB"},
     {"amount", "Amount"},
     {"anaesthetist", "Anaesthetist"},
@@ -105,6 +106,9 @@ constexpr std::array columns = std::to_array<Words>({
     {"hmoref", "HMO Referral"},
     {"homeaddress", "Home Address"},
     {"id", "No"},
+    {"imdate", "Date"},
+    {"immtype", "Next Vaccine"},
+    {"imtime", "Time"},
     {"indications", "Indications"},
     {"intakefluid", "Fluid given"},
     {"intakefluidtype", "Intake"},
@@ -124,6 +128,8 @@ constexpr std::array columns = std::to_array<Words>({
     {"nepa", "NEPA"},
     {"newfileno", "System No"},
     {"newreg", "New Registration"},
+    {"nextapptdate", "Next Appointment"},
+    {"nextappttime", "Appointment at"},
     {"nextofkin", "Next of Kin"},
     {"nhis", "NHIS"},
     {"no of times", "Times"},
@@ -250,9 +256,18 @@ std::string apart(std::string_view name) {
     return words;
 }
 
+/// The dashes around a name give its column its width on paper.
+std::string_view withoutRules(std::string_view name) {
+    const auto first = name.find_first_not_of('-');
+    if (first == std::string_view::npos) return name;
+    return name.substr(first, name.find_last_not_of('-') - first + 1);
+}
+
 }  // namespace
 
 std::optional<std::string> knownCaption(std::string_view column) {
+    const auto bare = withoutRules(column);
+    if (bare != column) return knownCaption(bare).value_or(std::string(bare));
     const std::string wanted = db::lowered(column);
     const auto* const found =
         std::lower_bound(columns.begin(), columns.end(), wanted,

@@ -255,12 +255,27 @@ insert into drugs (drgName, drgCatName, pharmCat, qtyPerUnit, Cost) values
     ('PENTA 1', 'VACCINES', '6 WEEKS', '0.5ML', 2000), ('PENTA 2', 'VACCINES', '10 WEEKS', '0.5ML', 2000),
     ('PENTA 3', 'VACCINES', '14 WEEKS', '0.5ML', 2000), ('PCV 1', 'VACCINES', '6 WEEKS', '0.5ML', 2000),
     ('PCV 2', 'VACCINES', '10 WEEKS', '0.5ML', 2000), ('PCV 3', 'VACCINES', '14 WEEKS', '0.5ML', 2000),
-    ('ROTA 1', 'ORAL', '6 WEEKS', '1.5ML', 2000), ('ROTA 2', 'ORAL', '10 WEEKS', '1.5ML', 2000),
+    ('ROTA 1', 'ORAL', '6 WEEKS', '5 DROPS', 2000), ('ROTA 2', 'ORAL', '10 WEEKS', '5 DROPS', 2000),
+    ('ROTA 3', 'ORAL', '14 WEEKS', '5 DROPS', 2000),
     ('IPV 1', 'VACCINES', '6 WEEKS', '0.5ML', 1500), ('IPV 2', 'VACCINES', '14 WEEKS', '0.5ML', 1500),
     ('VITAMIN A 100000IU', 'ORAL', '6 MONTHS', '1 CAP', 500), ('VITAMIN A 200000IU', 'ORAL', '12 MONTHS', '1 CAP', 500),
-    ('MEASLES 1', 'VACCINES', '9 MONTHS', '0.5ML', 1500), ('MEASLES 2', 'VACCINES', '15 MONTHS', '0.5ML', 1500),
+    ('MEASLES-RUBELLA 1', 'VACCINES', '9 MONTHS', '0.5ML', 1500),
+    ('MEASLES-RUBELLA 2', 'VACCINES', '15 MONTHS', '0.5ML', 1500),
     ('YELLOW FEVER', 'VACCINES', '9 MONTHS', '0.5ML', 2000), ('MEN A', 'VACCINES', '9 MONTHS', '0.5ML', 2000),
     ('HPV', 'VACCINES', '9 YEARS', '0.5ML', 3000), ('TD', 'VACCINES', 'PREGNANCY', '0.5ML', 1500)
+GO
+insert into hImmunizationSchedule (Vaccine, DueAge, DueUnit, Sex) values
+    ('BCG', 0, 'WEEKS', null), ('HEP B 0', 0, 'WEEKS', null), ('OPV 0', 0, 'WEEKS', null),
+    ('OPV 1', 6, 'WEEKS', null), ('PENTA 1', 6, 'WEEKS', null), ('PCV 1', 6, 'WEEKS', null),
+    ('ROTA 1', 6, 'WEEKS', null), ('IPV 1', 6, 'WEEKS', null), ('OPV 2', 10, 'WEEKS', null),
+    ('PENTA 2', 10, 'WEEKS', null), ('PCV 2', 10, 'WEEKS', null), ('ROTA 2', 10, 'WEEKS', null),
+    ('OPV 3', 14, 'WEEKS', null), ('PENTA 3', 14, 'WEEKS', null), ('PCV 3', 14, 'WEEKS', null),
+    ('ROTA 3', 14, 'WEEKS', null), ('IPV 2', 14, 'WEEKS', null), ('VITAMIN A 100000IU', 6, 'MONTHS', null),
+    ('MEASLES-RUBELLA 1', 9, 'MONTHS', null), ('YELLOW FEVER', 9, 'MONTHS', null), ('MEN A', 9, 'MONTHS', null),
+    ('VITAMIN A 200000IU', 12, 'MONTHS', null), ('MEASLES-RUBELLA 2', 15, 'MONTHS', null),
+    ('HPV', 9, 'YEARS', 'FEMALE')
+GO
+update hImmunizationSchedule set Source = 'Routine immunization, National Primary Health Care Development Agency, Nigeria'
 GO
 insert into drugs (drgName, drgCatName, pharmCat, qtyPerUnit, Cost) values
     ('REMOVAL OF STITCHES', 'DRESSING', 'WOUND CARE', '1 SITTING', 3000),

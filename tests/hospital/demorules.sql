@@ -30,3 +30,5 @@ select r.SNo from hAntenatalReg r inner join hPatients p on p.PNo = r.PNo where 
 select empID from hRecords where empID not in (select empID from employees)
 select treatedBy from hConsulting where treatedBy not in (select empID from employees)
 select PNo from hPatients where expired = 1 and expirydate > getdate()
+-- every dose of the national schedule is an item that can be given
+select Vaccine from hImmunizationSchedule where Vaccine not in (select drgName from DrugMaster)

@@ -82,6 +82,19 @@ GO
 -- delete from hImmunization  where consultID = '001000000001'
 create index IX_hImmunization_consultID on hImmunization (consultID)
 GO
+-- The schedule by which children are immunized, in its order: of the demonstration hospital, the routine schedule of
+-- Nigeria's National Primary Health Care Development Agency. Vaccine is an item's name as hImmunization holds it, DueAge
+-- the age at which it is due, counted in DueUnit (WEEKS, MONTHS, YEARS), Sex whom alone it is for, null for all; Source
+-- names the schedule.
+create table hImmunizationSchedule (
+    SNo int identity(1,1) not null primary key,
+    Vaccine varchar(200) not null,
+    DueAge int not null,
+    DueUnit varchar(10) not null,
+    Sex varchar(10) null,
+    Source varchar(200) null
+)
+GO
 -- Dialysis sessions: DialNo is the session's number, ConnectedBy an empID; weights in kg.
 create table hDialysis (
     SNo int identity(1,1) not null primary key,

@@ -1,11 +1,11 @@
 #include "outpatient/screens.h"
 
 #include "outpatient/frmconsultinfo/frmconsultinfo.h"
+#include "outpatient/frmimmune/frmimmune.h"
 #include "outpatient/frminjanddress/frminjanddress.h"
 #include "outpatient/frminjectionentryforadm/frminjectionentryforadm.h"
 #include "outpatient/frmnursedressing/frmnursedressing.h"
 #include "outpatient/frmnurseinjection/frmnurseinjection.h"
-#include "outpatient/frmimmune/frmimmune.h"
 #include "outpatient/frmpatlist/frmpatlist.h"
 #include "outpatient/frmpreconsult/frmpreconsult.h"
 #include "outpatient/frmsuperpicture/frmsuperpicture.h"

@@ -25,6 +25,7 @@ frmImmune::frmImmune(core::Workplace& place) : Form(place, "frmImmune", "Immuniz
     bind(chkAll, Event::click, &frmImmune::fillWaiting);
     bind(cboDrug, Event::click, &frmImmune::cboDrug_Click);
     bind(cmdAddToGrid, Event::click, &frmImmune::cmdAddToGrid_Click);
+    for (auto* last : {&txtPrice, &txtQty}) bind(*last, Event::keyReturn, &frmImmune::cmdAddToGrid_Click);
     bind(OrderGrid, Event::dblClick, &frmImmune::takeLineBack);
     bind(chkRef, Event::click, [this] { fraAppt.setEnabled(chkRef.checked()); });
     bind(cmdDate, Event::click, &frmImmune::cmdDate_Click);
@@ -111,6 +112,7 @@ void frmImmune::cboDrug_Click() {
     lblSource.setCaption(billing::sourceText(found.source));
     txtQty.setText("1");
     itemCategory_ = found.category;
+    desktop().focus(txtQty);
 }
 
 void frmImmune::cmdAddToGrid_Click() {

@@ -25,6 +25,7 @@ frmImmune::frmImmune(core::Workplace& place) : Form(place, "frmImmune", "Immuniz
     bind(chkAll, Event::click, &frmImmune::fillWaiting);
     bind(cboDrug, Event::click, &frmImmune::cboDrug_Click);
     bind(cmdAddToGrid, Event::click, &frmImmune::cmdAddToGrid_Click);
+    bind(txtPrice, Event::change, [this] { lblSource.setCaption("Typed"); });
     for (auto* last : {&txtPrice, &txtQty}) bind(*last, Event::keyReturn, &frmImmune::cmdAddToGrid_Click);
     bind(OrderGrid, Event::dblClick, &frmImmune::takeLineBack);
     bind(chkRef, Event::click, [this] { fraAppt.setEnabled(chkRef.checked()); });

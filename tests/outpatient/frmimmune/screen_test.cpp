@@ -153,6 +153,7 @@ TEST_F(Immune, PricesAndUnitsAreAmountsOrRefused) {
                                      {"99999999999999999999999999", "1", "", large}}) {
         set("cboDrug", "OPV 1");
         fill({{"txtPrice", typed}, {"txtQty", counted}});
+        EXPECT_EQ(shown({"lblSource"}), "Typed");
         fire("cmdAddToGrid", says ? Says{says} : Says{});
         EXPECT_EQ(lines(), *line ? "OPV 1|DROP|" + std::string(line) + "|NO\n" : "") << typed << " x " << counted;
         screen().OrderGrid.clearLines();

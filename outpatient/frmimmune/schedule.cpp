@@ -144,7 +144,7 @@ std::string ageInWords(const db::DateTime& born, const db::DateTime& today) {
 
 ChildSchedule::ChildSchedule(core::Workplace& place, ui::Screen& screen)
     : Part(place, screen),
-      grdSchedule(screen, "grdSchedule", {"Vaccine", "Due at", "Due on", "Given on", "State"}),
+      grdSchedule(screen, "grdSchedule", {"Vaccine", "State", "Due at", "Due on", "Given on"}),
       lblDue(screen, "lblDue"),
       lblSchedule(screen, "lblSchedule") {}
 
@@ -157,7 +157,7 @@ void ChildSchedule::show(const std::string& pno, const ScheduledChild& child) {
         hospital().read("select ImDate, IMMUNIZATION from hImmunization where PNo='"_sql + pno + "' order by ImDate");
     const auto doses = dosesFor(child, schedule, visits);
     for (const auto& dose : doses)
-        grdSchedule.addRow({dose.vaccine, dose.dueAt, dose.dueOn.shortDate(), dose.givenOn, stateText(dose.state)});
+        grdSchedule.addRow({dose.vaccine, stateText(dose.state), dose.dueAt, dose.dueOn.shortDate(), dose.givenOn});
     lblDue.setCaption(dueText(doses));
     schedule.moveFirst();
     if (!doses.empty()) lblSchedule.setCaption(schedule["Source"].textOr());
@@ -169,7 +169,7 @@ void ChildSchedule::clear() {
 }
 
 std::vector<std::string> ChildSchedule::ages() const {
-    constexpr std::size_t dueAtColumn = 1;
+    constexpr std::size_t dueAtColumn = 2;
     std::vector<std::string> ages;
     for (std::size_t row = 0; row < grdSchedule.rowCount(); ++row) {
         const auto& age = grdSchedule.cell(row, dueAtColumn);

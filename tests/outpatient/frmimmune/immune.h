@@ -54,7 +54,7 @@ protected:
         const auto& grid = screen().schedule.grdSchedule;
         for (std::size_t row = 0; row < grid.rowCount(); ++row)
             all +=
-                grid.cell(row, 0) + "|" + grid.cell(row, 2) + "|" + grid.cell(row, 3) + "|" + grid.cell(row, 4) + "\n";
+                grid.cell(row, 0) + "|" + grid.cell(row, 3) + "|" + grid.cell(row, 4) + "|" + grid.cell(row, 1) + "\n";
         return all;
     }
 

@@ -230,7 +230,7 @@ TEST_F(Immune, TheScheduleFollowsBirthSexAndWhatWasGiven) {
         std::string seen;
         const auto& grid = screen().schedule.grdSchedule;
         for (std::size_t row = 0; row < grid.rowCount(); ++row)
-            seen += grid.cell(row, 4) == "Due" ? 'd' : grid.cell(row, 4) == "Overdue" ? 'o' : '.';
+            seen += grid.cell(row, 1) == "Due" ? 'd' : grid.cell(row, 1) == "Overdue" ? 'o' : '.';
         EXPECT_EQ(seen, states) << what;
         EXPECT_EQ(shown({"lblDue"}).empty() && shown({"lblSchedule"}).empty(), seen.empty()) << what;
     }

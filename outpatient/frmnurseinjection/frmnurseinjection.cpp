@@ -8,6 +8,7 @@
 #include "core/session/session.h"
 #include "core/texts/texts.h"
 #include "db/letters.h"
+#include "ui/raised.h"
 
 namespace outpatient {
 
@@ -48,8 +49,9 @@ void frmNurseInjection::showing() {
     if (conID_.empty()) trapped([this] { refreshPatients(); });
 }
 
+/// The patient in work stays, with the doses ticked.
 void frmNurseInjection::refreshPatients() {
-    clearPatient();
+    const ui::Raised refilling(refilling_);
     cboVehNo.clear();
     core::addEntries(cboVehNo,
                      hospital().readShared("SELECT distinct conID,injdate,pSurname,pfirstname,pNo FROM "
@@ -59,15 +61,20 @@ void frmNurseInjection::refreshPatients() {
                          return core::entryText(text("psurname") + " " + text("pfirstName") + " @" + text("injdate"),
                                                 text("conID"));
                      });
+    const int kept = conID_.empty() ? -1 : core::itemWithKey(cboVehNo, conID_);
+    if (kept >= 0) cboVehNo.setIndex(kept);
     waiting.show();
+    if (kept < 0) clearPatient();
 }
 
 void frmNurseInjection::listPatients() {
+    clearPatient();
     refreshPatients();
     desktop().focus(cboVehNo);
 }
 
 void frmNurseInjection::openPatient() {
+    if (refilling_) return;
     waiting.follow();
     clearPatient();
     const auto entry = cboVehNo.text();

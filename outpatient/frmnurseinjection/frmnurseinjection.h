@@ -70,6 +70,7 @@ private:
     void cmdUpd_Click();
     void cmdPresc_Click();
 
+    bool refilling_ = false;
     std::string conID_;  ///< of the patient picked; "" while none is
 };
 

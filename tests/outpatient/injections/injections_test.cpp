@@ -77,6 +77,10 @@ TEST_F(Injection, ThoseWhoWaitAreWorkedOneAfterTheOther) {
     set("lstWaiting", {{"row", 0}});
     EXPECT_EQ(shown({"cboVehNo", "lblPatient"}), std::string(musaWaits) + "|Bello Musa");
     set("LstDate", {{"row", 0}});  // its name has an apostrophe
+    set(box(0), true);
+    dynamic_cast<outpatient::OpenItems&>(*place.desktop.loaded(name)).refreshPatients();
+    EXPECT_EQ(shown({"cboVehNo", "lblPatient", "lblTaken"}) + doses(), std::string(musaWaits) + "|Bello Musa|1n");
+    set(box(0), false);
     EXPECT_EQ(shown({"lblName", "lblUsage", "txtNum", "lblTaken"}), "DOCTOR'S MIX|STAT|1|0");
     EXPECT_TRUE(
         ran("select injname,numOfTimes,numTaken,dosage from qryhConsultingPatientsForInjection where "

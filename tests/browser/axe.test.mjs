@@ -23,7 +23,9 @@ const open = async (page, entry, screen) => {
 const plainScreens = ["frmDischargeListOverdue", "frmRecover", "frmhPreConsultChart", "frmFlash", "frmFlashExpire", "frmComments",
                       "frmCommentsView", "frmReminder", "frmRests", "frmMedChart", "frmMedChartDisc", "frmMedChartComment",
                       "frmMedChartHistory", "frmNursingHist", "frmDocNotes", "frmSurgery", "frmViewLocal", "frmPatList",
-                      "frmConsultInfo", "frmSuperPicture"];
+                      "frmConsultInfo", "frmSuperPicture", "frmBillService", "frmDrugPrice", "frmStockItems", "frmDrugPriceHMO",
+                      "frmLabPriceHMO", "frmServPriceHMO", "frmNurseInjection", "frmInjAndDress", "frmInjectionEntryForAdm",
+                      "frmNurseDressing", "frmImmune"];
 const button = (page, name) => page.locator(`.v-pane.v-active [data-control$=".${name}"] button`);
 
 for (const colorScheme of ["light", "dark"]) {

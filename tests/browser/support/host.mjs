@@ -130,7 +130,7 @@ export async function startHost(environment = {}, options = ["--samples"]) {
         },
         data,
         drive: (...requests) => drive(data, ...requests),
-        query: (query) => drive(data, {query, on: "Hospital"})[0].rows,
+        query: (query, on = "Hospital") => drive(data, {query, on})[0].rows,
         holdWrites: () => holdWrites(data),
         execute: (execute) => drive(data, {execute, on: "Hospital"}),
         async stop() {

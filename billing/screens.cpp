@@ -5,6 +5,7 @@
 #include "billing/frmbillservice/frmbillservice.h"
 #include "billing/frmdrugprice/frmdrugprice.h"
 #include "billing/frmstockitems/frmstockitems.h"
+#include "billing/tariffs/tariffscreen.h"
 
 namespace billing {
 namespace {
@@ -20,6 +21,8 @@ void provideScreens(core::Workplace& place) {
     provide<frmBillService>(place, "frmBillService");
     provide<frmDrugPrice>(place, "frmDrugPrice");
     provide<frmStockItems>(place, "frmStockItems");
+    for (const auto& kind : tariffKinds)
+        place.desktop.provide(kind.screen, [&place, &kind] { return std::make_unique<TariffScreen>(place, kind); });
 }
 
 }  // namespace billing

@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "db/dialect/dialect.h"
 #include "db/engine.h"
@@ -32,14 +34,41 @@ std::set<std::string> presentNames(db::Connection& connection) {
     return names;
 }
 
+std::set<std::string> schemaTables(const std::string& database) {
+    std::set<std::string> tables;
+    for (const auto& statement : schemaStatements(database))
+        if (const auto definition = db::dialect::definition(statement); definition.kind == "table")
+            tables.insert(db::lowered(definition.name));
+    return tables;
+}
+
+/// The words of a statement, in small letters.
+std::set<std::string> wordsOf(const std::string& statement) {
+    std::set<std::string> words;
+    std::string word;
+    for (const char c : db::lowered(statement) + ' ') {
+        if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_') {
+            word += c;
+        } else if (!word.empty()) {
+            words.insert(std::exchange(word, {}));
+        }
+    }
+    return words;
+}
+
 /// The steps of one version change the tables that stand; one that an older version lacks comes whole from the schema.
 void takeSteps(db::Connection& connection, int version) {
     const auto file = "migrations/" + db::lowered(connection.database()) + "-" + std::to_string(version) + ".sql";
-    const auto present = presentNames(connection);
+    const auto tables = schemaTables(connection.database());
     for (const auto& statement : scriptStatements(file)) {
         const auto definition = db::dialect::definition(statement);
-        if (definition.verb == "alter" && !present.contains(db::lowered(definition.name))) continue;
-        connection.execute(scriptSql(statement));
+        const auto made = definition.verb == "create" ? db::lowered(definition.name) : std::string();
+        const auto present = presentNames(connection);
+        const auto words = wordsOf(statement);
+        const bool lacksItsTable = std::any_of(words.begin(), words.end(), [&](const auto& word) {
+            return word != made && tables.contains(word) && !present.contains(word);
+        });
+        if (!lacksItsTable) connection.execute(scriptSql(statement));
     }
 }
 

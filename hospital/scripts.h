@@ -14,7 +14,7 @@ std::vector<std::string> scriptStatements(std::string_view prefix);
 /// then what its engine alone knows.
 std::vector<std::string> schemaStatements(const std::string& database);
 /// The number of the schema that this program makes and works on.
-constexpr int schemaVersion = 6;
+constexpr int schemaVersion = 7;
 
 /// A statement of an embedded file as Sql. It is the program's own text, only not in a C++ literal.
 db::Sql scriptSql(std::string_view statement);

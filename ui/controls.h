@@ -247,9 +247,19 @@ struct GridColumn {
     bool visible = true;
 };
 
-/// A read-only view of a result set. Events: Click and RowChange (a row was picked), DblClick.
+/// A view of a result set. Events: Click and RowChange (a row was picked), DblClick, and CellEdit where the screen lets
+/// a user write into a column: the grid shows what it is bound to, and it is the screen that stores the text and binds
+/// again.
 class DataGrid : public Control, public Rows {
 public:
+    /// What a user wrote into a cell.
+    struct CellEdit {
+        std::string column;  ///< as the result set spells it
+        std::string text;
+    };
+    /// Bytes that a user may write into a cell.
+    static constexpr std::size_t longestCell = 1000;
+
     DataGrid(Screen& screen, std::string name);
     /// Shows the result set, which the grid keeps. The current row is the first, or that one of which `row` says the
     /// place, from 0; a place behind the last row means the last. Raises nothing.
@@ -269,6 +279,10 @@ public:
     void hideColumn(std::string_view name);
     /// Hides these columns and shows all others: for a grid that shows now one list, now another.
     void hideOnly(std::initializer_list<std::string_view> names);
+    /// Lets a user write into the cells of this column; "" for none, as it is at first. A hidden one stays closed.
+    void setEditable(std::string_view column);
+    /// What was written into the current row last: for the operation of CellEdit.
+    [[nodiscard]] const CellEdit& edited() const noexcept { return edited_; }
     [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
     /// A search for other rows is under way: until it has ended, nothing of what still shows can be picked.
@@ -277,13 +291,19 @@ public:
     [[nodiscard]] std::string_view kind() const override { return "dataGrid"; }
     [[nodiscard]] std::vector<std::string_view> properties() const override;
     [[nodiscard]] nlohmann::json property(std::string_view name) const override;
+    /// `{"row":3}` picks, `{"row":3,"column":"Price","text":"150"}` writes into a cell.
     void take(const nlohmann::json& content) override;
     [[nodiscard]] std::string_view takes() const override { return "row"; }
 
 private:
+    [[nodiscard]] bool shows(std::string_view field) const;
+    [[nodiscard]] CellEdit cellIn(const nlohmann::json& content) const;
+
     db::Recordset rows_;
     int row_ = -1;
     std::vector<std::string> hidden_;
+    std::string editable_;
+    CellEdit edited_;
     std::string caption_;
     bool searching_ = false;
 };

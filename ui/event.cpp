@@ -7,9 +7,9 @@
 namespace ui {
 namespace {
 
-constexpr std::array<std::string_view, 11> names = {"Change",    "Click",     "DblClick",  "GotFocus",
-                                                    "ItemCheck", "ItemClick", "KeyReturn", "LostFocus",
-                                                    "NodeClick", "RowChange", "Timer"};
+constexpr std::array<std::string_view, 12> names = {"CellEdit",  "Change",    "Click",     "DblClick",
+                                                    "GotFocus",  "ItemCheck", "ItemClick", "KeyReturn",
+                                                    "LostFocus", "NodeClick", "RowChange", "Timer"};
 
 }  // namespace
 

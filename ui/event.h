@@ -7,6 +7,7 @@ namespace ui {
 
 /// What a control can tell its screen. On the wire an event has its name: "DblClick".
 enum class Event {
+    cellEdit,   ///< a cell of a grid was written in place
     change,     ///< a text or a date became another
     click,      ///< a button was pressed, an entry picked, a tick set
     dblClick,   ///< a row or an entry was opened

@@ -63,6 +63,16 @@ void DataGrid::hideOnly(std::initializer_list<std::string_view> names) {
     touch("columns");
 }
 
+void DataGrid::setEditable(std::string_view column) {
+    if (column == editable_) return;
+    editable_ = column;
+    touch("columns");
+}
+
+bool DataGrid::shows(std::string_view field) const {
+    return std::find(hidden_.begin(), hidden_.end(), db::lowered(field)) == hidden_.end();
+}
+
 void DataGrid::setCaption(std::string caption) {
     if (caption == caption_) return;
     caption_ = std::move(caption);
@@ -83,9 +93,10 @@ nlohmann::json DataGrid::property(std::string_view name) const {
     if (name == "searching") return searching_;
     if (name == "rows") return rowsForm();
     nlohmann::json columns = nlohmann::json::array();
-    for (const std::string& field : rows_.fields())
-        columns.push_back(
-            columnForm(field, std::find(hidden_.begin(), hidden_.end(), db::lowered(field)) == hidden_.end()));
+    for (const std::string& field : rows_.fields()) {
+        columns.push_back(columnForm(field, shows(field)));
+        if (db::sameName(field, editable_)) columns.back()["editable"] = true;
+    }
     return columns;
 }
 
@@ -98,8 +109,29 @@ nlohmann::json DataGrid::rowForm(std::size_t row) const {
 }
 
 void DataGrid::take(const nlohmann::json& content) {
-    setRow(rowIn(*this, content, rows_.rowCount()));
-    raise(Event::click);
+    const int row = rowIn(*this, content, rows_.rowCount());
+    if (content.contains("column")) {
+        edited_ = cellIn(content);
+        setRow(row);
+        raise(Event::cellEdit);
+    } else {
+        setRow(row);
+        raise(Event::click);
+    }
+}
+
+DataGrid::CellEdit DataGrid::cellIn(const nlohmann::json& content) const {
+    const auto text = content.find("text");
+    const bool formed = content.size() == 3 && content["column"].is_string() && text != content.end() &&
+                        text->is_string() && text->get_ref<const std::string&>().size() <= longestCell;
+    if (!formed)
+        throw Refused{path() + R"( takes {"row":N,"column":"NAME","text":"..."} of at most )" +
+                      std::to_string(longestCell) + " bytes"};
+    const auto& column = content["column"].get_ref<const std::string&>();
+    for (const auto& field : rows_.fields())
+        if (db::sameName(field, column) && db::sameName(field, editable_) && shows(field))
+            return {field, text->get<std::string>()};
+    throw Refused{path() + " takes nothing into that column"};
 }
 
 FlexGrid::FlexGrid(Screen& screen, std::string name, std::vector<std::string> columns)

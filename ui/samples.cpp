@@ -54,6 +54,18 @@ db::Recordset patients(int arrivals = 0) {
     return db::Recordset(std::move(rows));
 }
 
+/// A short price list.
+db::Recordset prices(const std::array<std::string, 3>& amounts) {
+    static constexpr std::array<const char*, 3> items = {"Dressing", "Injection", "Ward fee"};
+    db::RowBuffer rows;
+    for (const char* column : {"Item", "Price"}) rows.addColumn(column, db::RowBuffer::Reading::plain);
+    for (std::size_t row = 0; row < items.size(); ++row) {
+        rows.addText(items.at(row));
+        rows.addText(amounts.at(row));
+    }
+    return db::Recordset(std::move(rows));
+}
+
 /// More names than a page is sent at once: "ADEBAYO ADA [0001]" and so on.
 constexpr int namesInAll = 1000;
 std::string longListEntry(int number) {
@@ -95,6 +107,7 @@ private:
     void ask();
     void askText();
     void pickFile();
+    void writePrice();
     void showModal();
     void report();
 
@@ -132,6 +145,7 @@ private:
     Button cmdRemoveLine{*this, "cmdRemoveLine", "Remove the line", [this] {
                              if (OrderGrid.row() >= 0) OrderGrid.removeRow(static_cast<std::size_t>(OrderGrid.row()));
                          }};
+    DataGrid grdPrices{*this, "grdPrices"};
     LineChart chtTrend{*this, "chtTrend"};
     Picture picPhoto{*this, "picPhoto"};
     Picture picHolder{*this, "picHolder"};
@@ -152,6 +166,7 @@ private:
     Button cmdDelete{*this, "cmdDelete", "Fail", [] { throw db::Error(db::Category::other, "Nothing to delete"); }};
     Button cmdClose{*this, "cmdClose", "&Close", [this] { desktop().unload(name()); }};
     int arrivals_ = 0;
+    std::array<std::string, 3> prices_{"1500", "750", "12000"};
 };
 
 frmSamples::frmSamples(Desktop& desktop) : Screen(desktop, "frmSamples", "Samples") {
@@ -164,8 +179,9 @@ frmSamples::frmSamples(Desktop& desktop) : Screen(desktop, "frmSamples", "Sample
         control->onPage(tabPages, 1);
     grdData.onPage(tabPages, 0);
     cmdArrival.onPage(tabPages, 0);
-    for (Control* control : {static_cast<Control*>(&txtPrice), static_cast<Control*>(&OrderGrid),
-                             static_cast<Control*>(&cmdAddLine), static_cast<Control*>(&cmdRemoveLine)})
+    for (Control* control :
+         {static_cast<Control*>(&txtPrice), static_cast<Control*>(&OrderGrid), static_cast<Control*>(&cmdAddLine),
+          static_cast<Control*>(&cmdRemoveLine), static_cast<Control*>(&grdPrices)})
         control->onPage(tabPages, 2);
     chtTrend.onPage(tabPages, 3);
     picPhoto.onPage(tabPages, 3);
@@ -198,6 +214,8 @@ void frmSamples::fillChoices() {
 void frmSamples::fillLists() {
     grdData.bind(patients());
     grdData.hideColumn("consultID");
+    grdPrices.bind(prices(prices_));
+    grdPrices.setEditable("Price");
     for (int bed = 1; bed <= 12; ++bed) lstBeds.add("Bed " + std::to_string(bed));
     for (int number = 0; number < namesInAll; ++number) lstNames.add(longListEntry(number));
     const int wards = treeUnits.add("Wards");
@@ -240,6 +258,7 @@ void frmSamples::bindChoices() {
 }
 
 void frmSamples::bindLists() {
+    grdPrices.on(Event::cellEdit, [this] { writePrice(); });
     grdData.on(Event::rowChange, [this] { says("Patient: " + grdData.text("PNo")); });
     grdData.on(Event::dblClick, [this] { says("Opened: " + grdData.text("PNo") + " " + grdData.text("consultID")); });
     lstBeds.on(Event::click, [this] { says(lstBeds.text()); });
@@ -282,6 +301,16 @@ void frmSamples::pickFile() {
     const auto chosen = desktop().pickFile("Choose a picture");
     const auto file = chosen ? desktop().chosenFile(*chosen) : std::nullopt;
     says(file ? "File: " + file->extension().string() : "No file");
+}
+
+/// A cell's text is the screen's to judge and to keep.
+void frmSamples::writePrice() {
+    const auto price = db::parseNumber(grdPrices.edited().text);
+    if (!price || *price < 0) return desktop().message("A price is a number", Icon::warning);
+    const int row = grdPrices.row();
+    says(grdPrices.text("Item") + " costs " + db::numberText(*price));
+    prices_.at(static_cast<std::size_t>(row)) = db::numberText(*price);
+    grdPrices.bind(prices(prices_), row + 1);
 }
 
 void frmSamples::showModal() {

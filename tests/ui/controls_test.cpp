@@ -95,6 +95,42 @@ TEST_F(Controls, gridsKeepRowAndRecordsetTogether) {
     EXPECT_EQ(grid.row(), -1);
 }
 
+TEST_F(Controls, aCellIsWrittenOnlyWhereTheScreenLetsIt) {
+    ui::DataGrid& grid = ward.grdData;
+    grid.bind(test::sampleRows());
+    std::string raised;
+    grid.on(ui::Event::click, [&] { raised += "click "; });
+    grid.on(ui::Event::cellEdit,
+            [&] { raised += grid.text("name") + "." + grid.edited().column + "=" + grid.edited().text + " "; });
+    const json cell{{"row", 1}, {"column", "NAME"}, {"text", "O'Bi"}};
+    const auto with = [&](const char* key, const json& value) {
+        json other = cell;
+        other[key] = value;
+        return other;
+    };
+    EXPECT_THROW(grid.take(cell), ui::Refused) << "no column is editable";
+    grid.setEditable("name");
+    for (const auto& wrong :
+         {with("row", 3), with("row", -1), with("row", "1"), with("column", "no"), with("column", "age"),
+          with("column", ""), with("column", 1), with("text", 150), with("text", nullptr),
+          with("text", std::string(1 << 20, '9')), with("more", 1), json{{"row", 1}, {"column", "name"}}})
+        EXPECT_THROW(grid.take(wrong), ui::Refused) << wrong.dump().substr(0, 80);
+    EXPECT_EQ(grid.row(), 0);
+    EXPECT_EQ(grid.state()["columns"][0]["editable"], true);
+    EXPECT_FALSE(grid.state()["columns"][1].contains("editable"));
+    grid.take(cell);
+    EXPECT_EQ(raised, "Bola.name=O'Bi ");
+    EXPECT_EQ(grid.text("name"), "Bola") << "the screen stores it and binds again";
+    grid.hideColumn("name");
+    EXPECT_THROW(grid.take(cell), ui::Refused) << "what nobody sees nobody writes";
+    grid.hideOnly({});
+    grid.setSearching(true);
+    EXPECT_FALSE(grid.reachable());
+    grid.setEditable("");
+    EXPECT_THROW(grid.take(cell), ui::Refused);
+    EXPECT_EQ(raised, "Bola.name=O'Bi ");
+}
+
 TEST_F(Controls, flexGridsAndListViewsCheckTheirSubscripts) {
     ui::FlexGrid cells(ward, "cells", {"A", "B"});
     cells.addRow({"1"});

@@ -13,6 +13,7 @@ export const keyHelp = [
     ["Arrow keys, Home, End, letters", "Move in menus, lists and grids"],
     ["Blank, Ctrl + A in a list with ticks", "Ticks the entry, ticks all or none"],
     ["Enter in a grid", "The same as a double click"],
+    ["Enter or F2 in a grid with prices to write", "Opens the price; Enter writes it and goes to the next row, Esc leaves it"],
     ["Alt + Down in a field with a list", "Opens the list"],
     ["F1", "This help"],
 ];

@@ -4,5 +4,5 @@ create table SchemaVersion (
     appliedOn datetime not null default getdate()
 )
 GO
-insert into SchemaVersion (version) values (6)
+insert into SchemaVersion (version) values (7)
 GO

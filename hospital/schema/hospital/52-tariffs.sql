@@ -112,9 +112,12 @@ create table DrugNHISListEntered (
     Type varchar(20) not null,
     remarks varchar(50) null,
     useTariff varchar(20) null,
-    Pcent float null,
-    primary key (CoyID, Type)
+    Pcent float null
 )
+GO
+-- whether a client has one: where CoyID='0001' and type ='DRUG'. A template whose rows are gone can be built anew, so
+-- that a client may stand here more than once.
+create index IX_DrugNHISListEntered_CoyID on DrugNHISListEntered (CoyID, Type)
 GO
 -- the templates that follow one: where type='DRUG' and useTariff='0001'
 create index IX_DrugNHISListEntered_useTariff on DrugNHISListEntered (useTariff, Type)
@@ -200,7 +203,7 @@ GO
 
 -- One row a template.
 create view vwDrugNHISListEntered as
-select isnull(c.retainName, e.CoyID) as coyname, e.CoyID as coyID, e.Type as type
+select distinct isnull(c.retainName, e.CoyID) as coyname, e.CoyID as coyID, e.Type as type
 from DrugNHISListEntered e
 left join hRetainership c on c.retainID = e.CoyID
 GO

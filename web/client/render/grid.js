@@ -1,5 +1,6 @@
 import {shownAmount} from "../amounts.js";
 import {h, newId, setAttribute, showText} from "../dom.js";
+import {CellEditor} from "./celleditor.js";
 import {GridModel} from "./gridmodel.js";
 
 const usualPage = 50;
@@ -15,6 +16,8 @@ export const grid = (link) => new Grid(link);
 class Grid {
     group = true;
     #enabled = true;
+    /** The cell that is being written, or null. */
+    #editor = null;
 
     constructor(link) {
         this.link = link;
@@ -39,7 +42,7 @@ class Grid {
         this.table.addEventListener("focus", () => this.focusTarget()?.focus());  // an access key came here
         this.head.addEventListener("keydown", (event) => this.#headKey(event));
         this.rows.addEventListener("click", (event) => this.#clicked(event));
-        this.rows.addEventListener("dblclick", (event) => this.#pickable && event.target.closest("[data-row]") && link.fire("DblClick"));
+        this.rows.addEventListener("dblclick", (event) => this.#doubleClicked(event));
         this.rows.addEventListener("keydown", (event) => this.#key(event));
     }
 
@@ -71,6 +74,7 @@ class Grid {
             [this.shownRows, this.shownColumns] = [rows, columns];
         }
         this.caption.textContent = caption ?? "";
+        if (this.#editor && !(this.#editable === this.#editor.column && this.#editor.fits(rows[this.#editor.row]))) this.#editor = null;
         if (this.current !== this.shownCurrent) this.model.pageTo(this.current);
         this.shownCurrent = this.current;
         this.#draw();
@@ -84,6 +88,7 @@ class Grid {
     }
 
     focusTarget() {
+        if (this.#editor?.input.isConnected) return this.#editor.input;
         return this.rows.querySelector("[tabindex='0']") ?? (this.filter.hidden ? null : this.filter);
     }
 
@@ -121,13 +126,24 @@ class Grid {
         const chosen = row === this.current;
         const looks = [chosen && "v-current", this.#isMarked(cells) && "v-marked"].filter(Boolean).join(" ");
         return h("tr", {"data-row": row, tabindex: stop && this.#enabled ? "0" : "-1", "aria-selected": String(chosen),
-                        class: looks || null}, ...columns.map((column) => this.#cell(cells[column], this.#isAmount(column))));
+                        class: looks || null},
+                 ...columns.map((column) => this.#editedCell(row, column) ?? this.#cell(cells[column], this.#isAmount(column))));
     }
 
     #isMarked(cells) {
         const {marks} = this.link.item;
         const place = this.link.state.columns.findIndex((column) => column.name === marks?.column);
         return place >= 0 && cells[place] === marks.text;
+    }
+
+    #editedCell(row, column) {
+        const here = this.#editor?.row === row && this.#editor.column === column;
+        return here ? h("td", {class: "v-short"}, this.#editor.element) : null;
+    }
+
+    /** The column whose cells may be written, or -1. */
+    get #editable() {
+        return this.link.state.columns.findIndex(({editable, visible}) => editable && visible);
     }
 
     #isAmount(place) {
@@ -179,6 +195,7 @@ class Grid {
     }
 
     #clicked(event) {
+        if (this.#editor?.element.contains(event.target)) return;
         const row = event.target.closest("[data-row]");
         if (row) this.#choose(Number(row.dataset.row));
     }
@@ -187,6 +204,44 @@ class Grid {
         if (row < 0 || !this.#pickable) return;
         this.link.set({row});
         this.update();
+        this.focusTarget()?.focus();
+    }
+
+    #doubleClicked(event) {
+        const row = event.target.closest("[data-row]");
+        if (!this.#pickable || !row || this.#editor?.element.contains(event.target)) return;
+        const cell = this.#visibleColumns()[[...row.children].indexOf(event.target.closest("td"))];
+        if (cell !== undefined && cell === this.#editable) this.#edit(Number(row.dataset.row));
+        else this.link.fire("DblClick");
+    }
+
+    /** Opens the cell of a row that may be written. */
+    #edit(row) {
+        const column = this.#editable;
+        const {columns, rows} = this.link.state;
+        if (row < 0 || column < 0 || !this.#pickable) return;
+        if (row !== this.current) this.link.set({row});
+        const first = this.#visibleColumns().find((place) => place !== column);
+        this.#editor = new CellEditor({
+            row, column, cells: rows[row], amount: this.#isAmount(column),
+            label: [columns[column].caption, rows[row][first]].filter(Boolean).join(", "),
+            write: (text) => this.#write(text), leave: () => this.#leave(),
+        });
+        this.update();
+        this.#editor.start();
+    }
+
+    /** Stores the cell and goes on to the row below, as the rows stand here. */
+    #write(text) {
+        const {row, column, cells} = this.#editor;
+        const next = this.model.rowAt(this.model.placeOf(row) + 1);
+        if (text !== cells[column]) this.link.set({row, column: this.link.state.columns[column].name, text});
+        return next === row ? this.#leave() : this.#edit(next);
+    }
+
+    #leave() {
+        this.#editor = null;
+        this.#draw();
         this.focusTarget()?.focus();
     }
 
@@ -205,6 +260,7 @@ class Grid {
         const places = {ArrowDown: at + 1, ArrowUp: at - 1, PageDown: at + 10, PageUp: at - 10, Home: 0, End: this.model.count};
         if (event.key in places) this.#choose(this.model.rowAt(places[event.key]));
         else if (event.key === " ") this.#choose(this.model.rowAt(at));
+        else if (this.#editable >= 0 && (event.key === "Enter" || event.key === "F2")) this.#edit(this.model.rowAt(at));
         else if (event.key === "Enter" && this.link.handles("DblClick")) {
             // The row under the keyboard is meant, also where something else than the arrow keys brought it there.
             const row = this.model.rowAt(at);

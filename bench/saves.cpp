@@ -516,6 +516,47 @@ void historyOpened(benchmark::State& state, bool all) {
 BENCHMARK_CAPTURE(historyOpened, latest, false)->Iterations(50)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(historyOpened, all, true)->Iterations(50)->Unit(benchmark::kMillisecond);
 
+/// The tariff of drugs as an officer sees it, with 5,000 items in the private template.
+void atTariff() {
+    static const bool written = [] {
+        hospital().execute("delete from DrugNHIS where Company='0001'"_sql);
+        for (int item = 0; item < 5000; ++item)
+            hospital().execute(
+                "insert into DrugNHIS (drgName, drgCatName, Price, Company, Capitated, tariffStatus) values ('BENCH "_sql +
+                std::to_string(item) + "', 'TABLETS', 1000, '0001', 'NO', 'FIXED')");
+        return true;
+    }();
+    benchmark::DoNotOptimize(written);
+    hospital().session().gModuleRole = "TARIFF";
+    hospital().unload("frmDrugPriceHMO");
+    hospital().show("frmDrugPriceHMO");
+}
+
+void templateOpened(benchmark::State& state) {
+    atTariff();
+    for (auto _ : state) {
+        hospital().set("frmDrugPriceHMO.cboHMO", "(PRIVATE) [0001]");
+        hospital().flushChanges();
+        state.PauseTiming();
+        hospital().fire("frmDrugPriceHMO.cmdRefresh");
+        state.ResumeTiming();
+    }
+    hospital().session().gModuleRole = "NURSING";
+}
+BENCHMARK(templateOpened)->Iterations(30)->Unit(benchmark::kMillisecond);
+
+/// A template of 5,000 items at 90% of the private one, in place of the one before it.
+void templateBuilt(benchmark::State& state) {
+    atTariff();
+    saves(state, "frmDrugPriceHMO", [](std::size_t) {
+        hospital().set("frmDrugPriceHMO.cboHMO", "AXIS CARE HMO [0002]");
+        hospital().set("frmDrugPriceHMO.chkDel", true);
+        fill("frmDrugPriceHMO", {{"cboDrug", "NO"}, {"cboUse", "(PRIVATE) [0001]"}, {"cboPCent", "90"}});
+    });
+    hospital().session().gModuleRole = "NURSING";
+}
+BENCHMARK(templateBuilt)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+
 /// What goes to a page by a save while the list has 2,500 rows.
 void bytesOfASave(benchmark::State& state) {
     constexpr std::size_t rows = 2500;

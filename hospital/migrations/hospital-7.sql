@@ -26,3 +26,8 @@ select CoyID, Type, remarks, useTariff, Pcent from DrugNHISListEnteredKept
 GO
 drop table DrugNHISListEnteredKept
 GO
+-- An item's rows are found in the order in which they were made.
+drop index IX_drugs_drgName on drugs
+GO
+create index IX_drugs_drgName on drugs (drgName)
+GO

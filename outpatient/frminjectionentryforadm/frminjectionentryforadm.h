@@ -54,7 +54,7 @@ public:
     ui::DatePicker dtDate{*this, "dtDate"};
 
     ui::Button OKButton{*this, "OKButton", "&Save"};
-    ui::Button cmdIgnore{*this, "cmdIgnore", "E&xclude from List"};
+    ui::Button cmdIgnore{*this, "cmdIgnore", "Exclude &from List"};
     ui::Button cmdRefresh{*this, "cmdRefresh", "&Refresh"};
     ui::Button CancelButton{*this, "CancelButton", "Close"};
 

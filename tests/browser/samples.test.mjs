@@ -307,6 +307,30 @@ test("boxes stand on the safe answer and give the keyboard back", async () => {
     await page.keyboard.press("Enter");
 });
 
+test("a cell is written in place: Enter stores it and goes on, Esc leaves, what is no amount is told", async () => {
+    await turnTo(page, "Order");
+    const row = (place) => control(page, "grdPrices", "tbody tr[data-row]").nth(place);
+    const cell = control(page, "grdPrices", ".v-cell-edit");
+    await row(0).click();
+    await page.keyboard.press("F2");
+    assert.equal(await cell.getAttribute("aria-label"), "Price, Dressing");
+    await page.keyboard.type("1e9");
+    await page.keyboard.press("Enter");
+    await control(page, "grdPrices", ".v-problem").filter({hasText: "An amount is a number of 0 or more"}).waitFor();
+    await page.keyboard.press("Control+A");
+    await page.keyboard.type("1,750.50");
+    await page.keyboard.press("Enter");
+    await says(page, "Dressing costs 1750.5");
+    await row(0).filter({hasText: "1,750.50"}).waitFor();
+    await page.waitForFunction(() => document.activeElement.getAttribute("aria-label") === "Price, Injection");
+    await picture(page, "samples-cell");
+    await page.keyboard.type("8");
+    await page.keyboard.press("Escape");
+    await cell.waitFor({state: "detached"});
+    await row(1).filter({hasText: "750.00"}).waitFor();
+    await page.waitForFunction(() => document.activeElement.dataset.row === "1");
+});
+
 test("a modal screen holds the keyboard until it is gone", async () => {
     await control(page, "cmdModal", "button").click();
     await page.locator("dialog.v-modal[open]").waitFor();

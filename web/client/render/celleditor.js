@@ -18,7 +18,7 @@ function lacking(amount, text) {
  */
 export class CellEditor {
     /**
-     * @param {{row: number, column: number, cells: string[], label: string, amount: boolean, write: (text: string) => void,
+     * @param {{row: number, column: number, cells: string[], label: string, amount: boolean, store: (text: string) => void,
      *          leave: () => void}} of `row` counts as the session does
      */
     constructor(of) {
@@ -57,7 +57,7 @@ export class CellEditor {
         const text = this.amount ? plainAmount(this.input.value) : this.input.value;
         const problem = lacking(this.amount, text);
         this.#complain(problem);
-        if (!problem) this.write(text);
+        if (!problem) this.store(text);
     }
 
     #complain(problem) {

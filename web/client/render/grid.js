@@ -225,14 +225,14 @@ class Grid {
         this.#editor = new CellEditor({
             row, column, cells: rows[row], amount: this.#isAmount(column),
             label: [columns[column].caption, rows[row][first]].filter(Boolean).join(", "),
-            write: (text) => this.#write(text), leave: () => this.#leave(),
+            store: (text) => this.#store(text), leave: () => this.#leave(),
         });
         this.update();
         this.#editor.start();
     }
 
     /** Stores the cell and goes on to the row below, as the rows stand here. */
-    #write(text) {
+    #store(text) {
         const {row, column, cells} = this.#editor;
         const next = this.model.rowAt(this.model.placeOf(row) + 1);
         if (text !== cells[column]) this.link.set({row, column: this.link.state.columns[column].name, text});

@@ -307,6 +307,14 @@ test("boxes stand on the safe answer and give the keyboard back", async () => {
     await page.keyboard.press("Enter");
 });
 
+test("a double click opens a row, and a cell that may be written", async () => {
+    await control(page, "grdData", "tbody tr[data-row]").nth(2).dblclick();
+    await says(page, "Opened: P003 C3");
+    await turnTo(page, "Order");
+    await control(page, "grdPrices", "tbody tr[data-row] td").nth(1).dblclick();
+    await page.waitForFunction(() => document.activeElement.getAttribute("aria-label") === "Price, Dressing");
+});
+
 test("a cell is written in place: Enter stores it and goes on, Esc leaves, what is no amount is told", async () => {
     await turnTo(page, "Order");
     const row = (place) => control(page, "grdPrices", "tbody tr[data-row]").nth(place);

@@ -81,7 +81,7 @@ protected:
         type(place, line);
         fire("cmdAdd", says);
     }
-    void remove(int row, Says says = {"Item Removed"}) {
+    void takeOut(int row, Says says = {"Item Removed"}) {
         set("OrderGridDrug", {{"row", row}});
         hospital.answer("yes");
         fire("OrderGridDrug.DblClick", says);

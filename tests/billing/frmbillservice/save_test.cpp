@@ -56,7 +56,7 @@ TEST_F(Bill, TheLineAddedLastDecidesTheCapitationOfAll) {
     bill(adaLies);
     add({"C", "1", "1", "NO"});
     add({"D", "2", "1", "YES"});
-    remove(4);
+    takeOut(4);
     saved();
     bill(musaLies, {privateNotice});
     add({"E", "1", "1", "YES"});

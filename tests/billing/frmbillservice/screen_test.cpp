@@ -273,7 +273,7 @@ TEST_F(Bill, TheSubTotalIsOfTheLineThatIsAddedAndTheTallySurvives) {
     add({"BANDAGE", "0.1"}, {duplicate});
     add({"BANDAGE", "0.2"}, {duplicate, duplicate});
     EXPECT_EQ(shown({"lblTotal"}), "300.30");
-    remove(1);
+    takeOut(1);
     EXPECT_EQ(shown({"lblTotal"}), "300.2") << "a plain number";
     fire("cmdCancel");
     EXPECT_EQ(shown({"lblTotal"}) + lines(), "0");
@@ -305,13 +305,13 @@ TEST_F(Bill, LinesAreTakenBackButNotSavedOnes) {
     set("OrderGridDrug", {{"row", 4}});
     fire("OrderGridDrug.DblClick");  // the empty line
     EXPECT_EQ(lines(), all);
-    remove(2);
+    takeOut(2);
     EXPECT_EQ(shown({"lblTotal"}), "20");
     fire("cmdCancel");
     // The first line takes the tally with it, whatever remains.
     bill(musaLies, {privateNotice});
     for (const auto* item : {"A", "B", "C"}) add({item, "10"});
-    remove(0);
+    takeOut(0);
     EXPECT_EQ(shown({"lblTotal"}), "0");
     EXPECT_EQ(lines(), "B|0|10|1|10|***|NO|SERVICE|NEW|PRIVATE|0001\nC|0|10|1|10|***|NO|SERVICE|NEW|PRIVATE|0001\n");
     add({"D", "5"});

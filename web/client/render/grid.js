@@ -42,7 +42,6 @@ class Grid {
         this.table.addEventListener("focus", () => this.focusTarget()?.focus());  // an access key came here
         this.head.addEventListener("keydown", (event) => this.#headKey(event));
         this.rows.addEventListener("click", (event) => this.#clicked(event));
-        this.rows.addEventListener("dblclick", (event) => this.#doubleClicked(event));
         this.rows.addEventListener("keydown", (event) => this.#key(event));
     }
 
@@ -197,7 +196,10 @@ class Grid {
     #clicked(event) {
         if (this.#editor?.element.contains(event.target)) return;
         const row = event.target.closest("[data-row]");
-        if (row) this.#choose(Number(row.dataset.row));
+        if (!row) return;
+        // A pick draws the rows anew, so no double click reaches them: the second click stands for it.
+        if (event.detail === 2 && Number(row.dataset.row) === this.current) this.#doubleClicked(row, event.target.closest("td"));
+        else this.#choose(Number(row.dataset.row));
     }
 
     #choose(row) {
@@ -207,10 +209,9 @@ class Grid {
         this.focusTarget()?.focus();
     }
 
-    #doubleClicked(event) {
-        const row = event.target.closest("[data-row]");
-        if (!this.#pickable || !row || this.#editor?.element.contains(event.target)) return;
-        const cell = this.#visibleColumns()[[...row.children].indexOf(event.target.closest("td"))];
+    #doubleClicked(row, part) {
+        if (!this.#pickable) return;
+        const cell = this.#visibleColumns()[[...row.children].indexOf(part)];
         if (cell !== undefined && cell === this.#editable) this.#edit(Number(row.dataset.row));
         else this.link.fire("DblClick");
     }

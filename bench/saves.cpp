@@ -535,7 +535,7 @@ void atTariff() {
 void templateOpened(benchmark::State& state) {
     atTariff();
     for (auto _ : state) {
-        hospital().set("frmDrugPriceHMO.cboHMO", "(PRIVATE) [0001]");
+        hospital().set("frmDrugPriceHMO.cboHMO", "PRIVATE [0001]");
         hospital().flushChanges();
         state.PauseTiming();
         hospital().fire("frmDrugPriceHMO.cmdRefresh");
@@ -551,7 +551,7 @@ void templateBuilt(benchmark::State& state) {
     saves(state, "frmDrugPriceHMO", [](std::size_t) {
         hospital().set("frmDrugPriceHMO.cboHMO", "AXIS CARE HMO [0002]");
         hospital().set("frmDrugPriceHMO.chkDel", true);
-        fill("frmDrugPriceHMO", {{"cboDrug", "NO"}, {"cboUse", "(PRIVATE) [0001]"}, {"cboPCent", "90"}});
+        fill("frmDrugPriceHMO", {{"cboDrug", "NO"}, {"cboUse", "PRIVATE [0001]"}, {"cboPCent", "90"}});
     });
     hospital().session().gModuleRole = "NURSING";
 }

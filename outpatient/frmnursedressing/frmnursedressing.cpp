@@ -125,6 +125,7 @@ void frmNurseDressing::finish(const std::string& item) {
     db::Recordset row(hospital(), "select * from hInjAndDressing where consultID ='"_sql + consultID_ +
                                       "' and pno = '" + lblNo.caption() + "' and injname='" +
                                       core::quotesDoubled(item) + "'");
+    if (row.empty()) return;  // taken off the chart meanwhile
     row.set("attendedto", 1);
     row.update();
     transaction.commit();

@@ -267,6 +267,10 @@ TEST_F(Dressing, AFailedWriteLeavesTheRowsAndAFailedCloseTheDressing) {
     fire("OKButton", {"Record Succesfully saved", "Injected failure"});
     EXPECT_EQ(open(), all);
     EXPECT_EQ(written(), "24-Nov-2026|P1|WOUND DRESSING|E001|C1|HMO\n/WOUND DRESSING|0|1|0|P1|C1\n");
+    hospital.execute("delete from hInjAndDressing where injname='WOUND DRESSING'"_sql);  // by another nurse
+    hospital.answer("yes");
+    fire("OKButton", {"Record Succesfully saved", "Patient Succesfully Attended to"});
+    EXPECT_EQ(entries("LstDate"), "ARTESUNATE|VITAMIN K|");
 }
 
 TEST(NurseInFiles, ALineThatBreaksAtAnyStatementOfASaveLeavesTheRowsAndTheForm) {

@@ -37,8 +37,8 @@ void arrangePrescriptions(TestHospital& hospital) {
         "('WOUND DRESSING', 'DRESSING', 2500, '0007', 'NO')"_sql);
     hospital.execute("insert into stockItemsRetail (itemID, UnitsInStock) values ('CEFTRIAXONE', 7), ('IRON', 0)"_sql);
 }
-constexpr const char* adaWaits = "Obi Ada @24-Nov-2026 (1) [C1]";
-constexpr const char* musaWaits = "Bello Musa @24-Nov-2026 (2) [C2]";
+constexpr const char* adaPrescribed = "Obi Ada @24-Nov-2026 (1) [C1]";
+constexpr const char* musaPrescribed = "Bello Musa @24-Nov-2026 (2) [C2]";
 
 class Adding : public PlainScreen {
 protected:
@@ -59,13 +59,13 @@ protected:
 };
 
 TEST_F(Adding, ThePrescriptionsOfTodayOrOfAPeriodOutsideTheWards) {
-    EXPECT_EQ(entries("cboVehNo"), std::string(adaWaits) + "|" + musaWaits + "|");
-    set("cboVehNo", musaWaits);
+    EXPECT_EQ(entries("cboVehNo"), std::string(adaPrescribed) + "|" + musaPrescribed + "|");
+    set("cboVehNo", musaPrescribed);
     EXPECT_EQ(shown({"lblPatient", "lblNo", "lblCon", "lblClient", "lblCoy", "lblAge", "lblRem"}),
               "Bello Musa|P2|C2|PRIVATE|Axa Mansard|36|ADMISSION");
     EXPECT_NE(shown({"txtDosage"}).find("CEFTRIAXONE 1G"), std::string::npos);
     fire("cmdList");
-    EXPECT_EQ(entries("lstWaiting") + shown({"lblPatient"}), std::string(adaWaits) + "|");
+    EXPECT_EQ(entries("lstWaiting") + shown({"lblPatient"}), std::string(adaPrescribed) + "|");
     set("DTPicker2", "2026-11-23");
     fire("cmdList");
     EXPECT_EQ(entries("lstWaiting"), "");
@@ -81,7 +81,7 @@ TEST_F(Adding, ALineIsCheckedAndCharted) {
         Entries entries;
     };
     for (const auto& [says, what] : std::initializer_list<Case>{
-             {"Please specify a Patient Name", {{"cboVehNo", adaWaits}}},
+             {"Please specify a Patient Name", {{"cboVehNo", adaPrescribed}}},
              {"Please specify No of Times Item will be taken ", {{"txtNum", "0"}}},
              {"Please specify No of Times Item will be taken ", {{"txtNum", "99999"}}},
              {"Please specify No of Times Item will be taken ", {{"txtNum", "3"}}},
@@ -117,7 +117,7 @@ TEST_F(Adding, ALineIsCheckedAndCharted) {
               "Items Added to Chart by Nurse on duty: DOCTOR'S MIX NumOfTimes: 3 5ML 'STAT'|C1\n"
               "Items Added to Chart by Nurse on duty: WOUND DRESSING NumOfTimes: 2 |C1\n");
     fire("OKButton", {"No Item is Entered!!! "});
-    set("cboVehNo", musaWaits);
+    set("cboVehNo", musaPrescribed);
     add("INJECTIONS", "CEFTRIAXONE", "4", "1G");
     set("OrderGrid", {{"row", 0}});
     hospital.answer("yes");
@@ -127,7 +127,7 @@ TEST_F(Adding, ALineIsCheckedAndCharted) {
 
 TEST_F(Adding, TheWardsHaveAChartOfTheirOwn) {
     fire("OKButton", {"Please specify patient name"});
-    set("cboVehNo", musaWaits);
+    set("cboVehNo", musaPrescribed);
     add("INJECTIONS", "CEFTRIAXONE", "4", "1G");
     set("dtDate", nullptr);
     fire("OKButton", {"Please specify Date"});
@@ -135,13 +135,13 @@ TEST_F(Adding, TheWardsHaveAChartOfTheirOwn) {
     save({"Record Succesfully saved !!! "});
     EXPECT_EQ(charts(), "/2|C2|P2|24-Nov-2026|09:30:00|4|0|CEFTRIAXONE|1G|PRIVATE|INJECTIONS|False\n");
     add("INJECTIONS", "CEFTRIAXONE", "4", "1G");
-    set("cboVehNo", adaWaits);
+    set("cboVehNo", adaPrescribed);
     EXPECT_EQ(place.desktop.get(name + ".OrderGrid")["rows"].size(), 1U) << "the lines were another patient's";
 }
 
 TEST_F(Adding, APrescriptionIsDisposedOfAfterAQuestion) {
     fire("cmdIgnore", {"Select a Patient"});
-    set("cboVehNo", adaWaits);
+    set("cboVehNo", adaPrescribed);
     hospital.answer("no");
     fire("cmdIgnore");
     EXPECT_EQ(hospital.boxes().back().text, "Are you sure to DISPOSE of this prescription?");
@@ -154,7 +154,7 @@ TEST_F(Adding, APrescriptionIsDisposedOfAfterAQuestion) {
     fire("cmdIgnore");
     EXPECT_EQ(dump("select attendedToByPharm from hConsulting order by ID"_sql), "True\nFalse\n");
     EXPECT_EQ(dump("select userAction, TranCode from hAuditTrail"_sql), "Drug Disposed: Obi Ada|C1\n");
-    EXPECT_EQ(entries("lstWaiting"), std::string(musaWaits) + "|");
+    EXPECT_EQ(entries("lstWaiting"), std::string(musaPrescribed) + "|");
     sent();
 }
 
@@ -181,7 +181,7 @@ protected:
                dump("select isinj, isDress from hConsulting order by ID"_sql);
     }
 };
-constexpr const char* noTemplate =
+constexpr const char* noTemplateText =
     "Price Template for this HMO/Company Yet to be Created! Proceed to use Hospital Private tariff";
 constexpr const char* noPrice = "No price for this HMO/Company! Proceed to use Hospital Private tariff";
 constexpr const char* noItem = "No price for this Item Please confirm";
@@ -190,16 +190,16 @@ constexpr const char* noStock = "This Drug is out of Stock !!! Click Stock Entry
 TEST_F(Treatment, APickIsPricedByItsKindAndToldOfItsStock) {
     pick("INJECTIONS", "CEFTRIAXONE", {"Client Category field cannot be empty please select Patient"});
     EXPECT_EQ(shown({"cboDrug"}), "");
-    set("cboVehNo", adaWaits);
+    set("cboVehNo", adaPrescribed);
     pick("INJECTIONS", "CEFTRIAXONE");
     EXPECT_EQ(priced(), "1,400.50|Own template|7|1G|INJECTIONS|0|");
     pick("DRESSING", "WOUND DRESSING");
     EXPECT_EQ(priced(), "2,500.00|Own template|***|1|DRESSING|1|***");
     pick("ORAL", "IRON", {noPrice, noStock});
     EXPECT_EQ(priced(), "12.00|Private tariff|0|1|ORAL|0|");
-    pick("INJECTIONS", "DOCTOR'S MIX", {noTemplate, noItem, noStock});
+    pick("INJECTIONS", "DOCTOR'S MIX", {noTemplateText, noItem, noStock});
     EXPECT_EQ(priced(), "0.00|No tariff|0||INJECTIONS|0|");
-    pick("THEATRE", "SUTURE", {noTemplate, noItem});
+    pick("THEATRE", "SUTURE", {noTemplateText, noItem});
     EXPECT_EQ(priced(), "0.00|No tariff|1|***|THEATRE|1|***");
     sent();
 }
@@ -211,7 +211,7 @@ TEST_F(Treatment, ALineIsChecked) {
     };
     const auto* const plain = "The price is a plain number, such as 1,234.50";
     fire("cmdAdd", {"Please specify a Patient File No "});
-    set("cboVehNo", adaWaits);
+    set("cboVehNo", adaPrescribed);
     for (const auto& [says, what] : std::initializer_list<Case>{
              {"Please specify Quantity prescribed ", {{"txtQty", "0"}}},
              {"Please specify Drug/Service used ", {{"cboCat", "INJECTIONS"}, {"cboDrug", "CEFTRIAXONE"}}},
@@ -236,8 +236,8 @@ TEST_F(Treatment, ALineIsChecked) {
 }
 
 TEST_F(Treatment, ASaveBillsChartsAndChargesTheFeeOnce) {
-    set("cboVehNo", musaWaits);
-    pick("INJECTIONS", "DOCTOR'S MIX", {noTemplate, noItem, noStock});
+    set("cboVehNo", musaPrescribed);
+    pick("INJECTIONS", "DOCTOR'S MIX", {noTemplateText, noItem, noStock});
     fill({{"txtPrice", "900"}, {"txtQty", "3"}, {"txtUsage", "5ML"}});
     fire("cmdAdd");
     pick("ORAL", "IRON", {noPrice, noStock});
@@ -260,7 +260,7 @@ TEST_F(Treatment, ASaveBillsChartsAndChargesTheFeeOnce) {
               "24-Nov-2026|DOCTOR_FEE|null|300|1|300|null|P2|C2|" +
                   session().gBillType +
                   "|null|null\n/DOCTOR'S MIX|3\n/DOCTOR'S MIX|3\nIRON|2\n/False|False\nTrue|True\n");
-    EXPECT_EQ(entries("lstWaiting"), std::string(adaWaits) + "|");
+    EXPECT_EQ(entries("lstWaiting"), std::string(adaPrescribed) + "|");
     sent();
 }
 
@@ -276,7 +276,7 @@ TEST_F(Treatment, ThePlanDecidesWhatIsCapitatedAndAChargedItemIsNotChargedAgain)
         hospital.execute("update hConsulting set isinj=0, clientCat='"_sql + std::string(category) + "' where ID=1");
         hospital.execute("update hPatients set ref='"_sql + std::string(ref) + "' where PNo='P1'");
         fire("cmdRefresh");
-        set("cboVehNo", adaWaits);
+        set("cboVehNo", adaPrescribed);
         pick("INJECTIONS", "CEFTRIAXONE");
         fill({{"txtQty", "2"}, {"txtUsage", "1G"}});
         fire("cmdAdd");
@@ -287,7 +287,7 @@ TEST_F(Treatment, ThePlanDecidesWhatIsCapitatedAndAChargedItemIsNotChargedAgain)
     }
     hospital.execute("update hConsulting set isinj=0 where ID=1"_sql);
     fire("cmdRefresh");
-    set("cboVehNo", adaWaits);
+    set("cboVehNo", adaPrescribed);
     pick("INJECTIONS", "CEFTRIAXONE");
     fill({{"txtQty", "2"}, {"txtUsage", "1G"}});
     fire("cmdAdd");
@@ -298,14 +298,14 @@ TEST_F(Treatment, ThePlanDecidesWhatIsCapitatedAndAChargedItemIsNotChargedAgain)
 
 TEST_F(Treatment, OneIsExcludedFromTheListAfterAQuestion) {
     fire("cmdIgnore", {"Select a Patient"});
-    set("cboVehNo", adaWaits);
+    set("cboVehNo", adaPrescribed);
     hospital.answer("no");
     fire("cmdIgnore");
     EXPECT_EQ(hospital.boxes().back().text, "Are you sure to Excluse this Patient from Injection/Dressing List?");
     hospital.answer("yes");
     fire("cmdIgnore");
     EXPECT_EQ(dump("select isinj, isDress, suppres from hConsulting where ID=1"_sql), "True|True|False\n");
-    EXPECT_EQ(entries("lstWaiting"), std::string(musaWaits) + "|");
+    EXPECT_EQ(entries("lstWaiting"), std::string(musaPrescribed) + "|");
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace test {
 namespace {
 
 /// Ada (HMO) has two injections and a dressing to be given, Musa (private) an injection whose name has an apostrophe.
-void arrangeItems(TestHospital& hospital) {
+void arrangeOpenItems(TestHospital& hospital) {
     hospital.execute("update AppDefaults set idval='FFS' where ID='MADESYSRESULT'"_sql);
     hospital.execute("insert into employees (empID, lastname, firstname) values ('E001', 'Joy', 'Nurse')"_sql);
     addConsulted(hospital, {"P1", "Obi", "Ada", "C1", "HMO"});
@@ -31,12 +31,12 @@ void arrangeItems(TestHospital& hospital) {
     hospital.execute("delete from billingPrice where clientcatID in ('HMO', 'PRIVATE')"_sql);
     hospital.execute("insert into billingPrice (clientcatID, pvalue) values ('HMO', 0.25)"_sql);
 }
-constexpr const char* musaWaits = "Bello Musa @24-Nov-2026 [2]";
-constexpr const char* adaWaits = "Obi Ada @24-Nov-2026 [1]";
+constexpr const char* musaToBeGiven = "Bello Musa @24-Nov-2026 [2]";
+constexpr const char* adaToBeGiven = "Obi Ada @24-Nov-2026 [1]";
 
 class Injection : public PlainScreen {
 protected:
-    Injection() : PlainScreen("frmNurseInjection", &outpatient::provideScreens, &arrangeItems) {}
+    Injection() : PlainScreen("frmNurseInjection", &outpatient::provideScreens, &arrangeOpenItems) {}
     static std::string box(int dose) { return "chk(" + std::to_string(dose) + ")"; }
     std::string doses() {
         std::string all;
@@ -64,7 +64,7 @@ protected:
 };
 
 TEST_F(Injection, ThoseWhoWaitAreWorkedOneAfterTheOther) {
-    EXPECT_EQ(entries("cboVehNo"), std::string(musaWaits) + "|" + adaWaits + "|");
+    EXPECT_EQ(entries("cboVehNo"), std::string(musaToBeGiven) + "|" + adaToBeGiven + "|");
     EXPECT_EQ(entries("lstWaiting"), entries("cboVehNo"));
     fire("cmdNext");
     EXPECT_EQ(shown({"lblPatient", "lblNo", "lblCon", "lblClient", "lblCoy", "txtDosage"}).substr(0, 26),
@@ -75,11 +75,11 @@ TEST_F(Injection, ThoseWhoWaitAreWorkedOneAfterTheOther) {
     EXPECT_EQ(entries("LstDate"), "ARTESUNATE|VITAMIN K|WOUND DRESSING|");
     fire("cmdNext", {"This is the last one who waits"});
     set("lstWaiting", {{"row", 0}});
-    EXPECT_EQ(shown({"cboVehNo", "lblPatient"}), std::string(musaWaits) + "|Bello Musa");
+    EXPECT_EQ(shown({"cboVehNo", "lblPatient"}), std::string(musaToBeGiven) + "|Bello Musa");
     set("LstDate", {{"row", 0}});  // its name has an apostrophe
     set(box(0), true);
     dynamic_cast<outpatient::OpenItems&>(*place.desktop.loaded(name)).refreshPatients();
-    EXPECT_EQ(shown({"cboVehNo", "lblPatient", "lblTaken"}) + doses(), std::string(musaWaits) + "|Bello Musa|1n");
+    EXPECT_EQ(shown({"cboVehNo", "lblPatient", "lblTaken"}) + doses(), std::string(musaToBeGiven) + "|Bello Musa|1n");
     set(box(0), false);
     EXPECT_EQ(shown({"lblName", "lblUsage", "txtNum", "lblTaken"}), "DOCTOR'S MIX|STAT|1|0");
     EXPECT_TRUE(
@@ -93,7 +93,7 @@ TEST_F(Injection, ThoseWhoWaitAreWorkedOneAfterTheOther) {
 }
 
 TEST_F(Injection, ADoseIsCountedStoredChargedAndToldOf) {
-    stopsInOrder({{"Please select a patient no", "cboVehNo", adaWaits},
+    stopsInOrder({{"Please select a patient no", "cboVehNo", adaToBeGiven},
                   {"Please select an Injection in the list provided", "LstDate", {{"row", 1}}},
                   {"Please tick to indicate that Medication has been given",
                    "LstDate",
@@ -119,23 +119,23 @@ TEST_F(Injection, ADoseIsCountedStoredChargedAndToldOf) {
 }
 
 TEST_F(Injection, TheLastDoseTakesTheItemOffAndTheLastItemThePatient) {
-    pick(adaWaits, 0);
+    pick(adaToBeGiven, 0);
     EXPECT_EQ(doses(), "g..");
     for (const int dose : {1, 2}) set(box(dose), true);
     charted();
     EXPECT_EQ(chart(), "ARTESUNATE|3|3|09:30:00|1\nVITAMIN K|2|0|null|0\nWOUND DRESSING|4|0|null|0\n");
     EXPECT_EQ(entries("LstDate") + shown({"lblName"}) + doses(), "VITAMIN K|WOUND DRESSING|");
-    pick(musaWaits, 0);
+    pick(musaToBeGiven, 0);
     set(box(0), true);
     charted();
     EXPECT_EQ(dump("select injname, attendedto from hInjAndDressing where consultID='C2'"_sql), "DOCTOR'S MIX|1\n");
     EXPECT_EQ(hospital.value("select injname from hinjections where PNo='P2'"_sql), db::Value("DOCTOR'S MIX"));
-    EXPECT_EQ(entries("cboVehNo") + shown({"lblPatient"}), std::string(adaWaits) + "|");
+    EXPECT_EQ(entries("cboVehNo") + shown({"lblPatient"}), std::string(adaToBeGiven) + "|");
     // Without a surcharge for the category the fee is its cost; the caller of the consultation charges none.
     EXPECT_EQ(dump("select Price from billAccum order by SNo"_sql), "625\n500\n");
     session().gInjCaller = "CONSULTING";
     hospital.execute("delete from drugs"_sql);
-    pick(adaWaits, 0);
+    pick(adaToBeGiven, 0);
     set(box(0), true);
     charted();
     EXPECT_EQ(hospital.value("select count(*) from billAccum"_sql), db::Value(2));
@@ -145,21 +145,21 @@ TEST_F(Injection, TheLastDoseTakesTheItemOffAndTheLastItemThePatient) {
 }
 
 TEST_F(Injection, TwoNursesAtOneItem) {
-    pick(adaWaits, 0);
+    pick(adaToBeGiven, 0);
     set(box(1), true);
     hospital.execute("update hInjAndDressing set numtaken=3, attendedto=1 where ID=1"_sql);
     const auto* const left = "This item has left the chart meanwhile: it was given in full";
     fire("OKButton", {"Record Succesfully saved", left});  // the later figure stands, the act is kept
     EXPECT_EQ(dump("select numtaken from hInjAndDressing where ID=1"_sql), "2\n");
     hospital.execute("update hInjAndDressing set attendedto=1 where ID=2"_sql);
-    set("cboVehNo", adaWaits);
+    set("cboVehNo", adaToBeGiven);
     hospital.execute("update hInjAndDressing set attendedto=1 where ID=3"_sql);
     set("LstDate", {{"row", 0}}, {left});
 }
 
 TEST_F(Injection, TheTotalIsAFigure) {
     fire("cmdUpd", {"empty Item Name not allowed"});
-    pick(adaWaits, 0);
+    pick(adaToBeGiven, 0);
     for (const auto* wrong : {"", " ", "x", "1;2"}) {
         set("txtNum", wrong);
         fire("cmdUpd", {"Please specify Numeric figure"});
@@ -190,11 +190,11 @@ TEST_F(Injection, TheListIsReadWhenTheScreenComesBackButNotFromUnderAPatient) {
         place.desktop.show(name);
     };
     comesBack("update hInjAndDressing set attendedto=1 where consultID='C2'"_sql);
-    EXPECT_EQ(entries("lstWaiting"), std::string(adaWaits) + "|");
-    pick(adaWaits, 0);
+    EXPECT_EQ(entries("lstWaiting"), std::string(adaToBeGiven) + "|");
+    pick(adaToBeGiven, 0);
     set(box(1), true);
     comesBack("update hInjAndDressing set attendedto=0"_sql);
-    EXPECT_EQ(entries("lstWaiting"), std::string(adaWaits) + "|");
+    EXPECT_EQ(entries("lstWaiting"), std::string(adaToBeGiven) + "|");
     EXPECT_EQ(shown({"lblPatient", "lblTaken"}) + doses(), "Obi Ada|2gn.");
     sent();
 }
@@ -210,7 +210,7 @@ TEST_F(Injection, ANameWithBracketsAndQuotesIsNoStatement) {
 }
 
 TEST_F(Injection, AFailedWriteLeavesRowsAndTicks) {
-    pick(adaWaits, 0);
+    pick(adaToBeGiven, 0);
     for (const int dose : {1, 2}) set(box(dose), true);
     for (int write = 1; write <= 3; ++write) {  // the chart, the dose, the fee
         hospital.failWrite(write);
@@ -223,7 +223,7 @@ TEST_F(Injection, AFailedWriteLeavesRowsAndTicks) {
 
 class Dressing : public PlainScreen {
 protected:
-    Dressing() : PlainScreen("frmNurseDressing", &outpatient::provideScreens, &arrangeItems) {}
+    Dressing() : PlainScreen("frmNurseDressing", &outpatient::provideScreens, &arrangeOpenItems) {}
     std::string written() {
         return dump("select drDate, PNo, drname, dressedBy, consultID, clientCat from hdressings order by SNo"_sql) +
                "/" + dump("select drgName, Price, Qty, SubTotal, PNo, consultID from billAccum order by SNo"_sql);
@@ -280,13 +280,13 @@ TEST(NurseInFiles, ALineThatBreaksAtAnyStatementOfASaveLeavesTheRowsAndTheForm) 
     };
     for (const auto& save :
          {Save{"frmNurseInjection",
-               {{"cboVehNo", adaWaits}, {"LstDate", {{"row", 0}}}, {"chk(1)", true}, {"chk(2)", true}}},
+               {{"cboVehNo", adaToBeGiven}, {"LstDate", {{"row", 0}}}, {"chk(1)", true}, {"chk(2)", true}}},
           Save{"frmNurseDressing", {{"cboVehNo", "Obi Ada [C1]"}, {"LstDate", {{"row", 2}}}}}}) {
         const HospitalFiles files;
         Ward hospital(files);
         hospital.start();
         outpatient::provideScreens(hospital.place);
-        arrangeItems(hospital);
+        arrangeOpenItems(hospital);
         hospital.place.desktop.show(save.screen);
         hospital.setTakesMessages(true);
         const auto rows = [&] {
